@@ -1,0 +1,185 @@
+#include "automation/convert.h"
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+#include "automation/error.h"
+#include "automation/number_text.h"
+
+namespace tallyra::automation {
+namespace {
+
+template <class T>
+constexpr bool is_integer = std::is_integral_v<T> && !std::is_same_v<T, bool>;
+
+Value default_of(const Object& object) {
+  return object.invoke(default_member, Access::read, {});
+}
+
+// An object whose default member is itself an object would lead in circles: one step is all a caller needs.
+Value plain_value(const Object& object) {
+  Value value = default_of(object);
+  if (value.is_object()) throw Error(error_number::no_such_member);
+  return value;
+}
+
+void append_text(std::string& out, const Value& value) {
+  value.visit([&](const auto& content) {
+    using T = std::remove_cvref_t<decltype(content)>;
+    if constexpr (std::is_same_v<T, std::monostate>) {
+    } else if constexpr (std::is_same_v<T, std::string>) {
+      out += content;
+    } else if constexpr (std::is_same_v<T, Null>) {
+      throw Error(error_number::invalid_null);
+    } else if constexpr (std::is_same_v<T, Missing> || std::is_same_v<T, Opaque>) {
+      throw Error(error_number::type_mismatch);
+    } else if constexpr (std::is_same_v<T, bool>) {
+      out += content ? "True" : "False";
+    } else if constexpr (is_integer<T>) {
+      out += std::to_string(content);
+    } else if constexpr (std::is_floating_point_v<T>) {
+      append_number(out, content);
+    } else if constexpr (std::is_same_v<T, Currency> || std::is_same_v<T, Decimal>) {
+      content.append_text(out);
+    } else if constexpr (std::is_same_v<T, Date>) {
+      append_date(out, content);
+    } else {
+      append_text(out, plain_value(content));
+    }
+  });
+}
+
+double round_half_even(double value) {
+  const double floor = std::floor(value);
+  const double rest = value - floor;
+  if (rest < 0.5) return floor;
+  if (rest > 0.5) return floor + 1;
+  return std::fmod(floor, 2) == 0 ? floor : floor + 1;
+}
+
+// "&HFFFF" is -1 as a 16-bit integer: a radix text gives the bits of the target, not a number to be ranged.
+template <class Integer>
+bool radix_bits(const Value& value, Integer& result) {
+  const auto* text = value.get_if<std::string>();
+  if (!text || text->find('&') == std::string::npos) return false;
+  const double number = parse_number(*text);
+  using Bits = std::make_unsigned_t<Integer>;
+  if (number > std::numeric_limits<Bits>::max()) throw Error(error_number::overflow);
+  result = static_cast<Integer>(static_cast<Bits>(number));
+  return true;
+}
+
+template <class Integer>
+Integer to_integer(const Value& value) {
+  if (const auto* same = value.get_if<Integer>()) return *same;
+  Integer bits{};
+  if (radix_bits(value, bits)) return bits;
+  const double rounded = round_half_even(to_double(value));
+  if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
+    throw Error(error_number::overflow);
+  return static_cast<Integer>(rounded);
+}
+
+bool equals_ignoring_case(std::string_view left, std::string_view right) {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i)
+    if ((left[i] | 0x20) != (right[i] | 0x20)) return false;
+  return true;
+}
+
+}  // namespace
+
+std::string to_text(const Value& value) {
+  std::string text;
+  append_text(text, value);
+  return text;
+}
+
+void append_concatenated(std::string& out, const Value& value) {
+  if (!value.is_null()) append_text(out, value);
+}
+
+double to_double(const Value& value) {
+  return value.visit([](const auto& content) -> double {
+    using T = std::remove_cvref_t<decltype(content)>;
+    if constexpr (std::is_same_v<T, std::monostate>) {
+      return 0;
+    } else if constexpr (std::is_same_v<T, Null>) {
+      throw Error(error_number::invalid_null);
+    } else if constexpr (std::is_same_v<T, Missing> || std::is_same_v<T, Opaque>) {
+      throw Error(error_number::type_mismatch);
+    } else if constexpr (std::is_same_v<T, bool>) {
+      return content ? -1 : 0;
+    } else if constexpr (std::is_arithmetic_v<T>) {
+      return static_cast<double>(content);
+    } else if constexpr (std::is_same_v<T, Currency> || std::is_same_v<T, Decimal>) {
+      return content.to_double();
+    } else if constexpr (std::is_same_v<T, Date>) {
+      return content.serial;
+    } else if constexpr (std::is_same_v<T, std::string>) {
+      return parse_number(content);
+    } else {
+      return to_double(plain_value(content));
+    }
+  });
+}
+
+float to_single(const Value& value) {
+  if (const auto* same = value.get_if<float>()) return *same;
+  const double number = to_double(value);
+  if (std::fabs(number) > std::numeric_limits<float>::max() && !std::isinf(number))
+    throw Error(error_number::overflow);
+  return static_cast<float>(number);
+}
+
+std::int16_t to_int16(const Value& value) {
+  return to_integer<std::int16_t>(value);
+}
+
+std::int32_t to_int32(const Value& value) {
+  return to_integer<std::int32_t>(value);
+}
+
+bool to_boolean(const Value& value) {
+  if (const auto* text = value.get_if<std::string>()) {
+    if (equals_ignoring_case(*text, "True") || equals_ignoring_case(*text, "#TRUE#")) return true;
+    if (equals_ignoring_case(*text, "False") || equals_ignoring_case(*text, "#FALSE#")) return false;
+  }
+  return to_double(value) != 0;
+}
+
+Date to_date(const Value& value) {
+  if (const auto* date = value.get_if<Date>()) return *date;
+  if (const auto* object = value.get_if<Object>()) return to_date(plain_value(*object));
+  if (const auto* text = value.get_if<std::string>()) {
+    const auto date = parse_date(*text);
+    if (!date) throw Error(error_number::type_mismatch);
+    return *date;
+  }
+  const Date date{to_double(value)};
+  civil_time(date);
+  return date;
+}
+
+Object to_object(const Value& value) {
+  const auto* object = value.get_if<Object>();
+  if (!object) throw Error(error_number::object_required);
+  return *object;
+}
+
+bool equals_number(const Value& value, double number) {
+  return !value.is_null() && to_double(value) == number;
+}
+
+bool exceeds_number(const Value& value, double number) {
+  return !value.is_null() && to_double(value) > number;
+}
+
+std::string trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+}  // namespace tallyra::automation

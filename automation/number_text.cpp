@@ -1,0 +1,209 @@
+#include "automation/number_text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+#include "automation/error.h"
+
+namespace tallyra::automation {
+namespace {
+
+void append_significant(std::string& out, double value, int precision) {
+  if (std::isnan(value)) {
+    out += "NAN";
+    return;
+  }
+  if (std::isinf(value)) {
+    out += value < 0 ? "-INF" : "INF";
+    return;
+  }
+  if (value == 0) {
+    out += '0';
+    return;
+  }
+  char buffer[40];
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, precision - 1).ptr;
+  // d.ddddde[+-]xx, with a leading minus when negative
+  const char* cursor = buffer;
+  if (*cursor == '-') {
+    out += '-';
+    ++cursor;
+  }
+  char digits[20];
+  int count = 0;
+  for (; *cursor != 'e'; ++cursor)
+    if (*cursor != '.') digits[count++] = *cursor;
+  ++cursor;
+  const bool negative_exponent = *cursor == '-';
+  int exponent = 0;
+  std::from_chars(cursor + 1, end, exponent);
+  if (negative_exponent) exponent = -exponent;
+  while (count > 1 && digits[count - 1] == '0') --count;
+
+  const int decimals = count - 1 - exponent;
+  if (exponent < precision && decimals <= precision) {
+    if (exponent < 0) {
+      out += "0.";
+      out.append(static_cast<std::size_t>(-exponent - 1), '0');
+      out.append(digits, static_cast<std::size_t>(count));
+      return;
+    }
+    const int integers = exponent + 1;
+    if (count <= integers) {
+      out.append(digits, static_cast<std::size_t>(count));
+      out.append(static_cast<std::size_t>(integers - count), '0');
+      return;
+    }
+    out.append(digits, static_cast<std::size_t>(integers));
+    out += '.';
+    out.append(digits + integers, static_cast<std::size_t>(count - integers));
+    return;
+  }
+  out += digits[0];
+  if (count > 1) {
+    out += '.';
+    out.append(digits + 1, static_cast<std::size_t>(count - 1));
+  }
+  out += 'E';
+  out += negative_exponent ? '-' : '+';
+  const int magnitude = negative_exponent ? -exponent : exponent;
+  if (magnitude < 10) out += '0';
+  out += std::to_string(magnitude);
+}
+
+bool is_blank(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+std::string_view trim_blanks(std::string_view text) {
+  constexpr std::string_view no_break_space = "\xC2\xA0";
+  for (;;) {
+    if (!text.empty() && is_blank(text.front()))
+      text.remove_prefix(1);
+    else if (text.starts_with(no_break_space))
+      text.remove_prefix(no_break_space.size());
+    else
+      break;
+  }
+  for (;;) {
+    if (!text.empty() && is_blank(text.back()))
+      text.remove_suffix(1);
+    else if (text.ends_with(no_break_space))
+      text.remove_suffix(no_break_space.size());
+    else
+      break;
+  }
+  return text;
+}
+
+double parse_radix(std::string_view digits, int base) {
+  std::uint32_t value = 0;
+  const auto [end, status] = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
+  if (status == std::errc::result_out_of_range) throw Error(error_number::overflow);
+  if (status != std::errc{} || end != digits.data() + digits.size()) throw Error(error_number::type_mismatch);
+  return static_cast<double>(value);
+}
+
+// Takes the decoration off both ends; each of sign, parentheses and currency sign may stand once.
+struct Decoration {
+  bool negative = false;
+  bool signed_ = false;
+  bool currency = false;
+
+  std::string_view strip(std::string_view text) {
+    text = trim_blanks(text);
+    if (text.size() >= 2 && text.front() == '(' && text.back() == ')') {
+      negative = signed_ = true;
+      text = trim_blanks(text.substr(1, text.size() - 2));
+    }
+    for (bool again = true; again && !text.empty();) {
+      again = false;
+      if (!signed_ && (text.front() == '-' || text.front() == '+')) {
+        signed_ = again = true;
+        negative = text.front() == '-';
+      } else if (!currency && text.front() == '$') {
+        currency = again = true;
+      }
+      if (again) text = trim_blanks(text.substr(1));
+    }
+    if (!signed_ && !text.empty() && (text.back() == '-' || text.back() == '+')) {
+      signed_ = true;
+      negative = text.back() == '-';
+      text = trim_blanks(text.substr(0, text.size() - 1));
+    }
+    return text;
+  }
+};
+
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// digits [, digits] [. digits] [e [sign] digits], with a digit on at least one side of the point
+bool is_decimal_number(std::string_view text) {
+  std::size_t at = 0;
+  std::size_t digits = 0;
+  for (; at < text.size() && (is_digit(text[at]) || (text[at] == ',' && digits > 0)); ++at)
+    if (text[at] != ',') ++digits;
+  if (at < text.size() && text[at] == '.') {
+    for (++at; at < text.size() && is_digit(text[at]); ++at) ++digits;
+  }
+  if (digits == 0) return false;
+  if (at == text.size()) return true;
+  if (text[at] != 'e' && text[at] != 'E') return false;
+  ++at;
+  if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+  const std::size_t exponent_start = at;
+  while (at < text.size() && is_digit(text[at])) ++at;
+  return at == text.size() && at > exponent_start;
+}
+
+}  // namespace
+
+void append_number(std::string& out, double value) {
+  // Whole numbers are the common quantities and have a short way to the same text.
+  if (value > -1e15 && value < 1e15) {
+    const auto whole = static_cast<std::int64_t>(value);
+    if (static_cast<double>(whole) == value) {
+      char buffer[24];
+      const auto end = std::to_chars(buffer, buffer + sizeof buffer, whole).ptr;
+      out.append(buffer, end);
+      return;
+    }
+  }
+  append_significant(out, value, 15);
+}
+
+void append_number(std::string& out, float value) {
+  append_significant(out, value, 7);
+}
+
+double parse_number(std::string_view text) {
+  Decoration decoration;
+  const std::string_view body = decoration.strip(text);
+  if (body.size() > 2 && body.front() == '&') {
+    const char radix = static_cast<char>(body[1] | 0x20);
+    if (decoration.signed_ || (radix != 'h' && radix != 'o')) throw Error(error_number::type_mismatch);
+    return parse_radix(body.substr(2), radix == 'h' ? 16 : 8);
+  }
+  if (!is_decimal_number(body)) throw Error(error_number::type_mismatch);
+  std::string plain;
+  plain.reserve(body.size());
+  for (const char c : body)
+    if (c != ',') plain += c;
+  double value = 0;
+  const auto status = std::from_chars(plain.data(), plain.data() + plain.size(), value).ec;
+  if (status == std::errc::result_out_of_range) {
+    // from_chars reports both ends of the range alike: a negative exponent is too small, which is 0.
+    const auto exponent = plain.find_first_of("eE");
+    const bool tiny = exponent != std::string::npos ? plain[exponent + 1] == '-'
+                                                    : plain.front() == '.' || plain.front() == '0';
+    if (!tiny) throw Error(error_number::overflow);
+    value = 0;
+  }
+  return decoration.negative ? -value : value;
+}
+
+}  // namespace tallyra::automation

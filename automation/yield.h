@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+
+namespace tallyra::automation {
+
+// Gives the caller's message loop a turn during long work. Where there is no message loop it does nothing,
+// unless a handler has been set. A handler must not throw.
+void yield();
+
+// Replaces what yield does on this thread for as long as it lives.
+class ScopedYield {
+ public:
+  explicit ScopedYield(std::function<void()> handler);
+  ~ScopedYield();
+  ScopedYield(const ScopedYield&) = delete;
+  ScopedYield& operator=(const ScopedYield&) = delete;
+
+ private:
+  std::function<void()> previous_;
+};
+
+}  // namespace tallyra::automation
