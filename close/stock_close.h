@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "automation/object.h"
+#include "automation/value.h"
+#include "frame/session.h"
+
+namespace tallyra::close {
+
+// The month-end stock close: its records (STKCLOSEHD, by CLOSEDT), the run over all departments and the
+// company, and the two steps of the run. Every method returns 100 for success and 0 for failure and tells the
+// reason in the error fields.
+class CStockClose : public frame::Session {
+ public:
+  CStockClose();
+
+  // The record of a close date. A missing one is a success with ErrNumber 10000003.
+  float Read(std::string pCloseDT, automation::Object& colFieldName, automation::Object& colFieldValue);
+
+  // Changes the record, approves every earlier one and this close's documents. The tag decides only which
+  // right the user needs.
+  float Update(std::string pCloseDT, automation::Object& colFieldName, automation::Object& colFieldValue,
+               std::string& strOprTag);
+
+  // Takes the record away together with all close documents of that date, approved or not.
+  float Delete(automation::Value pCloseDT);
+
+  // Closes the month that ends with pCloseDT ("YYYY/MM/DD"): a document per department, one for the company,
+  // and last the record made of the collections. Each document is committed by itself; a failed run is
+  // cleaned up by the next one at the latest. Yields to the caller's message loop after every line.
+  float Insert(automation::Value pCloseDT, automation::Object& colFieldName,
+               automation::Object& colFieldValue);
+
+  // Steps of Insert, on the same object: they read the period that it has fixed. cCloseDT is a whole date
+  // literal, quotes included; cCloseID is a document number issued before.
+  float STKMonthCloseDept(std::string& cCloseID, std::string& cCloseDT, std::string& cDeptNo);
+  float STKMonthClose(std::string& cCloseID, std::string& cCloseDT);
+
+ private:
+  // Date literals, quotes included. They stay empty until Insert has fixed the period.
+  std::string PrevCloseDT;
+  std::string TodayDT;
+  std::string NextCloseDT;
+  // The name of the department being closed, for whoever shows progress.
+  std::string CurDeptNm;
+};
+
+}  // namespace tallyra::close

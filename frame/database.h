@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "automation/object.h"
+
+// The ADO objects of a business method, with the constants of ADO that the component uses.
+namespace tallyra::frame {
+
+enum class CursorLocation : std::int32_t { server = 2, client = 3 };
+enum class CursorType : std::int32_t { forward_only = 0, static_copy = 3 };
+enum class LockType : std::int32_t { read_only = 1, batch_optimistic = 4 };
+
+// A member whose name is resolved at its first use and remembered as long as the object is held.
+class LazyMember {
+ public:
+  explicit LazyMember(std::string_view name) : name_(name) {}
+  const automation::BoundMember& of(const automation::Object& object) {
+    if (!bound_) bound_.emplace(object, name_);
+    return *bound_;
+  }
+
+ private:
+  std::string_view name_;
+  std::optional<automation::BoundMember> bound_;
+};
+
+// An ADO connection. Destroying it only lets the object go: closing, committing and rolling back are calls
+// that the database sees, so they stand in the method that means them.
+class Connection {
+ public:
+  Connection();
+
+  void set_command_timeout(std::int32_t seconds);
+  // Credentials come with the connection string.
+  void open(const std::string& connection_string);
+  // What the connection itself says.
+  bool is_open() const;
+  // Whether this method has opened it and not closed it again.
+  bool opened() const { return opened_; }
+  void execute(const automation::Value& statement);
+  void begin();
+  void commit();
+  void roll_back();
+  void close();
+
+  const automation::Object& object() const { return object_; }
+
+ private:
+  automation::Object object_;
+  LazyMember execute_{"Execute"};
+  bool opened_ = false;
+};
+
+// A field of a recordset, which reads the row that the recordset stands on.
+class Field {
+ public:
+  explicit Field(automation::Object field) : object_(field), value_(object_, "Value") {}
+  automation::Value value() const { return value_.get(); }
+  const automation::Object& object() const { return object_; }
+
+ private:
+  automation::Object object_;
+  automation::BoundMember value_;
+};
+
+// An ADO recordset; lets go like a connection.
+class Recordset {
+ public:
+  Recordset();
+
+  void set_cursor_location(CursorLocation location);
+  void open(std::string statement, const Connection& connection, CursorType cursor,
+            LockType lock = LockType::read_only);
+  // Whether this method has opened it and not closed it again.
+  bool opened() const { return opened_; }
+  bool at_end();
+  void move_first();
+  void move_last();
+  void move_next();
+  void close();
+
+  Field field(std::string_view name) const;
+  automation::Value value(std::string_view name) const { return field(name).value(); }
+  automation::Object fields() const;
+
+  const automation::Object& object() const { return object_; }
+  // A collaborator may hand another recordset back.
+  void replace(automation::Object object);
+
+ private:
+  automation::Object object_;
+  LazyMember at_end_{"EOF"};
+  LazyMember move_next_{"MoveNext"};
+  bool opened_ = false;
+};
+
+}  // namespace tallyra::frame

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <array>
+#include <exception>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "automation/error.h"
+#include "automation/object.h"
+#include "frame/collaborators.h"
+#include "frame/database.h"
+#include "frame/message.h"
+#include "frame/session.h"
+
+namespace tallyra::frame {
+
+inline constexpr float success = 100;
+inline constexpr float failure = 0;
+
+// The two collections of a business method that moves whole rows: entry i of the names is a column, entry i
+// of the values its value. A collaborator may put others in their place.
+struct FieldCollections {
+  automation::Object& names;
+  automation::Object& values;
+};
+
+// One run of a business method: its database objects, its checks and its way out. Database objects that are
+// not closed when the call ends are let go unclosed.
+class Call {
+ public:
+  // Creates the connection and the recordsets.
+  Call(Session& session, std::size_t recordsets);
+
+  // Sets the collaborators up at the first business method of the object and clears the error fields.
+  void prepare();
+
+  Connection connection;
+  Recordset& recordset(std::size_t index = 0) { return *recordsets_[index]; }
+
+  // Opens the connection of the method.
+  void open_connection() { connection.open(session_.connection_string_); }
+  const std::string& user_id() const { return session_.user_id_; }
+
+  // From here on an error also rolls the transaction back and closes the connection.
+  void roll_back_on_error() { roll_back_on_error_ = true; }
+
+  // Sets the error fields from a message and goes on.
+  void report(const Message& message);
+  // Sets the error fields from a message, closes what is open, ends the method with failure.
+  [[noreturn]] void refuse(const Message& message);
+  // Sets the error fields, leaves everything as it is.
+  void set_error(float number, std::string description);
+  // Copies the error fields of a collaborator.
+  void copy_error(const automation::Object& collaborator);
+  // Closes the recordset and the connection as far as they are open.
+  void close_all();
+  // Ends the method with failure, without any call to the database.
+  [[noreturn]] void leave();
+
+  // Refuses collections that are empty or of different length.
+  void require_fields(const FieldCollections& fields);
+  // Asks the rights of the user for a function; has_right then reads one of them.
+  void power_check(std::string_view function_code);
+  bool has_right(std::string_view right) const;
+
+  // The statement that the rights object builds from the collections, with the open recordset telling the
+  // column types. A reported error ends the method with that error and everything closed.
+  std::string insert_statement(std::string_view table, const FieldCollections& fields);
+  std::string update_statement(std::string_view table, const FieldCollections& fields);
+  // The same without the way out: nothing when the builder reports an error, which is then still to be
+  // copied.
+  std::optional<std::string> try_build(std::string_view builder, std::string_view table,
+                                       const FieldCollections& fields, Recordset& structure);
+
+  // What the error trap does.
+  void trap(const automation::Error& error) noexcept;
+  static void trap(Session& session, const automation::Error& error) noexcept;
+
+  // Thrown to end a method whose error fields are already set.
+  struct Left {};
+
+ private:
+  Session& session_;
+  std::array<std::optional<Recordset>, 3> recordsets_;
+  bool roll_back_on_error_ = false;
+};
+
+// The error that an exception stands for, as a classic client would see it. Call it from a handler.
+automation::Error current_error();
+
+// Runs a business method: error trap, database objects, collaborators, cleared error fields, then the body.
+// The body takes the Call and returns when the method has succeeded. No exception leaves.
+template <class Body>
+float run_method(Session& session, std::size_t recordsets, Body&& body) noexcept {
+  // Outlives the try block: the trap still needs the connection to roll back.
+  std::optional<Call> call;
+  try {
+    call.emplace(session, recordsets);
+    call->prepare();
+    std::forward<Body>(body)(*call);
+    return success;
+  } catch (const Call::Left&) {
+    return failure;
+  } catch (...) {
+    if (call)
+      call->trap(current_error());
+    else
+      Call::trap(session, current_error());
+    return failure;
+  }
+}
+
+template <class Body>
+float run_method(Session& session, Body&& body) noexcept {
+  return run_method(session, 1, std::forward<Body>(body));
+}
+
+}  // namespace tallyra::frame

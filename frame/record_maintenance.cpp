@@ -1,0 +1,181 @@
+#include "frame/record_maintenance.h"
+
+#include <vector>
+
+#include "automation/collection.h"
+#include "automation/convert.h"
+#include "frame/schema/codes.h"
+#include "frame/schema/names.h"
+
+namespace tallyra::frame {
+namespace {
+
+using automation::BoundMember;
+using automation::Object;
+using automation::Value;
+
+struct FieldContent {
+  Value name;
+  Value value;
+};
+
+std::vector<FieldContent> current_row(const Recordset& recordset) {
+  const Object fields = recordset.fields();
+  const std::int32_t count = automation::to_int32(fields.get("Count"));
+  const BoundMember item(fields, "Item");
+  std::vector<FieldContent> row;
+  row.reserve(static_cast<std::size_t>(count));
+  for (std::int32_t i = 0; i < count; ++i) {
+    const Object field = automation::to_object(item.call(i));
+    Value name = field.get("Name");
+    row.push_back({std::move(name), field.get("Value")});
+  }
+  return row;
+}
+
+// Takes the last `added` items off again. The collection is the client's; if it cannot, there is nothing left
+// to do.
+void take_off(const Object& collection, std::size_t added) noexcept {
+  try {
+    for (; added > 0; --added) collection.call("Remove", collection.get("Count"));
+  } catch (...) {
+  }
+}
+
+void append_row(const FieldCollections& fields, const std::vector<FieldContent>& row) {
+  const BoundMember add_name(fields.names, "Add");
+  const BoundMember add_value(fields.values, "Add");
+  std::size_t names = 0;
+  std::size_t values = 0;
+  try {
+    for (const auto& [name, value] : row) {
+      add_name.call(name);
+      ++names;
+      add_value.call(value);
+      ++values;
+    }
+  } catch (...) {
+    take_off(fields.names, names);
+    take_off(fields.values, values);
+    throw;
+  }
+}
+
+bool passes_owner_test(Call& call, const OwnerTest& test) {
+  if (test.statement.empty() || !call.has_right("Owner")) return false;
+  call.open_connection();
+  Recordset& recordset = call.recordset();
+  if (test.location) recordset.set_cursor_location(*test.location);
+  recordset.open(std::string(test.statement), call.connection, test.cursor);
+  if (!recordset.at_end()) {
+    recordset.move_last();
+    std::string owner;
+    automation::append_concatenated(owner, recordset.value(schema::column::created_by));
+    if (automation::trimmed(call.user_id()) != automation::trimmed(owner)) return false;
+    recordset.close();
+  } else if (test.then == OwnerTest::Then::open_if_closed) {
+    recordset.close();
+  }
+  return true;
+}
+
+void require_right_or_owner(Call& call, std::string_view right, const OwnerTest& test) {
+  if (call.has_right(right)) return;
+  if (!passes_owner_test(call, test)) call.refuse(message::no_right);
+}
+
+void open_for_writing(Call& call, const OwnerTest& test) {
+  if (test.then == OwnerTest::Then::open_again || !call.connection.is_open()) call.open_connection();
+}
+
+}  // namespace
+
+std::string_view right_for(std::string_view operation_tag) {
+  if (operation_tag == schema::operation_tag::approved) return "CanApproved";
+  if (operation_tag == schema::operation_tag::unapproved) return "CanUnapproved";
+  if (operation_tag == schema::operation_tag::cancel) return "CanCancel";
+  if (operation_tag == schema::operation_tag::finished) return "CanFinished";
+  return "CanUpdate";
+}
+
+void read_row(Call& call, const FieldCollections& fields, const ReadMove& move) {
+  call.open_connection();
+  Recordset& recordset = call.recordset();
+  recordset.set_cursor_location(CursorLocation::server);
+  recordset.open(std::string(move.statement), call.connection, CursorType::static_copy);
+  std::vector<FieldContent> row;
+  if (recordset.at_end()) {
+    call.report(message::not_found);
+  } else {
+    if (move.count_rows) recordset.move_last();
+    recordset.move_first();
+    row = current_row(recordset);
+  }
+  recordset.close();
+  call.connection.close();
+
+  if (move.fill == ReadMove::Fill::append) {
+    if (!row.empty()) append_row(fields, row);
+    return;
+  }
+  Object names = automation::make_object<automation::Collection>();
+  Object values = automation::make_object<automation::Collection>();
+  append_row({names, values}, row);
+  fields.names = std::move(names);
+  fields.values = std::move(values);
+}
+
+void insert_row(Call& call, const FieldCollections& fields, const InsertMove& move) {
+  call.require_fields(fields);
+  call.power_check(move.function_code);
+  const bool granted = move.grant == InsertMove::Grant::equal_to_one
+                           ? call.has_right("CanInsert")
+                           : automation::exceeds_number(collaborators().rights.get("CanInsert"), 0);
+  if (!granted) call.refuse(message::no_right);
+
+  call.open_connection();
+  if (move.before_existing) move.before_existing(call);
+  Recordset& recordset = call.recordset();
+  recordset.set_cursor_location(CursorLocation::server);
+  recordset.open(std::string(move.existing), call.connection, CursorType::static_copy);
+  if (!recordset.at_end()) call.refuse(message::already_exists);
+
+  const Value statement = call.insert_statement(move.table, fields);
+  recordset.close();
+  if (move.in_transaction) call.connection.begin();
+  call.connection.execute(statement);
+  if (move.in_transaction) call.connection.commit();
+  call.connection.close();
+}
+
+void update_rows(Call& call, const FieldCollections& fields, const UpdateMove& move) {
+  call.require_fields(fields);
+  call.power_check(move.function_code);
+  require_right_or_owner(call, move.right, move.owner);
+
+  open_for_writing(call, move.owner);
+  Recordset& recordset = call.recordset();
+  if (move.structure_location) recordset.set_cursor_location(*move.structure_location);
+  recordset.open(std::string(move.structure), call.connection, move.structure_cursor);
+  const Value statement = call.update_statement(move.table, fields).append(move.condition);
+  recordset.close();
+  if (move.in_transaction) call.connection.begin();
+  call.connection.execute(statement);
+  if (move.also) move.also(call);
+  if (move.in_transaction) call.connection.commit();
+  call.connection.close();
+}
+
+void delete_rows(Call& call, const DeleteMove& move) {
+  call.power_check(move.function_code);
+  require_right_or_owner(call, "CanDelete", move.owner);
+
+  open_for_writing(call, move.owner);
+  if (move.roll_back_on_error) call.roll_back_on_error();
+  call.connection.begin();
+  for (const auto statement : move.statements) call.connection.execute(statement);
+  call.connection.commit();
+  call.connection.close();
+}
+
+}  // namespace tallyra::frame

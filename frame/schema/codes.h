@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string_view>
+
+// Codes that are stored in the database or shared with the rights tables of the suite.
+namespace tallyra::frame::schema {
+
+// Function codes that rights are asked for. Some are transaction type codes as well.
+namespace function_code {
+inline constexpr std::string_view purchase_return = "STK011PORTN";
+inline constexpr std::string_view stock_check = "STK026CHECK";
+inline constexpr std::string_view month_close = "STK027CLOSE";
+inline constexpr std::string_view receiving_address = "STK028ADDR";
+inline constexpr std::string_view shipping_note = "STK030SHIPN";
+inline constexpr std::string_view stock_controller = "STK032USER";
+inline constexpr std::string_view part_cost = "STK050PCOST";
+}  // namespace function_code
+
+// Series that document numbers are issued from.
+namespace number_series {
+inline constexpr std::string_view month_close = "STK027CLOSE";
+inline constexpr std::string_view stock_check_posting = "STKCHECKISS";
+}  // namespace number_series
+
+// What a header's update is for; decides which right it needs. Compared exactly.
+namespace operation_tag {
+inline constexpr std::string_view approved = "APPROVED";
+inline constexpr std::string_view unapproved = "UNAPPROVED";
+inline constexpr std::string_view cancel = "CANCEL";
+inline constexpr std::string_view finished = "FINISHED";
+}  // namespace operation_tag
+
+// The kind of database that wants the Access form of date literals. Any other kind gets the other form.
+inline constexpr std::string_view access_kind = "MSACCESS";
+
+}  // namespace tallyra::frame::schema

@@ -1,0 +1,39 @@
+#include "server/register.h"
+
+#include <string>
+
+#include "automation/error.h"
+#include "automation/local/registry.h"
+#include "server/class_table.h"
+
+namespace tallyra::server {
+namespace {
+
+// A business object as a late-bound client sees it.
+class BusinessObject : public automation::Dispatch {
+ public:
+  explicit BusinessObject(const ClassTable& table) : table_(table), session_(table.make()) {}
+
+  automation::MemberId resolve(std::string_view name) override { return table_.resolve(name); }
+
+  automation::Value invoke(automation::MemberId id, automation::Access access,
+                           automation::Arguments arguments) override {
+    const ClassMember* member = table_.find(id, access);
+    if (!member) throw automation::Error(automation::error_number::no_such_member);
+    return member->invoke(*session_, *member, arguments);
+  }
+
+ private:
+  const ClassTable& table_;
+  std::unique_ptr<frame::Session> session_;
+};
+
+}  // namespace
+
+void register_classes() {
+  for (const auto& table : classes())
+    automation::local::register_class("Tallyra." + std::string(table.name),
+                                      [&table] { return automation::make_object<BusinessObject>(table); });
+}
+
+}  // namespace tallyra::server

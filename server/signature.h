@@ -1,0 +1,199 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "server/class_table.h"
+
+// Makes the entries of a class table from the C++ methods themselves, so that the type and direction of a
+// parameter stand in one place only. A parameter that is a non-const reference is passed by reference.
+namespace tallyra::server {
+namespace detail {
+
+template <class T>
+struct TypeOf;
+template <>
+struct TypeOf<std::string> {
+  static constexpr auto parameter = ParameterType::text;
+  static constexpr auto result = ResultType::text;
+  static std::string from(const automation::Value& value) { return automation::to_text(value); }
+};
+template <>
+struct TypeOf<automation::Object> {
+  static constexpr auto parameter = ParameterType::collection;
+  static constexpr auto result = ResultType::object;
+  // A variable that was never set to an object stands for none.
+  static automation::Object from(const automation::Value& value) {
+    if (value.is_empty()) return {};
+    if (!value.is_object()) throw automation::Error(automation::error_number::type_mismatch);
+    return automation::to_object(value);
+  }
+};
+template <>
+struct TypeOf<automation::Value> {
+  static constexpr auto parameter = ParameterType::variant;
+  static constexpr auto result = ResultType::variant;
+  static automation::Value from(const automation::Value& value) { return value; }
+};
+template <>
+struct TypeOf<std::int16_t> {
+  static constexpr auto parameter = ParameterType::int16;
+  static constexpr auto result = ResultType::int16;
+  static std::int16_t from(const automation::Value& value) { return automation::to_int16(value); }
+};
+template <>
+struct TypeOf<std::int32_t> {
+  static constexpr auto parameter = ParameterType::int32;
+  static std::int32_t from(const automation::Value& value) { return automation::to_int32(value); }
+};
+template <>
+struct TypeOf<double> {
+  static constexpr auto parameter = ParameterType::float64;
+  static constexpr auto result = ResultType::float64;
+  static double from(const automation::Value& value) { return automation::to_double(value); }
+};
+template <>
+struct TypeOf<float> {
+  static constexpr auto result = ResultType::single;
+};
+template <>
+struct TypeOf<void> {
+  static constexpr auto result = ResultType::none;
+};
+
+// One parameter during a call: holds the converted value, and hands it back if it has changed.
+template <class P>
+class Passed {
+ public:
+  using Plain = std::remove_cvref_t<P>;
+  static constexpr bool by_reference =
+      std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
+
+  Passed(const Parameter& parameter, automation::Arguments arguments, std::size_t index)
+      : argument_(index < arguments.size() && !arguments[index].get().is_missing() ? &arguments[index]
+                                                                                   : nullptr),
+        value_(convert(parameter, index)) {
+    if constexpr (by_reference) before_ = value_;
+  }
+
+  P get() {
+    if constexpr (by_reference)
+      return value_;
+    else
+      return std::move(value_);
+  }
+
+  void hand_back() {
+    if constexpr (by_reference)
+      if (argument_ && !(value_ == before_)) argument_->set(automation::Value(std::move(value_)));
+  }
+
+ private:
+  Plain convert(const Parameter& parameter, std::size_t index) {
+    if (!argument_ && !parameter.optional()) {
+      automation::Error error(automation::error_number::argument_not_optional);
+      error.blame_argument(static_cast<int>(index) + 1);
+      throw error;
+    }
+    try {
+      return TypeOf<Plain>::from(argument_ ? argument_->get() : parameter.when_omitted);
+    } catch (const automation::Error& failed) {
+      // Null fits no typed parameter; that is a mismatch here, not a use of Null.
+      automation::Error error(failed.number() == automation::error_number::invalid_null
+                                  ? automation::Error(automation::error_number::type_mismatch)
+                                  : failed);
+      error.blame_argument(static_cast<int>(index) + 1);
+      throw error;
+    }
+  }
+
+  const automation::Argument* argument_;
+  Plain value_;
+  [[no_unique_address]] std::conditional_t<by_reference, Plain, std::tuple<>> before_{};
+};
+
+template <class F>
+struct Signature;
+template <class C, class R, class... P>
+struct Signature<R (C::*)(P...)> {
+  using Class = C;
+  using Result = R;
+  static constexpr std::size_t arity = sizeof...(P);
+
+  static std::vector<Parameter> parameters(
+      const std::array<std::pair<std::string_view, automation::Value>, arity>& named) {
+    std::vector<Parameter> list;
+    std::size_t index = 0;
+    ((list.push_back({named[index].first, TypeOf<std::remove_cvref_t<P>>::parameter, Passed<P>::by_reference,
+                      named[index].second}),
+      ++index),
+     ...);
+    return list;
+  }
+
+  template <auto F>
+  static automation::Value invoke(frame::Session& session, const ClassMember& member,
+                                  automation::Arguments arguments) {
+    if (arguments.size() > arity) throw automation::Error(automation::error_number::wrong_argument_count);
+    return invoke_with<F>(static_cast<C&>(session), member, arguments, std::index_sequence_for<P...>{});
+  }
+
+ private:
+  template <auto F, std::size_t... I>
+  static automation::Value invoke_with(C& object, [[maybe_unused]] const ClassMember& member,
+                                       [[maybe_unused]] automation::Arguments arguments,
+                                       std::index_sequence<I...>) {
+    // Braces: the parameters are converted from the first to the last.
+    std::tuple<Passed<P>...> passed{Passed<P>(member.parameters[I], arguments, I)...};
+    if constexpr (std::is_void_v<R>) {
+      (object.*F)(std::get<I>(passed).get()...);
+      (std::get<I>(passed).hand_back(), ...);
+      return {};
+    } else {
+      automation::Value result((object.*F)(std::get<I>(passed).get()...));
+      (std::get<I>(passed).hand_back(), ...);
+      return result;
+    }
+  }
+};
+template <class C, class R, class... P>
+struct Signature<R (C::*)(P...) const> : Signature<R (C::*)(P...)> {};
+
+}  // namespace detail
+
+// The name of a parameter, with the value of an optional one that is left out.
+struct ParameterName {
+  ParameterName(const char* parameter) : name(parameter), when_omitted(automation::Missing{}) {}
+  ParameterName(const char* parameter, automation::Value value)
+      : name(parameter), when_omitted(std::move(value)) {}
+
+  std::string_view name;
+  automation::Value when_omitted;
+};
+
+template <auto F, class... Names>
+ClassMember class_member(MemberKind kind, automation::MemberId id, std::string_view name, Names&&... names) {
+  using S = detail::Signature<decltype(F)>;
+  static_assert(sizeof...(Names) == S::arity, "every parameter has a name");
+  const std::array<ParameterName, S::arity> given{ParameterName(std::forward<Names>(names))...};
+  std::array<std::pair<std::string_view, automation::Value>, S::arity> named;
+  for (std::size_t i = 0; i < S::arity; ++i) named[i] = {given[i].name, given[i].when_omitted};
+  return {id,
+          name,
+          kind,
+          S::parameters(named),
+          detail::TypeOf<typename S::Result>::result,
+          &S::template invoke<F>};
+}
+
+template <auto F, class... Names>
+ClassMember method(automation::MemberId id, std::string_view name, Names&&... names) {
+  return class_member<F>(MemberKind::method, id, name, std::forward<Names>(names)...);
+}
+
+}  // namespace tallyra::server
