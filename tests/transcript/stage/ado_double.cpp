@@ -22,28 +22,32 @@ const Error no_transaction{-2147168242, "No transaction is active."};
 const Error no_current_record{3021, "Either BOF or EOF is True."};
 const Error no_such_item{3265, "Item cannot be found in the collection."};
 
-class FieldDouble : public automation::Implements<FieldDouble> {
+class FieldDouble : public automation::Implements<FieldDouble>, public Named {
  public:
   FieldDouble(RecordsetDouble& recordset, std::string name, std::size_t column)
-      : keep_(&recordset), recordset_(recordset), name_(std::move(name)), column_(column) {}
+      : Named(recordset.name() + "(" + name + ")"),
+        keep_(&recordset),
+        recordset_(recordset),
+        column_name_(std::move(name)),
+        column_(column) {}
   static const MemberTable<FieldDouble>& members() {
     static const MemberTable<FieldDouble> table{{0, "Value", property<&FieldDouble::value>},
-                                                {1, "Name", property<&FieldDouble::name>}};
+                                                {1, "Name", property<&FieldDouble::column_name>}};
     return table;
   }
   Value value() {
-    recordset_.stage().step(recordset_.name() + ".Fields(" + name_ + ").Value", Stage::Line::hidden);
+    recordset_.stage().step(name() + ".Value", Stage::Line::hidden);
     return recordset_.value_of(column_);
   }
-  Value name() {
-    recordset_.stage().step(recordset_.name() + ".Fields(" + name_ + ").Name", Stage::Line::hidden);
-    return name_;
+  Value column_name() {
+    recordset_.stage().step(name() + ".Name", Stage::Line::hidden);
+    return column_name_;
   }
 
  private:
   Object keep_;
   RecordsetDouble& recordset_;
-  std::string name_;
+  std::string column_name_;
   std::size_t column_;
 };
 

@@ -38,8 +38,10 @@ Value CollaboratorDouble::invoke(automation::MemberId id, automation::Access acc
 Value CollaboratorDouble::answer(const std::string& member, Arguments arguments) {
   const std::string full = name() + "." + member;
   if (member == "GetInsertSQL" || member == "GetUpdateSQL") return built(member, arguments);
-  if (member == "GetTableKeyID" && !stage_.has_member(full)) {
-    arguments[2].set(stage_.issue_key());
+  if (member == "GetTableKeyID") {
+    const std::string number = stage_.issue_document_number();
+    if (number.empty()) return 0;
+    arguments[2].set(number);
     return 1;
   }
   if (stage_.has_member(full)) return stage_.member(full);

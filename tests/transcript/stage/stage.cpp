@@ -120,8 +120,9 @@ Value Stage::member(const std::string& name) const {
   return found == members_.end() ? Value() : found->second;
 }
 
-std::string Stage::issue_key() {
-  std::string number = std::to_string(++issued_keys_);
+std::string Stage::issue_document_number() {
+  if (issued_numbers_ == document_numbers) return {};
+  std::string number = std::to_string(++issued_numbers_);
   return "K" + std::string(number.size() < 3 ? 3 - number.size() : 0, '0') + number;
 }
 

@@ -47,6 +47,8 @@ class Stage {
   // Another user, or other session values, than the stage begins with.
   std::string user = "TESTER";
   std::string connection_string = "DSN=x";
+  // How many document numbers can be issued: K001, K002, ...
+  int document_numbers = 1000;
 
   // Everything that was asked, a line each; reading of rows is left out.
   const std::string& transcript() const { return transcript_; }
@@ -71,7 +73,8 @@ class Stage {
   int next_number(const std::string& kind) { return ++numbers_[kind]; }
   void born() { ++alive_; }
   void gone() { --alive_; }
-  std::string issue_key();
+  // The next document number, empty when there is none left.
+  std::string issue_document_number();
 
  private:
   struct Failure {
@@ -85,7 +88,7 @@ class Stage {
   int steps_ = 0;
   int yields_ = 0;
   int alive_ = 0;
-  int issued_keys_ = 0;
+  int issued_numbers_ = 0;
   bool failed_ = false;
   int failing_step_ = -1;
   automation::Error step_error_{0};

@@ -1,0 +1,90 @@
+#include "tests/faults/scene.h"
+
+namespace tallyra::faults {
+namespace {
+
+using automation::Date;
+using automation::Object;
+using automation::ref;
+using automation::Value;
+using stage::Fields;
+using stage::Stage;
+
+const std::vector<std::string> quantities{"PARTNO", "QTY"};
+
+std::string movements(const char* direction, const std::string& period, const char* tail) {
+  return std::string(
+             "Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
+             "STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.") +
+         direction + period + tail + " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO";
+}
+
+// Parts before, between, equal and behind, so that every way through the merge is taken.
+void department_moves(Stage& stage, const std::string& after) {
+  const std::string period = " And STKTRANHD.TRANDT>" + after + " AND STKTRANHD.TRANDT<=#2024/03/31#";
+  stage.finds(movements("DEPTNOFR='10'", period, " AND  STKTRANHD.TRANTYPE<>'STKCLOSEALL'"),
+              {quantities, {{"B", 1.0}, {"D", 2.0}}});
+  stage.finds(movements("DEPTNOTO='10' And STKTRANHD.TRANTYPE='STK024MRPL'", period, ""),
+              {quantities, {{"A", 1.0}, {"B", 1.0}, {"C", 1.0}, {"E", 1.0}}});
+}
+
+void company_documents(Stage& stage, const std::string& date) {
+  stage.finds(
+      "Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY From "
+      "(STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO) Inner Join PARTS On "
+      "STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT=" +
+          date +
+          " AND STKTRANHD.TRANTYPE='STK027CLOSE'  GROUP BY PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,"
+          "PARTS.EDITDT Order by PARTS.MTYPESN,STKTRANDT.PARTNO ASC",
+      {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
+       {{2, "A", 2, Date{45000}, 1.0}, {1, "B", 1, Date{45000}, 1.0}, {1, "C", 0, Date{45000}, 1.0}}});
+  stage.set("system.GetPartCost", 1.5).set("system.GetLastUprice", 1.5).set("system.GetAvgUprice", 1.5);
+}
+
+void company(Stage& stage) {
+  stage.set("CanInsert", 1);
+  stage.finds("Select Top 1 * From STKCLOSEHD Where CLOSEDT<#2024/03/31# Order By CLOSEDT DESC",
+              {{"CLOSEDT"}, {{Date{45351}}}});
+  stage.finds("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO",
+              {{"DEPTNO", "DEPTNM"}, {{"10", "Store"}}});
+  department_moves(stage, "#2024/02/29#");
+  company_documents(stage, "#2024/04/01#");
+}
+
+}  // namespace
+
+std::vector<Scene> close_scenes() {
+  const std::string row_query = "Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=#2024/03/31#";
+  return {
+      {"CStockClose", "Read", "",
+       [row_query](Stage& stage) {
+         stage.finds(row_query, {{"CLOSEDT", "STATUSSN"}, {{Date{45382}, 0}}});
+       },
+       [](const Object& object, Fields& fields) {
+         return object.call("Read", "2024/03/31", ref(fields.names), ref(fields.values));
+       }},
+      {"CStockClose", "Update", "", [](Stage& stage) { stage.set("CanApproved", 1); },
+       [](const Object& object, Fields& fields) {
+         Value tag = "APPROVED";
+         return object.call("Update", "2024/03/31", ref(fields.names), ref(fields.values), ref(tag));
+       }},
+      {"CStockClose", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); },
+       [](const Object& object, Fields&) { return object.call("Delete", "2024/03/31"); }},
+      {"CStockClose", "Insert", "", company,
+       [](const Object& object, Fields& fields) {
+         return object.call("Insert", "2024/03/31", ref(fields.names), ref(fields.values));
+       }},
+      {"CStockClose", "STKMonthCloseDept", "", [](Stage& stage) { department_moves(stage, ""); },
+       [](const Object& object, Fields&) {
+         Value id = "K1", date = "#2024/03/31#", department = "10";
+         return object.call("STKMonthCloseDept", ref(id), ref(date), ref(department));
+       }},
+      {"CStockClose", "STKMonthClose", "", [](Stage& stage) { company_documents(stage, ""); },
+       [](const Object& object, Fields&) {
+         Value id = "K1", date = "#2024/03/31#";
+         return object.call("STKMonthClose", ref(id), ref(date));
+       }},
+  };
+}
+
+}  // namespace tallyra::faults

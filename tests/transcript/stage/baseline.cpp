@@ -1,0 +1,19 @@
+#include "tests/transcript/stage/baseline.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace tallyra::stage {
+
+std::string approved(const std::string& file, const std::string& actual) {
+  const std::string path = std::string(TALLYRA_BASELINES) + "/" + file;
+  if (const char* approve = std::getenv("TALLYRA_APPROVE"); approve && std::string_view(approve) == "1")
+    std::ofstream(path, std::ios::binary) << actual;
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+}  // namespace tallyra::stage

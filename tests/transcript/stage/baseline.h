@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace tallyra::stage {
+
+// The text of a file beside the tests, such as "close/month_close.access.txt", that a long transcript is held
+// against. With TALLYRA_APPROVE=1 in the environment the file takes the actual text instead.
+std::string approved(const std::string& file, const std::string& actual);
+
+}  // namespace tallyra::stage
