@@ -21,6 +21,13 @@ std::string DateLiteral::of_day(automation::Date date) const {
   return literal;
 }
 
+std::string DateLiteral::of_time_stamp(automation::Date date) const {
+  std::string literal(1, quote_);
+  automation::append_time_stamp(literal, date);
+  literal += quote_;
+  return literal;
+}
+
 std::string DateLiteral::of_date(automation::Date date) const {
   std::string literal(1, quote_);
   automation::append_date(literal, date);

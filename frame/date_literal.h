@@ -16,6 +16,8 @@ class DateLiteral {
   std::string of_text(std::string_view text) const;
   // "YYYY/MM/DD" between the quotes.
   std::string of_day(automation::Date date) const;
+  // "YYYY/MM/DD HH:MM:SS" between the quotes, at midnight as well.
+  std::string of_time_stamp(automation::Date date) const;
   // The default text of the date between the quotes.
   std::string of_date(automation::Date date) const;
 

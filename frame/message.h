@@ -16,6 +16,9 @@ inline constexpr Message fields_do_not_match{"Msg10000002", 10000002};
 inline constexpr Message not_found{"Msg10000003", 10000003};
 inline constexpr Message already_exists{"Msg10000004", 10000004};
 inline constexpr Message no_right{"Msg10000016", 10000016};
+inline constexpr Message no_requirement{"Msg10000024", 10000024};
+inline constexpr Message closed_period{"Msg10000112", 10000112};
+inline constexpr Message never_received{"Msg10000115", 10000115};
 }  // namespace message
 
 }  // namespace tallyra::frame

@@ -91,30 +91,54 @@ class Call {
 automation::Error current_error();
 
 // Runs a business method: error trap, database objects, collaborators, cleared error fields, then the body.
-// The body takes the Call and returns when the method has succeeded. No exception leaves.
-template <class Body>
-float run_method(Session& session, std::size_t recordsets, Body&& body) noexcept {
+// The body takes the Call and returns the result of the method; the method has the result `failed` when the
+// body does not come that far. No exception leaves.
+template <class Result, class Body>
+Result run_query(Session& session, std::size_t recordsets, Result failed, Body&& body) noexcept {
   // Outlives the try block: the trap still needs the connection to roll back.
   std::optional<Call> call;
   try {
     call.emplace(session, recordsets);
     call->prepare();
-    std::forward<Body>(body)(*call);
-    return success;
+    return std::forward<Body>(body)(*call);
   } catch (const Call::Left&) {
-    return failure;
   } catch (...) {
     if (call)
       call->trap(current_error());
     else
       Call::trap(session, current_error());
-    return failure;
   }
+  return failed;
+}
+
+template <class Result, class Body>
+Result run_query(Session& session, Result failed, Body&& body) noexcept {
+  return run_query(session, 1, std::move(failed), std::forward<Body>(body));
+}
+
+// The same for a method that only succeeds or fails: the body returns when it has succeeded.
+template <class Body>
+float run_method(Session& session, std::size_t recordsets, Body&& body) noexcept {
+  return run_query(session, recordsets, failure, [&](Call& call) {
+    std::forward<Body>(body)(call);
+    return success;
+  });
 }
 
 template <class Body>
 float run_method(Session& session, Body&& body) noexcept {
   return run_method(session, 1, std::forward<Body>(body));
+}
+
+// Runs a query outside of the frame: it uses no collaborator and does not touch the error fields, so that
+// `failed` is all a client sees of an error. No exception leaves.
+template <class Result, class Query>
+Result run_unreported(Result failed, Query&& query) noexcept {
+  try {
+    return std::forward<Query>(query)();
+  } catch (...) {
+    return failed;
+  }
 }
 
 }  // namespace tallyra::frame

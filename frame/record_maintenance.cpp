@@ -68,7 +68,7 @@ bool passes_owner_test(Call& call, const OwnerTest& test) {
   if (test.location) recordset.set_cursor_location(*test.location);
   recordset.open(std::string(test.statement), call.connection, test.cursor);
   if (!recordset.at_end()) {
-    recordset.move_last();
+    if (test.row == OwnerTest::Row::last) recordset.move_last();
     std::string owner;
     automation::append_concatenated(owner, recordset.value(schema::column::created_by));
     if (automation::trimmed(call.user_id()) != automation::trimmed(owner)) return false;
@@ -144,6 +144,7 @@ void insert_row(Call& call, const FieldCollections& fields, const InsertMove& mo
   recordset.close();
   if (move.in_transaction) call.connection.begin();
   call.connection.execute(statement);
+  if (move.also) move.also(call);
   if (move.in_transaction) call.connection.commit();
   call.connection.close();
 }
@@ -154,10 +155,12 @@ void update_rows(Call& call, const FieldCollections& fields, const UpdateMove& m
   require_right_or_owner(call, move.right, move.owner);
 
   open_for_writing(call, move.owner);
+  if (move.before_structure) move.before_structure(call);
   Recordset& recordset = call.recordset();
   if (move.structure_location) recordset.set_cursor_location(*move.structure_location);
   recordset.open(std::string(move.structure), call.connection, move.structure_cursor);
   const Value statement = call.update_statement(move.table, fields).append(move.condition);
+  if (move.roll_back_on_error) call.roll_back_on_error();
   recordset.close();
   if (move.in_transaction) call.connection.begin();
   call.connection.execute(statement);

@@ -38,6 +38,8 @@ struct InsertMove {
   // Runs with the connection open, before the key is looked up.
   std::function<void(Call&)> before_existing = {};
   bool in_transaction = false;
+  // Runs inside the transaction, after the insert itself.
+  std::function<void(Call&)> also = {};
 };
 
 void insert_row(Call& call, const FieldCollections& fields, const InsertMove& move);
@@ -48,6 +50,8 @@ struct OwnerTest {
   std::string_view statement = {};
   CursorType cursor = CursorType::forward_only;
   std::optional<CursorLocation> location = {};
+  // Which of the rows found tells the owner.
+  enum class Row { last, first } row = Row::last;
   // What happens to the connection that the test leaves open. Opening it once more is an error of the
   // database layer, so in classes that do, a user with nothing but the owner right ends in the error trap;
   // clients know them so.
@@ -65,7 +69,11 @@ struct UpdateMove {
   std::optional<CursorLocation> structure_location = CursorLocation::server;
   // What follows the builder's text.
   std::string_view condition;
+  // Runs with the connection open, before the structure is read.
+  std::function<void(Call&)> before_structure = {};
   bool in_transaction = false;
+  // From the finished statement on, an error also rolls back and closes the connection.
+  bool roll_back_on_error = false;
   // Runs inside the transaction, after the update itself.
   std::function<void(Call&)> also = {};
 };

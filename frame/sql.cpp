@@ -4,6 +4,10 @@
 
 namespace tallyra::frame::detail {
 
+void append_piece(std::string& out, std::int32_t number) {
+  out += std::to_string(number);
+}
+
 void append_piece(std::string& out, double number) {
   automation::append_number(out, number);
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -33,6 +34,7 @@ namespace detail {
 inline void append_piece(std::string& out, std::string_view piece) {
   out += piece;
 }
+void append_piece(std::string& out, std::int32_t number);
 void append_piece(std::string& out, double number);
 void append_piece(std::string& out, const std::same_as<automation::Value> auto& value) {
   automation::append_concatenated(out, value);
@@ -48,8 +50,8 @@ void append_sql(std::string& out, std::type_identity_t<SqlText<sizeof...(Pieces)
                 const Pieces&... pieces) {
   const char* text = statement.text.data();
   out.append(text, statement.holes[0]);
-  std::size_t hole = 0;
-  const auto fill = [&](const auto& piece) {
+  [[maybe_unused]] std::size_t hole = 0;
+  [[maybe_unused]] const auto fill = [&](const auto& piece) {
     detail::append_piece(out, piece);
     const std::size_t from = statement.holes[hole] + 2;
     out.append(text + from, statement.holes[++hole] - from);

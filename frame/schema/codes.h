@@ -16,6 +16,16 @@ inline constexpr std::string_view stock_controller = "STK032USER";
 inline constexpr std::string_view part_cost = "STK050PCOST";
 }  // namespace function_code
 
+// Kinds of stock documents, as TRANTYPE holds them.
+namespace transaction_type {
+inline constexpr std::string_view purchase_return = "STK011PORTN";
+inline constexpr std::string_view issue_to_production_order = "STK020MISS";
+inline constexpr std::string_view issue_to_sales_order = "STK020MISSSO";
+inline constexpr std::string_view return_from_production_order = "STK021RTN1";
+inline constexpr std::string_view return_from_sales_order = "STK021RTNSO";
+inline constexpr std::string_view shipment = "STK030SHIP";
+}  // namespace transaction_type
+
 // Series that document numbers are issued from.
 namespace number_series {
 inline constexpr std::string_view month_close = "STK027CLOSE";

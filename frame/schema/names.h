@@ -9,18 +9,33 @@ namespace table {
 inline constexpr std::string_view receiving_address = "REVADDR";
 inline constexpr std::string_view stock_controller = "STKCONTROLLER";
 inline constexpr std::string_view month_close = "STKCLOSEHD";
+inline constexpr std::string_view transaction_header = "STKTRANHD";
+inline constexpr std::string_view transaction_line = "STKTRANDT";
 }  // namespace table
 
 namespace column {
+inline constexpr std::string_view assembly = "ASSMNO";
 inline constexpr std::string_view created_by = "ADDBY";
 inline constexpr std::string_view close_date = "CLOSEDT";
 inline constexpr std::string_view department = "DEPTNO";
 inline constexpr std::string_view department_name = "DEPTNM";
+inline constexpr std::string_view engineering_quantity = "ENGQTY";
+inline constexpr std::string_view line_number = "SN";
 inline constexpr std::string_view material_type = "MTYPESN";
+inline constexpr std::string_view notes = "NOTES";
+inline constexpr std::string_view ordered_quantity = "POQTY";
 inline constexpr std::string_view part = "PARTNO";
 inline constexpr std::string_view price_type = "PRICETYPESN";
+inline constexpr std::string_view production_order = "MONO";
 inline constexpr std::string_view quantity = "QTY";
+inline constexpr std::string_view reference = "REFERENCE";
+inline constexpr std::string_view reference_part = "REFPARTNO";
+inline constexpr std::string_view target_department = "DEPTNOTO";
 inline constexpr std::string_view transaction_number = "TRANNO";
+inline constexpr std::string_view unit_price = "UPRICE";
+inline constexpr std::string_view usage_rate = "URATE";
+inline constexpr std::string_view variance_quantity = "VQTY";
+inline constexpr std::string_view waste_rate = "WSRATE";
 }  // namespace column
 
 }  // namespace tallyra::frame::schema

@@ -1,0 +1,66 @@
+#include "frame/closing_date_guard.h"
+
+#include <optional>
+
+#include "frame/method.h"
+#include "frame/sql.h"
+
+namespace tallyra::frame {
+namespace {
+
+using automation::Error;
+using automation::Value;
+
+std::string later_closes(const DateLiteral& literal, const Value& date) {
+  std::string text;
+  automation::append_concatenated(text, date);
+  return sql("Select * From STKCLOSEHD Where CLOSEDT>={}", literal.of_text(text));
+}
+
+// The number stands even when its text cannot be had.
+void report_closed_period(Session& session) {
+  constexpr auto number = static_cast<std::int32_t>(message::closed_period.number);
+  Call::trap(session, Error(number, ""));
+  const Value text = collaborators().messages.get(message::closed_period.key);
+  Call::trap(session, Error(number, automation::to_text(text)));
+}
+
+}  // namespace
+
+Value valid_close_date(Session& session, const DateLiteral& literal, const Value& date,
+                       const ClosingDateGuard& guard) {
+  std::string statement;
+  if (guard.statement == ClosingDateGuard::Statement::before_trap) statement = later_closes(literal, date);
+  std::optional<Call> call;
+  std::optional<Error> error;
+  try {
+    call.emplace(session, 1);
+    Recordset& closes = call->recordset();
+    closes.set_cursor_location(CursorLocation::server);
+    if (guard.collaborators == ClosingDateGuard::Collaborators::set_up)
+      call->prepare();
+    else
+      call->set_error(0, {});
+    if (guard.statement == ClosingDateGuard::Statement::inside_trap) statement = later_closes(literal, date);
+
+    call->open_connection();
+    closes.open(std::move(statement), call->connection, CursorType::forward_only);
+    if (!closes.at_end()) call->report(message::closed_period);
+    closes.close();
+    call->connection.close();
+    return {};
+  } catch (...) {
+    error = current_error();
+  }
+
+  if (guard.trap == ClosingDateGuard::Trap::closed_period)
+    report_closed_period(session);
+  else
+    Call::trap(session, *error);
+  // No connection has a member of this name: clients tell an error of the database from a clean verdict by
+  // the error 438 that this call raises.
+  if (call && call->connection.is_open()) call->connection.object().call("clsoe");
+  return {};
+}
+
+}  // namespace tallyra::frame

@@ -1,0 +1,75 @@
+// Which quoted literals meet a date column.
+
+#include "standins/ado/dialect/analyzer.h"
+#include "standins/ado/dialect/date_literal.h"
+#include "standins/ado/dialect/keyword.h"
+
+namespace tallyra::standins::ado::dialect {
+
+void Analyzer::between(std::size_t i) {
+  const Tokens& tokens = *tokens_;
+  Frame& frame = frames_.back();
+  frame.column = column_before(tokens, tokens[i - 1].keyword == Keyword::not_ ? i - 1 : i);
+  frame.low = i;
+  frame.high = 0;
+}
+
+void Analyzer::text(std::size_t i) {
+  const std::string_view whole = tokens_->text(i);
+  if (!read_date(whole.substr(1, whole.size() - 2))) return;
+  if (is_inserted(i)) {
+    if (insert_.dates[frames_.back().position]) findings_->dates.push_back(span(i));
+  } else if (const ColumnRef column = met_column(i)) {
+    comparisons_.push_back({i, column, frames_.back().scope});
+  }
+}
+
+// Whether the literal is a whole value of an INSERT with a column list.
+bool Analyzer::is_inserted(std::size_t i) const {
+  const Tokens& tokens = *tokens_;
+  const Frame& frame = frames_.back();
+  const TokenKind before = tokens[i - 1].kind;
+  const Token& after = tokens[i + 1];
+  if (insert_.end == 0 || frame.position >= insert_.dates.size()) return false;
+  if (frame.inside == Inside::values)
+    return (before == TokenKind::open || before == TokenKind::comma) &&
+           (after.kind == TokenKind::comma || after.kind == TokenKind::close);
+  return frame.inside == Inside::statement && frame.in_select_list &&
+         (i == frame.list_begin || before == TokenKind::comma) &&
+         (after.kind == TokenKind::comma || after.kind == TokenKind::semicolon ||
+          after.kind == TokenKind::end ||
+          (after.kind == TokenKind::word && after.keyword != Keyword::between &&
+           after.keyword != Keyword::in && after.keyword != Keyword::not_));
+}
+
+// The column that the literal is compared with or assigned to.
+ColumnRef Analyzer::met_column(std::size_t i) const {
+  const Tokens& tokens = *tokens_;
+  const Frame& frame = frames_.back();
+  const TokenKind before = tokens[i - 1].kind;
+  const TokenKind after = tokens[i + 1].kind;
+  if (binds(tokens, i - 1) || binds(tokens, i + 1)) return {};
+  if (before == TokenKind::comparison) return column_before(tokens, i - 1);
+  if (after == TokenKind::comparison) return column_after(tokens, i + 1);
+  if (frame.inside == Inside::list && (before == TokenKind::open || before == TokenKind::comma) &&
+      (after == TokenKind::comma || after == TokenKind::close))
+    return frame.column;
+  if ((frame.low != 0 && i == frame.low + 1) || (frame.high != 0 && i == frame.high + 1)) return frame.column;
+  const std::size_t op = tokens[i + 1].keyword == Keyword::not_ ? i + 2 : i + 1;
+  if (tokens[op].keyword == Keyword::between) return column_after(tokens, op);
+  if (tokens[op].keyword == Keyword::in && tokens[op + 1].kind == TokenKind::open)
+    return column_after(tokens, op + 1);
+  return {};
+}
+
+void Analyzer::resolve_comparisons() {
+  const Tokens& tokens = *tokens_;
+  for (const Comparison& comparison : comparisons_) {
+    const ColumnRef& ref = comparison.column;
+    const std::string_view qualifier = ref.qualifier != 0 ? tokens.name(ref.qualifier) : std::string_view();
+    if (scopes_.is_date(comparison.scope, qualifier, tokens.name(ref.column), columns_))
+      findings_->dates.push_back(span(comparison.literal));
+  }
+}
+
+}  // namespace tallyra::standins::ado::dialect

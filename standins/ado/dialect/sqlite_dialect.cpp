@@ -1,0 +1,119 @@
+#include "standins/ado/dialect/sqlite_dialect.h"
+
+#include <algorithm>
+#include <array>
+
+#include "standins/ado/dialect/date_literal.h"
+#include "standins/ado/dialect/insert_values.h"
+#include "standins/ado/dialect/tokenizer.h"
+
+namespace tallyra::standins::ado::dialect {
+namespace {
+
+// Buffers grown beyond this by one huge text are given back before the next text.
+constexpr std::size_t kept_bytes = std::size_t{1} << 20;
+
+bool is_blank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
+}
+
+bool blank_before(std::string_view sql, std::size_t at) {
+  return at == 0 || is_blank(sql[at - 1]);
+}
+bool blank_at(std::string_view sql, std::size_t at) {
+  return at == sql.size() || is_blank(sql[at]);
+}
+
+}  // namespace
+
+std::string_view SqliteDialect::rewrite(std::string_view sql) {
+  if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) return sql;
+  if (const InsertHead* head = heads_.match(sql)) {
+    const ValuesOutcome outcome = rewrite_values(sql, *head, out_);
+    if (outcome != ValuesOutcome::not_plain) return outcome == ValuesOutcome::rewritten ? out_ : sql;
+  }
+  release_memory();
+  tokenize(sql, tokens_);
+  analyzer_.analyze(tokens_, findings_);
+  if (findings_.changes_schema) {
+    columns_.clear();
+    heads_.clear();
+  } else if (findings_.values_begin != 0 && heads_.match(sql) == nullptr) {
+    heads_.remember(sql.substr(0, findings_.values_begin), analyzer_.insert().dates);
+  }
+  collect_edits(sql);
+  return edits_.empty() ? sql : apply_edits(sql);
+}
+
+void SqliteDialect::collect_edits(std::string_view sql) {
+  edits_.clear();
+  replacements_.clear();
+  for (const Span& literal : findings_.dates) edit_date(sql, literal);
+  for (const TopSelect& top : findings_.tops) edit_top(sql, top);
+  for (const Span& list : findings_.delete_lists) remove(sql, list);
+  for (const JoinedDelete& statement : findings_.deletes) edit_delete(sql, statement);
+}
+
+void SqliteDialect::edit_date(std::string_view sql, Span literal) {
+  const std::string_view text = sql.substr(literal.begin, literal.end - literal.begin);
+  std::array<char, written_date_length> buffer;
+  write_date(*read_date(text.substr(1, text.size() - 2)), buffer.data());
+  const std::string_view written(buffer.data(), buffer.size());
+  if (text != written) replace(literal, written);
+}
+
+// LIMIT is no part of a member of a compound, so such a member becomes a subquery.
+void SqliteDialect::edit_top(std::string_view sql, const TopSelect& top) {
+  if (top.in_compound) replace({top.begin, top.begin}, "SELECT * FROM (");
+  remove(sql, top.clause);
+  replace({top.end, top.end}, " LIMIT ", top.count, top.in_compound ? ")" : "");
+}
+
+// The alias keeps the outer table out of the subquery's sight: were the inner name not found, it would mean
+// the outer row, and every row would go.
+void SqliteDialect::edit_delete(std::string_view sql, const JoinedDelete& statement) {
+  const Span target = statement.target;
+  replace(target, blank_before(sql, target.begin) ? "" : " ", "FROM ", statement.table,
+          " AS doomed WHERE doomed.rowid IN (SELECT ", statement.row, ".rowid",
+          blank_at(sql, target.end) ? "" : " ");
+  replace({statement.end, statement.end}, ")");
+}
+
+// Takes the blanks behind along, but leaves the words on both sides apart.
+void SqliteDialect::remove(std::string_view sql, Span span) {
+  while (span.end < sql.size() && is_blank(sql[span.end])) ++span.end;
+  replace(span, blank_before(sql, span.begin) ? "" : " ");
+}
+
+template <typename... Texts>
+void SqliteDialect::replace(Span span, Texts... texts) {
+  const std::size_t begin = replacements_.size();
+  (replacements_.append(texts), ...);
+  edits_.push_back({span.begin, span.end, begin, replacements_.size()});
+}
+
+std::string_view SqliteDialect::apply_edits(std::string_view sql) {
+  std::sort(edits_.begin(), edits_.end(), [](const Edit& a, const Edit& b) {
+    return a.begin != b.begin ? a.begin < b.begin : a.text_begin < b.text_begin;
+  });
+  out_.clear();
+  std::size_t copied = 0;
+  for (const Edit& edit : edits_) {
+    out_.append(sql, copied, edit.begin - copied);
+    out_.append(replacements_, edit.text_begin, edit.text_end - edit.text_begin);
+    copied = edit.end;
+  }
+  out_.append(sql, copied);
+  return out_;
+}
+
+void SqliteDialect::release_memory() {
+  if (tokens_.list.capacity() * sizeof(Token) <= kept_bytes && out_.capacity() <= kept_bytes) return;
+  tokens_ = {};
+  edits_ = {};
+  findings_ = {};
+  replacements_ = {};
+  out_ = {};
+}
+
+}  // namespace tallyra::standins::ado::dialect

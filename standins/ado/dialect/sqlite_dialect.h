@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standins/ado/dialect/analyzer.h"
+#include "standins/ado/dialect/date_column_cache.h"
+#include "standins/ado/dialect/date_columns.h"
+#include "standins/ado/dialect/findings.h"
+#include "standins/ado/dialect/insert_heads.h"
+#include "standins/ado/dialect/token.h"
+
+namespace tallyra::standins::ado::dialect {
+
+// From the Access and SQL Server forms to what SQLite understands:
+//
+//   Select Top 5 ...            Select ... LIMIT 5, also in subqueries and in the members of a UNION
+//   Delete * From T ...         Delete From T ...
+//   Delete T.* From T Join U    DELETE FROM T ... WHERE rowid IN (SELECT ...)
+//   #2024/3/31 14:05#           '2024-03-31 14:05:00'
+//   '2024/3/31' at a date column, compared or written: the same; any other text stays as it is
+//
+// Only the tokens concerned change. Not safe for use by several threads at once.
+class SqliteDialect {
+ public:
+  // `columns` must outlive the dialect. It is asked about each column once, not once per statement; a CREATE,
+  // ALTER or DROP that goes through `rewrite` makes the dialect ask again.
+  explicit SqliteDialect(DateColumns& columns) : columns_(columns), analyzer_(columns_) {}
+
+  SqliteDialect(const SqliteDialect&) = delete;
+  SqliteDialect& operator=(const SqliteDialect&) = delete;
+
+  // The text for SQLite, UTF-8 like `sql`, which must not be what an earlier call returned. A text that needs
+  // no change comes back as it is; so the view is valid until the next call, and only as long as `sql` is. Of
+  // several statements separated by semicolons each is rewritten by itself. What makes no sense goes through,
+  // so that the database's own error reaches the caller; a text with a NUL character goes through untouched.
+  // Throws only what `DateColumns` throws.
+  std::string_view rewrite(std::string_view sql);
+
+ private:
+  struct Edit {
+    std::size_t begin;  // replaced range of the text
+    std::size_t end;
+    std::size_t text_begin;  // range of `replacements_`
+    std::size_t text_end;
+  };
+
+  void collect_edits(std::string_view sql);
+  void edit_date(std::string_view sql, Span literal);
+  void edit_top(std::string_view sql, const TopSelect& top);
+  void edit_delete(std::string_view sql, const JoinedDelete& statement);
+  void remove(std::string_view sql, Span span);
+  template <typename... Texts>
+  void replace(Span span, Texts... texts);
+  std::string_view apply_edits(std::string_view sql);
+  void release_memory();
+
+  DateColumnCache columns_;
+  Analyzer analyzer_;
+  InsertHeads heads_;
+  Tokens tokens_;
+  Findings findings_;
+  std::vector<Edit> edits_;
+  std::string replacements_;
+  std::string out_;
+};
+
+}  // namespace tallyra::standins::ado::dialect
