@@ -24,6 +24,12 @@ Value plain_value(const Object& object) {
   return value;
 }
 
+const Value& number_in(const Opaque& content) {
+  const Value* number = content->number();
+  if (!number) throw Error(error_number::type_mismatch);
+  return *number;
+}
+
 void append_text(std::string& out, const Value& value) {
   value.visit([&](const auto& content) {
     using T = std::remove_cvref_t<decltype(content)>;
@@ -32,8 +38,10 @@ void append_text(std::string& out, const Value& value) {
       out += content;
     } else if constexpr (std::is_same_v<T, Null>) {
       throw Error(error_number::invalid_null);
-    } else if constexpr (std::is_same_v<T, Missing> || std::is_same_v<T, Opaque>) {
+    } else if constexpr (std::is_same_v<T, Missing>) {
       throw Error(error_number::type_mismatch);
+    } else if constexpr (std::is_same_v<T, Opaque>) {
+      append_text(out, number_in(content));
     } else if constexpr (std::is_same_v<T, bool>) {
       out += content ? "True" : "False";
     } else if constexpr (is_integer<T>) {
@@ -107,8 +115,10 @@ double to_double(const Value& value) {
       return 0;
     } else if constexpr (std::is_same_v<T, Null>) {
       throw Error(error_number::invalid_null);
-    } else if constexpr (std::is_same_v<T, Missing> || std::is_same_v<T, Opaque>) {
+    } else if constexpr (std::is_same_v<T, Missing>) {
       throw Error(error_number::type_mismatch);
+    } else if constexpr (std::is_same_v<T, Opaque>) {
+      return to_double(number_in(content));
     } else if constexpr (std::is_same_v<T, bool>) {
       return content ? -1 : 0;
     } else if constexpr (std::is_arithmetic_v<T>) {

@@ -1,5 +1,6 @@
 #include "automation/error.h"
 
+#include <new>
 #include <utility>
 
 namespace tallyra::automation {
@@ -50,6 +51,7 @@ constexpr KnownCode known_codes[] = {
 };
 
 constexpr std::uint32_t facility_control = 0x800A0000;
+constexpr std::int32_t catastrophic_failure = -2147418113;
 
 }  // namespace
 
@@ -57,6 +59,20 @@ Error::Error(std::int32_t number) : Error(number, std::string(standard_text(numb
 
 Error::Error(std::int32_t number, std::string description)
     : number_(number), description_(std::move(description)) {}
+
+Error current_error() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return Error(error_number::out_of_memory);
+  } catch (const std::exception& error) {
+    return Error(catastrophic_failure, error.what());
+  } catch (...) {
+    return Error(catastrophic_failure, "Catastrophic failure");
+  }
+}
 
 std::string_view standard_text(std::int32_t number) {
   for (const auto& entry : standard_texts)

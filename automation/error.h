@@ -46,6 +46,10 @@ class Error : public std::exception {
   std::string description_;
 };
 
+// The error that the exception being handled stands for, as a classic client would see it. Call it from a
+// handler.
+Error current_error();
+
 // The standard English text of an error number; empty for a number that has none.
 std::string_view standard_text(std::int32_t number);
 

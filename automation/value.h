@@ -14,10 +14,14 @@
 
 namespace tallyra::automation {
 
+class Value;
+
 // A value of a kind that the component never looks into (an array, bytes, ...); it travels through unchanged.
 class OpaqueData {
  public:
   virtual ~OpaqueData() = default;
+  // What it converts like when it is a number after all, of a kind that is rare (an unsigned one, say).
+  virtual const Value* number() const { return nullptr; }
   // The kind's name for a message, for example "array".
   virtual std::string_view kind() const = 0;
 };

@@ -1,11 +1,21 @@
-# tallyra_add_test(name sources... LIBRARIES targets...): one GoogleTest program whose cases CTest runs one by one.
+# tallyra_add_test(name sources... LIBRARIES targets...): one GoogleTest program. Natively CTest runs its cases one by
+# one; under Wine, where starting a program costs more than most cases, it runs the program.
 find_package(GTest REQUIRED)
 include(GoogleTest)
+if(WIN32)
+  include(${CMAKE_CURRENT_LIST_DIR}/windows/wine_tests.cmake)
+endif()
 
 function(tallyra_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")
   add_executable(${name} ${test_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE tallyra_build_rules ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
   # A test that hangs is a failure too.
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  if(WIN32)
+    add_test(NAME ${name} COMMAND ${name})
+    tallyra_needs_wine_prefix(${name})
+    set_property(TEST ${name} PROPERTY TIMEOUT 300)
+  else()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  endif()
 endfunction()

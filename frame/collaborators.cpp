@@ -1,12 +1,39 @@
 #include "frame/collaborators.h"
 
+#include <memory>
+#include <utility>
+
 #include "automation/create.h"
 
 namespace tallyra::frame {
+namespace {
+
+#ifdef _WIN32
+constexpr bool ends_with_thread = false;
+#else
+constexpr bool ends_with_thread = true;
+#endif
+
+struct ThreadSet {
+  std::unique_ptr<Collaborators> set;
+
+  ~ThreadSet() {
+    if constexpr (!ends_with_thread) static_cast<void>(set.release());
+  }
+};
+
+thread_local ThreadSet of_thread;
+
+}  // namespace
 
 Collaborators& collaborators() {
-  thread_local Collaborators set;
-  return set;
+  if (!of_thread.set) of_thread.set = std::make_unique<Collaborators>();
+  return *of_thread.set;
+}
+
+void release_collaborators() noexcept {
+  // Out of reach before the last references go: letting them go may run any code.
+  const auto released = std::move(of_thread.set);
 }
 
 void InitObjects(const std::string& Language, const std::string& SystemDatabase,

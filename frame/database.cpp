@@ -58,14 +58,22 @@ void Recordset::set_cursor_location(CursorLocation location) {
   object_.put("CursorLocation", number(location));
 }
 
-void Recordset::open(std::string statement, const Connection& connection, CursorType cursor, LockType lock) {
-  object_.call("Open", std::move(statement), connection.object(), number(cursor), number(lock),
-               unspecified_options);
+void Recordset::open(const automation::Value& statement, const Connection& connection, CursorType cursor,
+                     LockType lock) {
+  members_.open.of(object_).call(statement, connection.object(), number(cursor), number(lock),
+                                 unspecified_options);
   opened_ = true;
 }
 
+void Recordset::detach() {
+  if (!members_.active_connection) members_.active_connection = object_.resolve("ActiveConnection");
+  const automation::Value none{automation::Object()};
+  const std::array<automation::Argument, 1> list{automation::Argument(none)};
+  object_.invoke(*members_.active_connection, automation::Access::put_reference, list);
+}
+
 bool Recordset::at_end() {
-  return automation::to_boolean(at_end_.of(object_).get());
+  return automation::to_boolean(members_.at_end.of(object_).get());
 }
 
 void Recordset::move_first() {
@@ -77,16 +85,16 @@ void Recordset::move_last() {
 }
 
 void Recordset::move_next() {
-  move_next_.of(object_).call();
+  members_.move_next.of(object_).call();
 }
 
 void Recordset::close() {
-  object_.call("Close");
+  members_.close.of(object_).call();
   opened_ = false;
 }
 
 automation::Object Recordset::fields() const {
-  return automation::to_object(object_.get("Fields"));
+  return automation::to_object(members_.fields.of(object_).get());
 }
 
 Field Recordset::field(std::string_view name) const {
@@ -96,8 +104,17 @@ Field Recordset::field(std::string_view name) const {
 void Recordset::replace(automation::Object object) {
   if (object == object_) return;
   object_ = std::move(object);
-  at_end_ = LazyMember("EOF");
-  move_next_ = LazyMember("MoveNext");
+  members_ = {};
+}
+
+automation::Value RepeatedField::value(const Recordset& recordset) {
+  const automation::Object fields = recordset.fields();
+  if (!item_) item_ = fields.resolve("Item");
+  const std::array<automation::Argument, 1> column{automation::Argument(column_)};
+  const automation::Object field =
+      automation::to_object(fields.invoke(*item_, automation::Access::read, column));
+  if (!value_) value_ = field.resolve("Value");
+  return field.invoke(*value_, automation::Access::read, {});
 }
 
 }  // namespace tallyra::frame

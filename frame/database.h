@@ -73,8 +73,10 @@ class Recordset {
   Recordset();
 
   void set_cursor_location(CursorLocation location);
-  void open(std::string statement, const Connection& connection, CursorType cursor,
+  void open(const automation::Value& statement, const Connection& connection, CursorType cursor,
             LockType lock = LockType::read_only);
+  // Lets the connection go and keeps the rows; only a client-side recordset can.
+  void detach();
   // Whether this method has opened it and not closed it again.
   bool opened() const { return opened_; }
   bool at_end();
@@ -92,10 +94,32 @@ class Recordset {
   void replace(automation::Object object);
 
  private:
+  // What is used again for every row, or every time the recordset is opened anew.
+  struct Members {
+    LazyMember open{"Open"};
+    LazyMember at_end{"EOF"};
+    LazyMember move_next{"MoveNext"};
+    LazyMember close{"Close"};
+    LazyMember fields{"Fields"};
+    std::optional<automation::MemberId> active_connection;
+  };
+
   automation::Object object_;
-  LazyMember at_end_{"EOF"};
-  LazyMember move_next_{"MoveNext"};
+  mutable Members members_;
   bool opened_ = false;
+};
+
+// A column of a recordset that is opened again and again, with new field objects each time. They are all of
+// one class, so that names are resolved on the first of them only.
+class RepeatedField {
+ public:
+  explicit RepeatedField(std::string_view column) : column_(column) {}
+  automation::Value value(const Recordset& recordset);
+
+ private:
+  automation::Value column_;
+  std::optional<automation::MemberId> item_;
+  std::optional<automation::MemberId> value_;
 };
 
 }  // namespace tallyra::frame

@@ -15,8 +15,7 @@ std::optional<Value> find_field(const FieldCollections& fields, std::string_view
   for (std::int32_t i = 1; i <= count; ++i) {
     column.clear();
     automation::append_concatenated(column, name_at.call(i));
-    const bool found =
-        match == NameMatch::exact ? column == name : automation::equals_folded(column, name);
+    const bool found = match == NameMatch::exact ? column == name : automation::equals_folded(column, name);
     if (found) return fields.values.call("Item", i);
   }
   return std::nullopt;

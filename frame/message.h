@@ -18,6 +18,8 @@ inline constexpr Message already_exists{"Msg10000004", 10000004};
 inline constexpr Message no_right{"Msg10000016", 10000016};
 inline constexpr Message no_requirement{"Msg10000024", 10000024};
 inline constexpr Message closed_period{"Msg10000112", 10000112};
+// The number is not the one that the key spells; clients know this pair.
+inline constexpr Message unknown_part{"Msg20000005", 10000025};
 inline constexpr Message never_received{"Msg10000115", 10000115};
 }  // namespace message
 

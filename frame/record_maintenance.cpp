@@ -95,7 +95,7 @@ std::string_view right_for(std::string_view operation_tag) {
   if (operation_tag == schema::operation_tag::unapproved) return "CanUnapproved";
   if (operation_tag == schema::operation_tag::cancel) return "CanCancel";
   if (operation_tag == schema::operation_tag::finished) return "CanFinished";
-  return "CanUpdate";
+  return right_to_update;
 }
 
 void read_row(Call& call, const FieldCollections& fields, const ReadMove& move) {

@@ -12,6 +12,8 @@
 // from the pattern; whatever it leaves out is as the pattern has it. Each move runs inside run_method.
 namespace tallyra::frame {
 
+inline constexpr std::string_view right_to_update = "CanUpdate";
+
 // The right that an update needs: the one of its operation tag, or the right to change rows for any other
 // tag.
 std::string_view right_for(std::string_view operation_tag);
@@ -61,7 +63,7 @@ struct OwnerTest {
 struct UpdateMove {
   std::string_view table;
   std::string_view function_code;
-  std::string_view right = "CanUpdate";
+  std::string_view right = right_to_update;
   OwnerTest owner = {};
   // Any rows of the table, for the types of its columns.
   std::string_view structure;

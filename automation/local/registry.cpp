@@ -4,12 +4,9 @@
 #include <mutex>
 #include <utility>
 
-#include "automation/create.h"
-#include "automation/error.h"
 #include "automation/folded_name.h"
 
-namespace tallyra::automation {
-namespace local {
+namespace tallyra::automation::local {
 namespace {
 
 struct Registration {
@@ -34,16 +31,16 @@ Factory exchange_factory(std::string_view prog_id, Factory factory) {
   return std::exchange(entry.factory, std::move(factory));
 }
 
-Factory find_factory(std::string_view prog_id) {
-  const std::lock_guard lock(registry().mutex);
-  const auto found = registry().classes.find(folded(prog_id));
-  return found == registry().classes.end() ? Factory{} : found->second.factory;
-}
-
 }  // namespace
 
 void register_class(std::string_view prog_id, Factory factory) {
   exchange_factory(prog_id, std::move(factory));
+}
+
+Factory find_factory(std::string_view prog_id) {
+  const std::lock_guard lock(registry().mutex);
+  const auto found = registry().classes.find(folded(prog_id));
+  return found == registry().classes.end() ? Factory{} : found->second.factory;
 }
 
 std::vector<std::string> registered_classes() {
@@ -61,12 +58,4 @@ ScopedClass::~ScopedClass() {
   exchange_factory(prog_id_, std::move(previous_));
 }
 
-}  // namespace local
-
-Object create(std::string_view prog_id) {
-  const local::Factory factory = local::find_factory(prog_id);
-  if (!factory) throw Error(error_number::cannot_create);
-  return factory();
-}
-
-}  // namespace tallyra::automation
+}  // namespace tallyra::automation::local

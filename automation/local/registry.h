@@ -16,6 +16,9 @@ using Factory = std::function<Object()>;
 // thread.
 void register_class(std::string_view prog_id, Factory factory);
 
+// The class registered under the ProgID, whatever its case; empty when there is none.
+Factory find_factory(std::string_view prog_id);
+
 // The registered ProgIDs in the case they were registered with, sorted.
 std::vector<std::string> registered_classes();
 

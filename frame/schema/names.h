@@ -9,12 +9,17 @@ namespace table {
 inline constexpr std::string_view receiving_address = "REVADDR";
 inline constexpr std::string_view stock_controller = "STKCONTROLLER";
 inline constexpr std::string_view month_close = "STKCLOSEHD";
+inline constexpr std::string_view part_cost_setting = "PARTCOSTSET";
+inline constexpr std::string_view shipping_note = "STKSHIPNOTE";
+inline constexpr std::string_view stock_check_header = "STKCHECKHD";
+inline constexpr std::string_view stock_check_line = "STKCHECKDT";
 inline constexpr std::string_view transaction_header = "STKTRANHD";
 inline constexpr std::string_view transaction_line = "STKTRANDT";
 }  // namespace table
 
 namespace column {
 inline constexpr std::string_view assembly = "ASSMNO";
+inline constexpr std::string_view check_date = "CHECKDT";
 inline constexpr std::string_view created_by = "ADDBY";
 inline constexpr std::string_view close_date = "CLOSEDT";
 inline constexpr std::string_view department = "DEPTNO";
@@ -34,7 +39,7 @@ inline constexpr std::string_view target_department = "DEPTNOTO";
 inline constexpr std::string_view transaction_number = "TRANNO";
 inline constexpr std::string_view unit_price = "UPRICE";
 inline constexpr std::string_view usage_rate = "URATE";
-inline constexpr std::string_view variance_quantity = "VQTY";
+inline constexpr std::string_view v_quantity = "VQTY";
 inline constexpr std::string_view waste_rate = "WSRATE";
 }  // namespace column
 

@@ -51,9 +51,23 @@ void company(Stage& stage) {
   company_documents(stage, "#2024/04/01#");
 }
 
-}  // namespace
+// The settings of a material type, with the right for everything.
+void add_cost_settings(std::vector<Scene>& scenes) {
+  const auto all_rights = [](Stage& stage) {
+    stage.set("CanInsert", 1).set("CanUpdate", 1).set("CanDelete", 1);
+    stage.finds("Select PARTCOSTSET.* From PARTCOSTSET Where PARTCOSTSET.MTYPESN=7",
+                {{"MTYPESN", "COSTMETHOD"}, {{7, 1}}});
+  };
+  for (const char* member : {"Read", "Insert", "Update"})
+    scenes.push_back({"CPartCostSet", member, "", all_rights, [member](const Object& object, Fields& fields) {
+                        Value key = 7;
+                        return object.call(member, ref(key), ref(fields.names), ref(fields.values));
+                      }});
+  scenes.push_back({"CPartCostSet", "Delete", "", all_rights,
+                    [](const Object& object, Fields&) { return object.call("Delete", 7); }});
+}
 
-std::vector<Scene> close_scenes() {
+std::vector<Scene> month_close_scenes() {
   const std::string row_query = "Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=#2024/03/31#";
   return {
       {"CStockClose", "Read", "",
@@ -85,6 +99,14 @@ std::vector<Scene> close_scenes() {
          return object.call("STKMonthClose", ref(id), ref(date));
        }},
   };
+}
+
+}  // namespace
+
+std::vector<Scene> close_scenes() {
+  std::vector<Scene> scenes = month_close_scenes();
+  add_cost_settings(scenes);
+  return scenes;
 }
 
 }  // namespace tallyra::faults

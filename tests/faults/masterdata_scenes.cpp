@@ -43,6 +43,8 @@ std::vector<Scene> masterdata_scenes() {
   std::vector<Scene> scenes;
   add_key_record(scenes, "CRevAddr", "Select * From REVADDR Where AddrNo='A1'");
   add_key_record(scenes, "CSTKController", "Select * From STKCONTROLLER Where CONTROLLERNO='A1'");
+  add_key_record(scenes, "CStkShipNote",
+                 "Select STKSHIPNOTE.* From STKSHIPNOTE Where STKSHIPNOTE.TRANNO='A1'");
   return scenes;
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "automation/object.h"
 #include "tests/transcript/stage/fields.h"
+#include "tests/transcript/stage/outcome.h"
 #include "tests/transcript/stage/stage.h"
 
 namespace tallyra::faults {
@@ -19,11 +21,15 @@ struct Scene {
   std::function<void(stage::Stage&)> prepare;
   // Calls the method with arguments that lead to success.
   std::function<automation::Value(const automation::Object&, stage::Fields&)> call;
+  // What the client sees when nothing fails, in a method that does all its work and reports an error on
+  // purpose.
+  std::optional<stage::Outcome> reported = std::nullopt;
 };
 
 // The scenes of the classes of one folder.
 std::vector<Scene> masterdata_scenes();
 std::vector<Scene> close_scenes();
+std::vector<Scene> stockcheck_scenes();
 
 // All of them.
 std::vector<Scene> all_scenes();

@@ -121,6 +121,10 @@ Value Stage::member(const std::string& name) const {
 }
 
 std::string Stage::issue_document_number() {
+  if (numbers_withheld > 0) {
+    --numbers_withheld;
+    return {};
+  }
   if (issued_numbers_ == document_numbers) return {};
   std::string number = std::to_string(++issued_numbers_);
   return "K" + std::string(number.size() < 3 ? 3 - number.size() : 0, '0') + number;

@@ -49,6 +49,8 @@ class Stage {
   std::string connection_string = "DSN=x";
   // How many document numbers can be issued: K001, K002, ...
   int document_numbers = 1000;
+  // How many requests for a number come back empty before one is issued.
+  int numbers_withheld = 0;
 
   // Everything that was asked, a line each; reading of rows is left out.
   const std::string& transcript() const { return transcript_; }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "automation/com/served_module.h"
+
+// The entries of a module in the system's registry of classes.
+namespace tallyra::automation::com {
+
+// For every user of the machine, or for the current one.
+enum class Scope { machine, user };
+
+// What happens to a ProgID that some other class has already.
+enum class Conflict { refuse, replace };
+
+// All or nothing: when anything fails, whatever has been written is taken away again and the code says why
+// (0x80070005 without the rights, 0x800700B7 for a ProgID of another class).
+HRESULT register_module(const ServedModule& module, Scope scope, Conflict conflict);
+
+// Takes everything away that register_module has written; what is not there is no error. Goes on after a
+// failure and returns the first.
+HRESULT unregister_module(const ServedModule& module, Scope scope);
+
+}  // namespace tallyra::automation::com

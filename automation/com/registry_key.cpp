@@ -1,0 +1,33 @@
+#include "automation/com/registry_key.h"
+
+#include "automation/com/failure.h"
+
+namespace tallyra::automation::com {
+
+void ClassesBranch::set(const std::wstring& key, const wchar_t* name, const std::wstring& text) const {
+  HKEY opened = nullptr;
+  LSTATUS status = RegCreateKeyExW(root_, path(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                   KEY_SET_VALUE, nullptr, &opened, nullptr);
+  if (status == ERROR_SUCCESS) {
+    status = RegSetValueExW(opened, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                            static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    RegCloseKey(opened);
+  }
+  throw_if_failed(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
+}
+
+std::wstring ClassesBranch::text(const std::wstring& key) const {
+  wchar_t buffer[256];
+  DWORD size = sizeof buffer;
+  if (RegGetValueW(root_, path(key).c_str(), nullptr, RRF_RT_REG_SZ, nullptr, buffer, &size) != ERROR_SUCCESS)
+    return {};
+  return buffer;
+}
+
+HRESULT ClassesBranch::remove(const std::wstring& key) const {
+  const LSTATUS status = RegDeleteTreeW(root_, path(key).c_str());
+  if (status == ERROR_FILE_NOT_FOUND) return S_OK;
+  return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+}
+
+}  // namespace tallyra::automation::com

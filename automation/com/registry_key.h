@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace tallyra::automation::com {
+
+// A branch of the registry that classes are registered in.
+class ClassesBranch {
+ public:
+  // HKEY_LOCAL_MACHINE or HKEY_CURRENT_USER.
+  explicit ClassesBranch(HKEY root) : root_(root) {}
+
+  // Sets a text; an empty name means the value of the key itself. Throws Error.
+  void set(const std::wstring& key, const wchar_t* name, const std::wstring& text) const;
+  // The text of the key itself, empty when there is none.
+  std::wstring text(const std::wstring& key) const;
+  // Removes the key with everything below it; one that is not there is no error.
+  HRESULT remove(const std::wstring& key) const;
+
+ private:
+  static std::wstring path(const std::wstring& key) { return L"Software\\Classes\\" + key; }
+
+  HKEY root_;
+};
+
+}  // namespace tallyra::automation::com

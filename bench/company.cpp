@@ -1,0 +1,62 @@
+#include "bench/company.h"
+
+#include <stdexcept>
+
+#include "automation/collection.h"
+#include "automation/convert.h"
+#include "automation/create.h"
+
+namespace tallyra::bench {
+
+using automation::Object;
+using automation::Value;
+
+namespace {
+
+std::string connection_string(const std::string& database) {
+  return "DRIVER={SQLite3};Database=" + database;
+}
+
+Object connect(const std::string& database) {
+  Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", connection_string(database));
+  return connection;
+}
+
+}  // namespace
+
+Object session(const std::string& database, const std::string& class_name) {
+  Object object = automation::create("Tallyra." + class_name);
+  object.put("ConnectionString", connection_string(database));
+  object.put("UserID", "ADMIN");
+  object.put("Language", "EN");
+  object.put("SystemDatabase", "MSACCESS");
+  return object;
+}
+
+Value collection(const std::vector<Value>& items) {
+  Object made = automation::make_object<automation::Collection>();
+  for (const auto& item : items) made.call("Add", item);
+  return made;
+}
+
+void require_success(const Object& object, const Value& result) {
+  if (automation::equals_number(result, 100) && automation::equals_number(object.get("ErrNumber"), 0)) return;
+  throw std::runtime_error(automation::to_text(object.get("ErrNumber")) + " " +
+                           automation::to_text(object.get("ErrDescription")));
+}
+
+std::uint64_t count_rows(const std::string& database, const std::string& query) {
+  const Object rows = automation::create("ADODB.Recordset");
+  rows.call("Open", query, connect(database));
+  const Object fields = automation::to_object(rows.get("Fields"));
+  return static_cast<std::uint64_t>(
+      automation::to_double(automation::to_object(fields.call("Item", "N")).get("Value")));
+}
+
+void settle(const std::string& database) {
+  const Object rows = automation::create("ADODB.Recordset");
+  rows.call("Open", "PRAGMA wal_checkpoint(TRUNCATE)", connect(database));
+}
+
+}  // namespace tallyra::bench

@@ -1,0 +1,69 @@
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "bench/comparison.h"
+#include "bench/month_close.h"
+#include "server/register.h"
+#include "standins/ado/register.h"
+#include "standins/corvane/register.h"
+#include "standins/lexbank/register.h"
+
+namespace {
+
+using tallyra::bench::Comparison;
+using tallyra::bench::Scenario;
+
+void print_head() {
+  std::printf("%-16s %-22s %9s %9s %6s %9s %9s %8s %9s %9s\n", "work", "size", "component", "replay", "ratio",
+              "rows", "rows/s", "stmts", "peak", "replay's");
+}
+
+void print(const Scenario& scenario, const Comparison& result) {
+  std::printf("%-16s %-22s %7.3f s %7.3f s %6.3f %9llu %9.0f %8llu %6.1f MB %6.1f MB\n",
+              scenario.name.c_str(), scenario.size.c_str(), result.component_seconds, result.replay_seconds,
+              result.ratio, static_cast<unsigned long long>(result.rows), result.rows_per_second,
+              static_cast<unsigned long long>(result.statements), result.component_megabytes,
+              result.replay_megabytes);
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{
+      "Holds the component against a replay of its own statements through plain ODBC: ratio of the medians "
+      "of\n"
+      "interleaved runs on copies of one database, rows per second and peak memory."};
+  std::string schema;
+  std::string folder = "build/bench-data";
+  bool quick = false;
+  int rounds = 7;
+  app.add_option("--schema", schema, "create script of the tables")->required();
+  app.add_option("--folder", folder, "where the databases are made, and removed again")
+      ->capture_default_str();
+  app.add_option("--rounds", rounds, "runs of each kind")->capture_default_str();
+  app.add_flag("--quick", quick, "only the smaller sizes");
+  CLI11_PARSE(app, argc, argv);
+
+  tallyra::server::register_classes();
+  tallyra::standins::ado::register_classes();
+  tallyra::standins::corvane::register_classes();
+  tallyra::standins::lexbank::register_classes();
+
+  std::vector<Scenario> scenarios{tallyra::bench::month_close(5, 200, 5'000, schema)};
+  if (!quick) scenarios.push_back(tallyra::bench::month_close(20, 2'000, 200'000, schema));
+  try {
+    print_head();
+    for (auto& scenario : scenarios) {
+      scenario.rounds = rounds;
+      print(scenario, compare(scenario, folder));
+    }
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "tallyra-bench: %s\n", error.what());
+    return 1;
+  }
+}

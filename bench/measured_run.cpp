@@ -1,0 +1,66 @@
+#include "bench/measured_run.h"
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <exception>
+#include <stdexcept>
+#include <string>
+
+namespace tallyra::bench {
+namespace {
+
+struct Report {
+  Measurement measurement;
+  char error[256];
+};
+
+Report run_here(const std::function<std::uint64_t()>& work) {
+  Report report{};
+  try {
+    const auto start = std::chrono::steady_clock::now();
+    report.measurement.count = work();
+    report.measurement.seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  } catch (const std::exception& error) {
+    std::string(error.what()).copy(report.error, sizeof report.error - 1);
+  }
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  report.measurement.peak_megabytes = static_cast<double>(usage.ru_maxrss) / 1024;
+  return report;
+}
+
+}  // namespace
+
+Measurement measured_run(const std::function<std::uint64_t()>& work) {
+  int ends[2];
+  if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+  const pid_t child = fork();
+  if (child < 0) throw std::runtime_error("no process");
+  if (child == 0) {
+    close(ends[0]);
+    const Report report = run_here(work);
+    _exit(write(ends[1], &report, sizeof report) == sizeof report ? 0 : 1);
+  }
+  close(ends[1]);
+  Report report{};
+  const bool complete = read(ends[0], &report, sizeof report) == sizeof report;
+  close(ends[0]);
+  int status = 0;
+  waitpid(child, &status, 0);
+  if (!complete) throw std::runtime_error("a measured process ended before it reported");
+  if (report.error[0] != '\0') throw std::runtime_error(report.error);
+  return report.measurement;
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+}  // namespace tallyra::bench

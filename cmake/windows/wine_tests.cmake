@@ -1,0 +1,34 @@
+# Tests run under Wine, in a prefix that belongs to this build folder: CTest makes it before the first test that needs
+# it, with the DLLs of the project registered, and ends Wine after the last.
+set(TALLYRA_WINE_PREFIX ${CMAKE_BINARY_DIR}/wine_prefix)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine/run.sh ${TALLYRA_WINE_PREFIX})
+
+# tallyra_needs_wine_prefix(test...)
+function(tallyra_needs_wine_prefix)
+  set_property(TEST ${ARGN} APPEND PROPERTY FIXTURES_REQUIRED wine_prefix)
+endfunction()
+
+# tallyra_register_for_tests(target...): DLLs that are registered in the prefix.
+function(tallyra_register_for_tests)
+  set_property(GLOBAL APPEND PROPERTY TALLYRA_REGISTERED_DLLS ${ARGN})
+endfunction()
+
+# tallyra_add_script_test(name script arguments...): a VBScript or JScript file. Wine's script host ends with 0 and in
+# silence when a script fails, so a test passes only if the script prints the line "script reached its end".
+function(tallyra_add_script_test name script)
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/run_script.sh
+    ${TALLYRA_WINE_PREFIX} ${CMAKE_CURRENT_SOURCE_DIR}/${script} ${ARGN})
+  tallyra_needs_wine_prefix(${name})
+  set_property(TEST ${name} PROPERTY TIMEOUT 120)
+endfunction()
+
+# To be called once, after everything that is to be registered.
+function(tallyra_add_wine_prefix)
+  get_property(targets GLOBAL PROPERTY TALLYRA_REGISTERED_DLLS)
+  list(TRANSFORM targets REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE dlls)
+  set(script ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh)
+  add_test(NAME wine_prefix_set_up COMMAND ${script} set-up ${TALLYRA_WINE_PREFIX} ${dlls})
+  add_test(NAME wine_prefix_tear_down COMMAND ${script} tear-down ${TALLYRA_WINE_PREFIX})
+  set_tests_properties(wine_prefix_set_up PROPERTIES FIXTURES_SETUP wine_prefix TIMEOUT 120)
+  set_tests_properties(wine_prefix_tear_down PROPERTIES FIXTURES_CLEANUP wine_prefix TIMEOUT 30)
+endfunction()

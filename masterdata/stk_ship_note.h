@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "automation/object.h"
+#include "frame/session.h"
+
+namespace tallyra::masterdata {
+
+// Shipping notes, the feedback on a shipment (STKSHIPNOTE, by the TRANNO of the document). Results, error
+// fields and the owner right are those of the receiving addresses.
+class CStkShipNote : public frame::Session {
+ public:
+  CStkShipNote();
+
+  float Read(std::string& cTRANNO, automation::Object& colFieldName, automation::Object& colFieldValue);
+  // Only a note whose TRANTYPE is "STK030SHIPN" is asked for its owner.
+  float Update(std::string cTRANNO, automation::Object& colFieldName, automation::Object& colFieldValue);
+  float Insert(std::string cTRANNO, automation::Object& colFieldName, automation::Object& colFieldValue);
+  float Delete(std::string cTRANNO);
+};
+
+}  // namespace tallyra::masterdata

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "automation/object.h"
+
+namespace tallyra::client {
+
+// What a client hands to an object before its first call. A value that was not given leaves the property as
+// the class made it.
+struct Session {
+  std::optional<std::string> connection_string;
+  std::optional<std::string> user;
+  std::optional<std::string> language;
+  std::string database_kind = "MSACCESS";
+  bool kind_given = false;
+};
+
+// The connection string for --db: a text that begins with a keyword and '=' is one already, anything else is
+// the path of an SQLite file. Throws UsageError when there is no such file: the engine would make an empty
+// one.
+std::string connection_string_for(std::string_view db);
+
+// Sets ConnectionString, UserID, Language and SystemDatabase, in this order. Throws UsageError when the class
+// has no property for a value that was given; the default database kind is set only where there is one.
+void set_session(const automation::Object& object, std::string_view prog_id, const Session& session);
+
+}  // namespace tallyra::client

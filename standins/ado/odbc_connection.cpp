@@ -1,0 +1,147 @@
+#include "standins/ado/odbc_connection.h"
+
+#include <array>
+#include <atomic>
+#include <optional>
+
+#include "automation/folded_name.h"
+#include "standins/ado/ado_error.h"
+#include "standins/ado/odbc_environment.h"
+#include "standins/ado/odbc_error.h"
+#include "standins/ado/statement_scope.h"
+
+namespace tallyra::standins::ado {
+namespace {
+
+std::uint64_t next_ordinal() {
+  static std::atomic<std::uint64_t> last{0};
+  return ++last;
+}
+
+}  // namespace
+
+OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t seconds)
+    : handle(SQL_HANDLE_ENV, odbc_environment()) {
+  SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
+  handle.require(SQLDriverConnect(handle.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS, nullptr, 0,
+                                  nullptr, SQL_DRIVER_NOPROMPT));
+}
+
+OdbcConnection::Login::~Login() {
+  if (SQL_SUCCEEDED(SQLDisconnect(handle.get()))) return;
+  SQLEndTran(SQL_HANDLE_DBC, handle.get(), SQL_ROLLBACK);
+  SQLDisconnect(handle.get());
+}
+
+OdbcConnection::OdbcConnection(const std::string& odbc_string, std::int32_t login_seconds)
+    : ordinal_(next_ordinal()),
+      login_(odbc_string, login_seconds),
+      statement_(SQL_HANDLE_DBC, login_.handle.get()),
+      traits_{is_sqlite(), rereads_bound_columns()},
+      reader_(traits_),
+      date_columns_(statement_.get()),
+      dialect_(traits_.is_sqlite ? std::make_unique<dialect::SqliteDialect>(date_columns_) : nullptr) {
+  trace(Operation::connect, odbc_string, 0, true);
+}
+
+OdbcConnection::~OdbcConnection() {
+  // The SQLite driver lets neither the transaction nor the connection go while a statement is there.
+  statement_.reset();
+  if (in_transaction_) {
+    SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
+    trace(Operation::rollback, {}, 0, true);
+  }
+  trace(Operation::disconnect, {}, 0, true);
+}
+
+bool OdbcConnection::is_sqlite() {
+  std::array<char, 128> name{};
+  SQLSMALLINT length = 0;
+  const SQLRETURN result = SQLGetInfo(login_.handle.get(), SQL_DBMS_NAME, name.data(),
+                                      static_cast<SQLSMALLINT>(name.size()), &length);
+  return SQL_SUCCEEDED(result) && automation::equals_folded(name.data(), "SQLite");
+}
+
+bool OdbcConnection::rereads_bound_columns() {
+  SQLUINTEGER extensions = 0;
+  SQLGetInfo(login_.handle.get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
+  constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BOUND;
+  return (extensions & needed) == needed;
+}
+
+std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
+  return dialect_ ? dialect_->rewrite(sql) : sql;
+}
+
+OdbcConnection::Result OdbcConnection::run(std::string_view sql, bool count_affected) {
+  // Drivers end the statement at a NUL and would run its front half.
+  if (sql.find('\0') != std::string_view::npos)
+    throw automation::Error(provider_error::errors_in_command, "The statement contains a NUL character");
+  sql = in_words_of_engine(sql);
+  const SQLRETURN result =
+      SQLExecDirect(statement_.get(), odbc_text(sql.data()), static_cast<SQLINTEGER>(sql.size()));
+  // A statement that changed no row at all says SQL_NO_DATA, which is no failure.
+  if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
+    trace(Operation::execute, sql, 0, false);
+    raise_diagnostic(SQL_HANDLE_STMT, statement_.get());
+  }
+  return read_result(sql, count_affected);
+}
+
+OdbcConnection::Result OdbcConnection::read_result(std::string_view sql, bool count_affected) {
+  Result result;
+  SQLSMALLINT columns = 0;
+  statement_.require(SQLNumResultCols(statement_.get(), &columns));
+  if (columns > 0) {
+    const StatementScope scope(statement_.get());
+    result.rows = reader_.read(statement_.get(), columns);
+    trace(Operation::query, sql, result.rows->row_count(), true);
+    return result;
+  }
+  if (count_affected) {
+    SQLLEN affected = -1;
+    SQLRowCount(statement_.get(), &affected);
+    result.affected_rows = affected;
+  }
+  if (changes_schema(sql)) date_columns_.forget();
+  trace(Operation::execute, sql, 0, true);
+  return result;
+}
+
+void OdbcConnection::limit_statements(std::int32_t seconds) {
+  SQLSetStmtAttr(statement_.get(), SQL_ATTR_QUERY_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
+}
+
+SQLRETURN OdbcConnection::set_autocommit(bool on) {
+  return SQLSetConnectAttr(login_.handle.get(), SQL_ATTR_AUTOCOMMIT,
+                           odbc_number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
+}
+
+void OdbcConnection::begin() {
+  const SQLRETURN result = set_autocommit(false);
+  trace(Operation::begin, {}, 0, SQL_SUCCEEDED(result));
+  login_.handle.require(result);
+  in_transaction_ = true;
+}
+
+void OdbcConnection::commit() {
+  const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_COMMIT);
+  trace(Operation::commit, {}, 0, SQL_SUCCEEDED(result));
+  login_.handle.require(result);
+  in_transaction_ = false;
+  login_.handle.require(set_autocommit(true));
+}
+
+void OdbcConnection::rollback() {
+  const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
+  trace(Operation::rollback, {}, 0, SQL_SUCCEEDED(result));
+  date_columns_.forget();
+  in_transaction_ = false;
+  // Whatever the rollback says, later statements must not gather in a transaction nobody opened.
+  const std::optional<automation::Error> failure = login_.handle.failure(result);
+  const SQLRETURN restored = set_autocommit(true);
+  if (failure) throw *failure;
+  login_.handle.require(restored);
+}
+
+}  // namespace tallyra::standins::ado

@@ -1,0 +1,21 @@
+#include "standins/ado/odbc_environment.h"
+
+#include "standins/ado/odbc_handle.h"
+
+namespace tallyra::standins::ado {
+namespace {
+
+OdbcHandle<SQL_HANDLE_ENV> make_environment() {
+  OdbcHandle<SQL_HANDLE_ENV> environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+  environment.require(SQLSetEnvAttr(environment.get(), SQL_ATTR_ODBC_VERSION, odbc_number(SQL_OV_ODBC3), 0));
+  return environment;
+}
+
+}  // namespace
+
+SQLHENV odbc_environment() {
+  static const OdbcHandle<SQL_HANDLE_ENV> environment = make_environment();
+  return environment.get();
+}
+
+}  // namespace tallyra::standins::ado

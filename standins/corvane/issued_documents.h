@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "standins/corvane/document_number.h"
+
+namespace tallyra::standins::corvane {
+
+// The table of the documents whose numbers stand in a key column. Throws Error bad_key_request for a column
+// that no numbers are issued for.
+std::string_view document_table(std::string_view key_column);
+
+// The highest counter among the stored documents of the series, 0 without one. Opens a connection of its own,
+// so it sees committed documents only.
+std::int32_t highest_stored_counter(const std::string& connection_string, std::string_view key_column,
+                                    const Series& series);
+
+}  // namespace tallyra::standins::corvane

@@ -1,0 +1,14 @@
+#include "standins/lexbank/register.h"
+
+#include "automation/local/registry.h"
+#include "standins/lexbank/err_msg.h"
+#include "standins/lexbank/part_f.h"
+
+namespace tallyra::standins::lexbank {
+
+void register_classes() {
+  automation::local::register_class("Lexbank.ErrMsg", [] { return automation::make_object<ErrMsg>(); });
+  automation::local::register_class("Lexbank.CPartF", [] { return automation::make_object<PartF>(); });
+}
+
+}  // namespace tallyra::standins::lexbank

@@ -1,0 +1,77 @@
+#include "stockcheck/check_detail.h"
+
+#include "frame/record_maintenance.h"
+#include "frame/schema/codes.h"
+#include "frame/schema/names.h"
+#include "frame/sql.h"
+
+namespace tallyra::stockcheck {
+
+using automation::Object;
+using frame::Call;
+using frame::CursorType;
+using frame::OwnerTest;
+using frame::sql;
+namespace schema = frame::schema;
+
+CCheckDetail::CCheckDetail() : Session(std::string(schema::access_kind)) {}
+
+float CCheckDetail::Read(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
+                         Object& colFieldValue) {
+  return run_method(*this, [&](Call& call) {
+    read_row(call, {colFieldName, colFieldValue},
+             {.statement = sql("Select STKCHECKDT.*,PARTS.PARTNM,PARTS.COLORNO,PARTS.COLORNM,PARTS.UNITNM"
+                               " From STKCHECKDT INNER JOIN PARTS ON STKCHECKDT.PARTNO=PARTS.PARTNO "
+                               " Where STKCHECKDT.CHECKNO='{}' And STKCHECKDT.PartNo='{}' ",
+                               cCHECKNO, cPartNo),
+              .fill = frame::ReadMove::Fill::replace,
+              .count_rows = false});
+  });
+}
+
+float CCheckDetail::Update(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
+                           Object& colFieldValue) {
+  return run_method(*this, [&](Call& call) {
+    update_rows(
+        call, {colFieldName, colFieldValue},
+        {.table = schema::table::stock_check_line,
+         .function_code = schema::function_code::stock_check,
+         .owner = {.statement = sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO),
+                   .cursor = CursorType::static_copy,
+                   .then = OwnerTest::Then::open_if_closed},
+         .structure = "Select top 1 * From STKCHECKDT",
+         .condition = sql(" Where CHECKNO='{}' And PartNo='{}' ", cCHECKNO, cPartNo)});
+  });
+}
+
+float CCheckDetail::Insert(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
+                           Object& colFieldValue) {
+  return run_method(*this, [&](Call& call) {
+    const auto require_part = [&](Call&) {
+      frame::Recordset& parts = call.recordset();
+      parts.open(sql("Select PARTNO from PARTS WHERE PARTS.PARTNO='{}'", cPartNo), call.connection,
+                 CursorType::static_copy);
+      if (parts.at_end()) call.refuse(frame::message::unknown_part);
+      parts.close();
+    };
+    insert_row(
+        call, {colFieldName, colFieldValue},
+        {.table = schema::table::stock_check_line,
+         .function_code = schema::function_code::stock_check,
+         .existing = sql("Select * From STKCHECKDT Where CHECKNO='{}' And PartNo='{}' ", cCHECKNO, cPartNo),
+         .before_existing = require_part});
+  });
+}
+
+float CCheckDetail::Delete(std::string& cCHECKNO, std::string& cPartNo) {
+  return run_method(*this, [&](Call& call) {
+    delete_rows(call,
+                {.function_code = schema::function_code::stock_check,
+                 .owner = {.statement = sql("Select ADDBY from STKCHECKHD WHERE CHECKNO='{}'", cCHECKNO),
+                           .then = OwnerTest::Then::open_if_closed},
+                 .statements = {
+                     sql("Delete From STKCHECKDT Where CHECKNO='{}' And PartNo='{}'", cCHECKNO, cPartNo)}});
+  });
+}
+
+}  // namespace tallyra::stockcheck

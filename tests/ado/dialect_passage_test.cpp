@@ -1,0 +1,76 @@
+#include "tests/ado/stage.h"
+
+namespace tallyra::standins::ado::test {
+namespace {
+
+// Statements in the component's dialects reach SQLite in its own words, with the date columns as the database
+// itself declares them.
+class DialectPassageTest : public Stage {
+ protected:
+  DialectPassageTest() {
+    execute(connection, "create table STKCLOSEHD(CLOSEDT timestamp, NOTE varchar(20))");
+    execute(connection, "insert into STKCLOSEHD(CLOSEDT,NOTE) values('2024/02/29','2024/02/29')");
+    execute(connection, "insert into STKCLOSEHD(CLOSEDT,NOTE) values(#2024/03/31#,'x')");
+  }
+
+  Object connection = open_connection();
+};
+
+TEST_F(DialectPassageTest, DatesAreWrittenInOneForm) {
+  const Object rows = open_recordset(connection, "Select * From STKCLOSEHD Order By CLOSEDT", {3, 3});
+  EXPECT_EQ(value(rows, "CLOSEDT"), Value(*automation::date_from_civil({2024, 2, 29})));
+  EXPECT_EQ(value(rows, "NOTE"), Value("2024/02/29"));
+  rows.call("MoveNext");
+  EXPECT_EQ(value(rows, "CLOSEDT"), Value(*automation::date_from_civil({2024, 3, 31})));
+}
+
+TEST_F(DialectPassageTest, QueriesOfBothDialectsFindTheRow) {
+  for (const std::string_view sql :
+       {"Select top 1 * From STKCLOSEHD WHERE CLOSEDT='2024/03/31'",
+        "Select Top 1 * From STKCLOSEHD WHERE CLOSEDT=#2024/03/31#",
+        "Select Top 1 * From STKCLOSEHD Where CLOSEDT<'2024/04/01' Order By CLOSEDT DESC"}) {
+    const Object rows = open_recordset(connection, sql, {3, 3});
+    EXPECT_EQ(rows.get("RecordCount"), Value(1)) << sql;
+    EXPECT_EQ(value(rows, "NOTE"), Value("x")) << sql;
+  }
+}
+
+TEST_F(DialectPassageTest, AccessDeletesRun) {
+  Value affected;
+  connection.call("Execute", "Delete * From STKCLOSEHD Where CLOSEDT=#2024/03/31#", automation::ref(affected),
+                  -1);
+  EXPECT_EQ(affected, Value(1));
+}
+
+TEST_F(DialectPassageTest, AChangedTableIsLookedUpAgain) {
+  execute(connection, "create table D(WHENDT varchar(20))");
+  execute(connection, "insert into D(WHENDT) values('2024/03/31')");
+  EXPECT_EQ(scalar(connection, "select WHENDT from D"), Value("2024/03/31"));
+  execute(connection, "drop table D");
+  execute(connection, "create table D(WHENDT timestamp)");
+  execute(connection, "insert into D(WHENDT) values('2024/03/31')");
+  EXPECT_EQ(scalar(connection, "select WHENDT from D"), Value(*automation::date_from_civil({2024, 3, 31})));
+}
+
+TEST_F(DialectPassageTest, ATableOfASimilarNameIsAnother) {
+  execute(connection, "create table A_B(DT varchar(20))");
+  execute(connection, "create table AXB(DT timestamp)");
+  execute(connection, "insert into A_B(DT) values('2024/03/31')");
+  EXPECT_EQ(scalar(connection, "select DT from A_B"), Value("2024/03/31"));
+}
+
+TEST_F(DialectPassageTest, TableNamesOfAnyLengthAreSurvived) {
+  const std::string name(40000, 'T');
+  EXPECT_EQ(error_of([&] { execute(connection, "select * from " + name + " where DT='2024/03/31'"); }),
+            -2147217865);
+}
+
+TEST_F(DialectPassageTest, RecordsetsStayOpenWhileTablesAreLookedUp) {
+  const Object rows = open_recordset(connection, "Select * From STKCLOSEHD Order By CLOSEDT");
+  execute(connection, "create table E(DT timestamp)");
+  execute(connection, "insert into E(DT) values('2024/03/31')");
+  EXPECT_EQ(remaining(rows, "NOTE"), "2024/02/29 x");
+}
+
+}  // namespace
+}  // namespace tallyra::standins::ado::test

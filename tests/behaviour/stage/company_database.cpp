@@ -1,0 +1,87 @@
+#include "tests/behaviour/stage/company_database.h"
+
+#include <atomic>
+
+#include "automation/convert.h"
+#include "automation/create.h"
+#include "frame/collaborators.h"
+#include "samples/company/schema_script.h"
+#include "server/register.h"
+#include "standins/ado/register.h"
+#include "standins/corvane/register.h"
+#include "standins/lexbank/register.h"
+
+#ifdef _WIN32
+#include <process.h>
+#define getpid _getpid
+#else
+#include <unistd.h>
+#endif
+
+namespace tallyra::behaviour {
+
+using automation::Object;
+using automation::Value;
+
+CompanyDatabase::CompanyDatabase(std::string system_database) : system_database_(std::move(system_database)) {
+  server::register_classes();
+  standins::ado::register_classes();
+  standins::corvane::register_classes();
+  standins::lexbank::register_classes();
+  static std::atomic<int> number;
+  folder_ = std::filesystem::temp_directory_path() /
+            ("tallyra-behaviour-" + std::to_string(getpid()) + "-" + std::to_string(++number));
+  std::filesystem::create_directories(folder_);
+  file_ = folder_ / "company.db";
+  // What a test writes need not survive a power cut.
+  connection_string_ = "DRIVER={SQLite3};Database=" + file_.string() + ";SyncPragma=OFF;Timeout=2000";
+  run(samples::company::read_schema(TALLYRA_SCHEMA));
+  run({"INSERT INTO USERRIGHTS VALUES('ADMIN','*',1,1,1,1,1,1,1,1)"});
+}
+
+CompanyDatabase::~CompanyDatabase() {
+  frame::collaborators() = {};
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+void CompanyDatabase::run(const std::vector<std::string>& statements) const {
+  const Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", connection_string_);
+  for (const auto& statement : statements) connection.call("Execute", statement);
+}
+
+std::string CompanyDatabase::rows(const std::string& query) const {
+  const Object recordset = automation::create("ADODB.Recordset");
+  recordset.call("Open", query, connection_string_);
+  std::string text;
+  const Object fields = automation::to_object(recordset.get("Fields"));
+  const auto count = automation::to_int32(fields.get("Count"));
+  for (; !automation::to_boolean(recordset.get("EOF")); recordset.call("MoveNext")) {
+    for (std::int32_t i = 0; i < count; ++i) {
+      const Value value = automation::to_object(fields.call("Item", i)).get("Value");
+      if (i) text += '|';
+      text += value.is_null() ? "NULL" : automation::to_text(value);
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+void CompanyDatabase::grant(const std::string& user, const std::string& rights) const {
+  std::string ones;
+  for (std::size_t i = 0; i < rights.size(); ++i)
+    if (i == 0 || rights[i] == ',') ones += ",1";
+  run({"INSERT INTO USERRIGHTS(USERID,FUNCCODE," + rights + ") VALUES('" + user + "','*'" + ones + ")"});
+}
+
+Object CompanyDatabase::client(std::string_view class_name, std::string_view user) const {
+  Object object = automation::create("Tallyra." + std::string(class_name));
+  object.put("ConnectionString", connection_string_);
+  object.put("UserID", user);
+  object.put("Language", "EN");
+  object.put("SystemDatabase", system_database_);
+  return object;
+}
+
+}  // namespace tallyra::behaviour

@@ -1,0 +1,127 @@
+#include "tests/faults/scene.h"
+#include "tests/transcript/stage/outcome.h"
+
+namespace tallyra::faults {
+namespace {
+
+using automation::Date;
+using automation::Null;
+using automation::Object;
+using automation::ref;
+using automation::Value;
+using stage::Fields;
+using stage::Stage;
+
+Value call_head(const Object& object, const char* member, Fields& fields) {
+  Value key = "S1";
+  return object.call(member, ref(key), ref(fields.names), ref(fields.values));
+}
+
+auto update_head(const char* tag) {
+  return [tag](const Object& object, Fields& fields) {
+    Value operation = tag;
+    return object.call("Update", "S1", ref(fields.names), ref(fields.values), ref(operation));
+  };
+}
+
+auto with_line(const char* member) {
+  return [member](const Object& object, Fields& fields) {
+    Value check = "S1", part = "P1";
+    return object.call(member, ref(check), ref(part), ref(fields.names), ref(fields.values));
+  };
+}
+
+void own_header(Stage& stage, const char* condition) {
+  stage.set("Owner", 1)
+      .finds("Select ADDBY from STKCHECKHD WHERE " + std::string(condition) + "='S1'",
+             {{"ADDBY"}, {{"TESTER"}}});
+}
+
+// A part short, one without difference, one without quantity, one over.
+void counted_sheet(Stage& stage) {
+  stage.set("CanApproved", 1).set("wording.StatusApproved", "Approved").set("wording.NameCheck", "Counted");
+  stage.finds(
+      "SELECT STKCHECKHD.CHECKDT,STKCHECKDT.*,STKCHECKHD.DEPTNO,DEPARTS.DEPTNM  FROM (STKCHECKDT Inner Join "
+      "STKCHECKHD On (STKCHECKDT.CHECKNO=STKCHECKHD.CHECKNO)) Inner Join DEPARTS On "
+      "(STKCHECKHD.DEPTNO=DEPARTS.DEPTNO)  WHERE STKCHECKDT.CHECKNO='S1' Order By STKCHECKDT.PARTNO",
+      {{"CHECKDT", "PARTNO", "QTY", "UPRICE", "DEPTNO", "DEPTNM"},
+       {{Date{45382}, "A", 1.0, 1.0, "10", "Store"},
+        {Date{45382}, "B", 0.0, 1.0, "10", "Store"},
+        {Date{45382}, "C", Null{}, 1.0, "10", "Store"},
+        {Date{45382}, "D", 5.0, Null{}, "10", "Store"}}});
+  stage.finds("Select TOP 1 * From STKCLOSEHD  WHERE CLOSEDT<=#2024/03/31# Order By CLOSEDT Desc",
+              {{"CLOSEDT"}, {{Date{45351}}}});
+  stage.finds(
+      "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
+      "STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOFR='10' And STKTRANHD.TRANDT>#2024/02/29# "
+      "And STKTRANHD.TRANDT<=#2024/03/31# AND STKTRANDT.PARTNO='A'",
+      {{"QTY"}, {{3.0}}});
+}
+
+void add_head(std::vector<Scene>& scenes) {
+  const auto read = [](const Object& object, Fields& fields) { return call_head(object, "Read", fields); };
+  const auto insert = [](const Object& object, Fields& fields) {
+    return call_head(object, "Insert", fields);
+  };
+  const auto remove = [](const Object& object, Fields&) { return object.call("Delete", "S1"); };
+  const auto found = [](Stage& stage) {
+    stage.finds("Select STKCHECKHD.* From STKCHECKHD Where STKCHECKHD.CHECKNO='S1'",
+                {{"CHECKNO", "NOTES"}, {{"S1", Null{}}}});
+  };
+  scenes.push_back({"CCheckHead", "Read", "found", found, read});
+  scenes.push_back({"CCheckHead", "Read", "missing", [](Stage&) {}, read});
+  scenes.push_back({"CCheckHead", "Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); }, insert});
+  scenes.push_back({"CCheckHead", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
+  scenes.push_back(
+      {"CCheckHead", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
+  scenes.push_back(
+      {"CCheckHead", "Update", "edit", [](Stage& stage) { stage.set("CanUpdate", 1); }, update_head("")});
+  scenes.push_back({"CCheckHead", "Update", "owner",
+                    [](Stage& stage) { own_header(stage, "STKCHECKHD.CHECKNO"); }, update_head("")});
+  scenes.push_back({"CCheckHead", "Update", "unapproved", [](Stage& stage) { stage.set("CanUnapproved", 1); },
+                    update_head("UNAPPROVED")});
+  scenes.push_back({"CCheckHead", "Update", "approved_without_lines",
+                    [](Stage& stage) { stage.set("CanApproved", 1); }, update_head("APPROVED")});
+  // The posting has committed what the method then commits again, which ADO reports as an error.
+  scenes.push_back({"CCheckHead", "Update", "approved", counted_sheet, update_head("APPROVED"),
+                    stage::trapped(-2147168242, "No transaction is active.")});
+}
+
+void add_detail(std::vector<Scene>& scenes) {
+  const auto remove = [](const Object& object, Fields&) {
+    Value check = "S1", part = "P1";
+    return object.call("Delete", ref(check), ref(part));
+  };
+  const auto found = [](Stage& stage) {
+    stage.finds(
+        "Select STKCHECKDT.*,PARTS.PARTNM,PARTS.COLORNO,PARTS.COLORNM,PARTS.UNITNM From STKCHECKDT INNER "
+        "JOIN "
+        "PARTS ON STKCHECKDT.PARTNO=PARTS.PARTNO  Where STKCHECKDT.CHECKNO='S1' And STKCHECKDT.PartNo='P1' ",
+        {{"CHECKNO", "QTY"}, {{"S1", 2.5}}});
+  };
+  const auto known_part = [](Stage& stage) {
+    stage.set("CanInsert", 1)
+        .finds("Select PARTNO from PARTS WHERE PARTS.PARTNO='P1'", {{"PARTNO"}, {{"P1"}}});
+  };
+  scenes.push_back({"CCheckDetail", "Read", "found", found, with_line("Read")});
+  scenes.push_back({"CCheckDetail", "Read", "missing", [](Stage&) {}, with_line("Read")});
+  scenes.push_back({"CCheckDetail", "Insert", "", known_part, with_line("Insert")});
+  scenes.push_back(
+      {"CCheckDetail", "Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); }, with_line("Update")});
+  scenes.push_back({"CCheckDetail", "Update", "owner",
+                    [](Stage& stage) { own_header(stage, "STKCHECKHD.CHECKNO"); }, with_line("Update")});
+  scenes.push_back({"CCheckDetail", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
+  scenes.push_back(
+      {"CCheckDetail", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
+}
+
+}  // namespace
+
+std::vector<Scene> stockcheck_scenes() {
+  std::vector<Scene> scenes;
+  add_head(scenes);
+  add_detail(scenes);
+  return scenes;
+}
+
+}  // namespace tallyra::faults

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <string>
+
+#include "samples/company/database.h"
+#include "samples/company/generator.h"
+#include "samples/company/schema_script.h"
+
+namespace tallyra::tests::samples {
+
+namespace company = tallyra::samples::company;
+
+// A folder of its own for the databases of one test, removed with everything in it.
+class CompanyFolder {
+ public:
+  CompanyFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "company-XXXXXX").string();
+    path_ = mkdtemp(pattern.data());
+  }
+  ~CompanyFolder() { std::filesystem::remove_all(path_); }
+  CompanyFolder(const CompanyFolder&) = delete;
+  CompanyFolder& operator=(const CompanyFolder&) = delete;
+
+  std::string file(const std::string& name) const { return path_ + "/" + name; }
+
+  // Creates an empty database from the create script; returns its path.
+  std::string empty_database() const {
+    const std::string path = file("empty.db");
+    company::Database database(path);
+    database.execute("PRAGMA synchronous=OFF");
+    for (const std::string& statement : company::read_schema(SQLITE_SCHEMA)) database.execute(statement);
+    return path;
+  }
+
+  company::Options options(const std::string& name, int parts = 60, int lines = 1200) const {
+    company::Options chosen;
+    chosen.database = file(name);
+    chosen.schema = SQLITE_SCHEMA;
+    chosen.parts = parts;
+    chosen.lines = lines;
+    return chosen;
+  }
+
+  // Generates a small company; returns its path.
+  std::string company_database(const std::string& name = "company.db") const {
+    const company::Options chosen = options(name);
+    company::generate(chosen, [](int) {});
+    return chosen.database;
+  }
+
+ private:
+  std::string path_;
+};
+
+// The one value of a query as text.
+inline std::string value_of(company::Database& database, const std::string& sql) {
+  const auto rows = database.query(sql);
+  return rows.empty() ? "no row" : rows.front().front();
+}
+
+}  // namespace tallyra::tests::samples

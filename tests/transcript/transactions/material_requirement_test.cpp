@@ -1,0 +1,140 @@
+#include "tests/transcript/transactions/transaction_stage.h"
+
+namespace tallyra::transactions_test {
+namespace {
+
+class MaterialRequirement : public TransactionStage {
+ protected:
+  MaterialRequirement() : TransactionStage("CTranDetail") {}
+};
+TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
+
+const std::string opened =
+    "C1.Open 'DSN=x' '' '' -1\n"
+    "R1.CursorLocation = 2\n";
+const std::string of_production_order =
+    "Select CODETAIL.PARTNO,SUM(CODETAIL.COQTY+CODETAIL.TEMPLETQTY) AS QTY From CODETAIL Inner Join COHD On "
+    "CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='N1' And CODETAIL.PARTNO='P1' And COHD.STATUSSN=1 Group By "
+    "CODETAIL.PARTNO";
+const std::string of_sales_order =
+    "Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where SODTBOM.SONO='N1'";
+std::string bills(const std::string& assemblies) {
+  return "Select ASSMBOM.ASSMNO,ASSMBOM.PARTNO,ASSMBOM.ENGQTY,ASSMBOM.URATE,ASSMBOM.WSRATE From ASSMBOM "
+         "Where "
+         "ASSMBOM.ASSMNO In (" +
+         assemblies + ")";
+}
+std::string asked(const std::string& query) {
+  return "R1.Open " + query + " | C1 3 1 -1\nR1.Close\n";
+}
+const std::vector<std::string> bill_columns{"ASSMNO", "PARTNO", "ENGQTY", "URATE", "WSRATE"};
+
+Outcome quantity(double value) {
+  return {value, 0, ""};
+}
+
+TEST_P(MaterialRequirement, OfAProductionOrderStandsInItsOwnList) {
+  for (const Value& type : {omitted, Value(""), Value("STK020MISS"), Value("STK021RTN1"), Value("other")}) {
+    Stage each(GetParam());
+    each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 12.5}}});
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(12.5));
+    EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
+    EXPECT_EQ(each.rights_calls().find("PowerCheck"), std::string::npos);
+  }
+}
+
+TEST_P(MaterialRequirement, OfASalesOrderIsFollowedThroughItsAssemblies) {
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}, {"P1", 0.5}, {"A", 2}}});
+  // A takes 2 B and 3 P1 with a tenth of waste, B takes 4 x 0.25 P1: 0.5 + 12 * (3.3 + 2 * 1).
+  stage.finds(bills("'A','P1'"), {bill_columns, {{"A", "B", 2, 1, 0}, {"A", "P1", 3, 1, 0.1}}});
+  stage.finds(bills("'B'"), {bill_columns, {{"B", "P1", 4, 0.25, 0}, {"B", "C", 1, 1, 0}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), quantity(64.1));
+  EXPECT_EQ(stage.database_calls(), opened + asked(of_production_order) + asked(of_sales_order) +
+                                        asked(bills("'A','P1'")) + asked(bills("'B'")) + asked(bills("'C'")) +
+                                        "C1.Close\n");
+}
+
+TEST_P(MaterialRequirement, MovementsForSalesOrdersAskTheSalesOrderAlone) {
+  for (const char* type : {"STK020MISSSO", "STK021RTNSO"}) {
+    Stage each(GetParam());
+    each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 99}}});
+    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 4}}});
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(4));
+    EXPECT_EQ(each.database_calls(), opened + asked(of_sales_order) + asked(bills("'P1'")) + "C1.Close\n");
+  }
+}
+
+TEST_P(MaterialRequirement, OfNobodyIsReported) {
+  EXPECT_EQ(requirement(client(), "N1", "P1"), refused(10000024));
+  EXPECT_EQ(stage.database_calls(),
+            opened + asked(of_production_order) + asked(of_sales_order) + "C1.Close\n");
+}
+
+TEST_P(MaterialRequirement, OfAnotherPartOnlyIsReported) {
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
+  stage.finds(bills("'A'"), {bill_columns, {{"A", "p1", 2, 1, 0}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), refused(10000024));
+}
+
+TEST_P(MaterialRequirement, OfZeroIsARequirement) {
+  stage.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 0}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), quantity(0));
+  EXPECT_EQ(requirement(client(), "N1", "P1", "STK020MISSSO"), refused(10000024));
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 0}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1", "STK020MISSSO"), quantity(0));
+}
+
+TEST_P(MaterialRequirement, ABillThatContainsItselfComesToAnEndAndIsReported) {
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 1}, {"P1", 1}}});
+  stage.finds(bills("'A','P1'"), {bill_columns, {{"A", "B", 1, 1, 0}}});
+  stage.finds(bills("'B'"), {bill_columns, {{"B", "A", 1, 1, 0}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"),
+            trapped(28, "The bill of materials of B contains itself: B > A > B."));
+  EXPECT_TRUE(stage.database_calls().ends_with(asked(bills("'B'"))));
+}
+
+TEST_P(MaterialRequirement, AsksForManyBillsAtOnceAndDoublesTheirApostrophes) {
+  Rows ordered{{"PARTNO", "QTY"}, {}};
+  std::string first;
+  for (int i = 0; i < 200; ++i) {
+    const std::string part = "it's " + std::to_string(i);
+    ordered.rows.push_back({part, 1});
+    first += (i ? ",'it''s " : "'it''s ") + std::to_string(i) + "'";
+  }
+  ordered.rows.push_back({"P1", 3});
+  stage.finds(of_sales_order, ordered);
+  EXPECT_EQ(requirement(client(), "N1", "P1"), quantity(3));
+  EXPECT_TRUE(stage.database_calls().ends_with(asked(bills(first)) + asked(bills("'P1'")) + "C1.Close\n"));
+}
+
+TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
+  const struct {
+    std::vector<Value> line;
+    Outcome outcome;
+  } rows[] = {{{"A", "P1", "2", 1, 0}, quantity(2)},
+              {{"A", "P1", Null{}, 1, 0}, trapped(94, "Invalid use of Null")},
+              {{"A", "P1", 2, Null{}, 0}, trapped(94, "Invalid use of Null")},
+              {{"A", "P1", 2, 1, Null{}}, trapped(94, "Invalid use of Null")},
+              {{"A", "P1", "two", 1, 0}, trapped(13, "Type mismatch")}};
+  for (const auto& [line, outcome] : rows) {
+    Stage each(GetParam());
+    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 1}}}).finds(bills("'A'"), {bill_columns, {line}});
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), outcome);
+  }
+  stage.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", Null{}}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), trapped(94, "Invalid use of Null"));
+}
+
+TEST_P(MaterialRequirement, AnErrorOfTheDatabaseComesBack) {
+  for (const char* failing : {"From CODETAIL", "From SODTBOM", "From ASSMBOM", "C1.Close"}) {
+    Stage each(GetParam());
+    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 1}}})
+        .fails(failing, Error(-2147217865, "no table"));
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), trapped(-2147217865, "no table"))
+        << failing;
+    EXPECT_TRUE(each.database_calls().ends_with(" ! no table\n"));
+  }
+}
+
+}  // namespace
+}  // namespace tallyra::transactions_test

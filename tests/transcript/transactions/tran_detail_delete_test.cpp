@@ -1,0 +1,86 @@
+#include "tests/transcript/transactions/transaction_stage.h"
+
+namespace tallyra::transactions_test {
+namespace {
+
+class TranDetailDelete : public TransactionStage {
+ protected:
+  TranDetailDelete() : TransactionStage("CTranDetail") {}
+};
+TALLYRA_ON_BOTH_KINDS(TranDetailDelete);
+
+const std::string address = " WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
+
+std::string deletion(const std::string& condition) {
+  return "C1.BeginTrans\n"
+         "C1.Execute Delete From STKTRANDT" +
+         condition +
+         " | -1\n"
+         "C1.CommitTrans\n"
+         "C1.Close\n";
+}
+
+const struct {
+  const char* type;
+  Value number;
+  std::string condition;
+} addresses[] = {{"STK010POREV", 0, address + "SN=0"},
+                 {"STK010POREV", 7, address + "SN=7"},
+                 {"STK011PORTN", 7, address + "SN=7"},
+                 {"STK010POREV", -1, address + "PARTNO='P1' "},
+                 {"STK011PORTN", omitted, address + "PARTNO='P1' "}};
+
+TEST_P(TranDetailDelete, RemovesTheAddressedLinesInATransaction) {
+  for (const auto& [type, number, condition] : addresses) {
+    Stage each(GetParam());
+    each.set("CanDelete", 1);
+    EXPECT_EQ(delete_line(each.client("CTranDetail"), {.type = type, .number = number}), done);
+    EXPECT_EQ(each.database_calls(), "C1.State\nC1.Open 'DSN=x' '' '' -1\n" + deletion(condition));
+    EXPECT_TRUE(
+        each.rights_calls().ends_with("rights.PowerCheck '" + std::string(type) + "'\nrights.CanDelete\n"));
+  }
+}
+
+TEST_P(TranDetailDelete, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
+  for (const auto& [type, number, condition] : addresses)
+    for (const bool found : {true, false}) {
+      Stage each(GetParam());
+      each.set("Owner", 1);
+      if (found) each.finds("Select ADDBY from STKTRANDT" + condition, {{"ADDBY"}, {{"TESTER"}}});
+      EXPECT_EQ(delete_line(each.client("CTranDetail"), {.type = type, .number = number}), done);
+      EXPECT_EQ(each.database_calls(),
+                "C1.Open 'DSN=x' '' '' -1\n"
+                "R1.CursorLocation = 2\n"
+                "R1.Open Select ADDBY from STKTRANDT" +
+                    condition + " | C1 3 1 -1\n" + (found ? "R1.MoveLast\n" : "") +
+                    "R1.Close\n"
+                    "C1.State\n" +
+                    deletion(condition));
+    }
+}
+
+TEST_P(TranDetailDelete, WhoDidNotCreateTheLineIsRefused) {
+  stage.set("Owner", 1).finds("Select ADDBY from STKTRANDT" + address + "SN=7", {{"ADDBY"}, {{"OTHER"}}});
+  EXPECT_EQ(delete_line(client(), {.number = 7}), refused(10000016));
+  EXPECT_TRUE(stage.database_calls().ends_with("R1.MoveLast\nR1.Close\nC1.Close\n"));
+}
+
+TEST_P(TranDetailDelete, OnlyTheNumberOneIsARight) {
+  for (const Value& right : no_rights) {
+    stage.set("CanDelete", right).set("Owner", right);
+    EXPECT_EQ(delete_line(client(), {}), refused(10000016)) << stage::shown(right);
+  }
+  EXPECT_EQ(stage.database_calls(), "");
+}
+
+TEST_P(TranDetailDelete, RollsBackAndClosesWhenItFails) {
+  for (const char* failing : {"Execute", "CommitTrans"}) {
+    Stage each(GetParam());
+    each.set("CanDelete", 1).fails(failing, Error(-2147217900, "locked"));
+    EXPECT_EQ(delete_line(each.client("CTranDetail"), {}), trapped(-2147217900, "locked"));
+    EXPECT_TRUE(each.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n")) << failing;
+  }
+}
+
+}  // namespace
+}  // namespace tallyra::transactions_test

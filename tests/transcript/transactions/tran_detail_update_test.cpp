@@ -1,0 +1,149 @@
+#include "tests/transcript/transactions/transaction_stage.h"
+
+namespace tallyra::transactions_test {
+namespace {
+
+class TranDetailUpdate : public TransactionStage {
+ protected:
+  TranDetailUpdate() : TransactionStage("CTranDetail") {}
+  Outcome play(const Line& line = {}) { return write_line(client(), "Update", line, fields); }
+};
+TALLYRA_ON_BOTH_KINDS(TranDetailUpdate);
+
+const std::string address = "STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
+const std::string structure =
+    "R1.CursorLocation = 2\n"
+    "R1.Open Select top 1 * From STKTRANDT | C1 3 1 -1\n"
+    "R1.Close\n";
+
+TEST_P(TranDetailUpdate, AppendsTheConditionOfNumberOrPart) {
+  const std::string open_parenthesis =
+      " WHERE (STKTRANDT.TRANNO='T1' OR STKTRANDT.TRANNO='STK011PORTN' AND STKTRANDT.REFERENCE='PO1' "
+      "AND STKTRANDT.SN=";
+  const struct {
+    const char* type;
+    Value number;
+    std::string condition;
+  } rows[] = {{"STK010POREV", 0, " WHERE " + address + "SN=0"},
+              {"STK010POREV", 7, " WHERE " + address + "SN=7"},
+              {"STK010POREV", -1, " WHERE " + address + "PARTNO='P1' "},
+              {"STK010POREV", omitted, " WHERE " + address + "PARTNO='P1' "},
+              {"STK011PORTN", 0, open_parenthesis + "0"},
+              {"STK011PORTN", 7, open_parenthesis + "7"},
+              {"STK011PORTN", -1, " WHERE " + address + "PARTNO='P1' "},
+              {"STK011PORTN", omitted, " WHERE " + address + "PARTNO='P1' "},
+              {"stk011portn", 7, " WHERE " + address + "SN=7"},
+              {"STK011PORTN ", 7, " WHERE " + address + "SN=7"},
+              {"STK010PORTN", 7, " WHERE " + address + "SN=7"}};
+  for (const auto& [type, number, condition] : rows) {
+    Stage each(GetParam());
+    each.set("CanUpdate", 1);
+    EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.type = type, .number = number}, fields),
+              done);
+    EXPECT_EQ(each.database_calls(),
+              "C1.State\n"
+              "C1.Open 'DSN=x' '' '' -1\n" +
+                  structure + "C1.Execute <GetUpdateSQL STKTRANDT>" + condition +
+                  " | -1\n"
+                  "C1.Close\n");
+    EXPECT_TRUE(each.rights_calls().ends_with("rights.PowerCheck '" + std::string(type) +
+                                              "'\n"
+                                              "rights.CanUpdate\n"
+                                              "rights.GetUpdateSQL 'STKTRANDT' object object R1\n"
+                                              "rights.ErrNumber\n"));
+  }
+}
+
+TEST_P(TranDetailUpdate, TestsTheCollectionsBeforeAnyRight) {
+  const Object object = client();
+  Fields none;
+  Fields uneven{{"QTY", 5}};
+  Fields::add(uneven.values, 6);
+  write_line(object, "Update", {}, none);
+  for (Fields* each : {&none, &uneven}) {
+    stage.clear();
+    EXPECT_EQ(write_line(object, "Update", {}, *each), refused(10000002));
+    EXPECT_EQ(stage.database_calls() + stage.rights_calls(), "");
+  }
+}
+
+TEST_P(TranDetailUpdate, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
+  const struct {
+    Value number;
+    std::string owner_query;
+  } rows[] = {{7, "Select ADDBY from STKTRANDT WHERE " + address + "SN=7"},
+              {-1, "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' "}};
+  for (const auto& [number, owner_query] : rows)
+    for (const bool found : {true, false}) {
+      Stage each(GetParam());
+      each.set("Owner", 1);
+      if (found) each.finds(owner_query, {{"ADDBY"}, {{" TESTER"}}});
+      EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.number = number}, fields), done);
+      EXPECT_TRUE(
+          each.database_calls().starts_with("C1.Open 'DSN=x' '' '' -1\n"
+                                            "R1.CursorLocation = 2\n"
+                                            "R1.Open " +
+                                            owner_query + " | C1 3 1 -1\n" + (found ? "R1.MoveLast\n" : "") +
+                                            "R1.Close\n"
+                                            "C1.State\n" +
+                                            structure + "C1.Execute <GetUpdateSQL STKTRANDT> WHERE "))
+          << each.database_calls();
+    }
+}
+
+TEST_P(TranDetailUpdate, TheOwnerQueryOfAPurchaseReturnIsWellFormed) {
+  stage.set("Owner", 1);
+  EXPECT_EQ(play({.type = "STK011PORTN", .number = 7}), done);
+  EXPECT_TRUE(tells("R1.Open Select ADDBY from STKTRANDT WHERE " + address + "SN=7 | C1 3 1 -1"));
+}
+
+TEST_P(TranDetailUpdate, WhoDidNotCreateTheLineIsRefusedWithEverythingClosed) {
+  for (const Value& owner : {Value("OTHER"), Value("tester"), Value("")}) {
+    Stage each(GetParam());
+    each.set("Owner", 1);
+    each.finds("Select ADDBY from STKTRANDT WHERE " + address + "SN=7", {{"ADDBY"}, {{owner}}});
+    EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.number = 7}, fields), refused(10000016));
+    EXPECT_TRUE(each.database_calls().ends_with("R1.MoveLast\nR1.Close\nC1.Close\n"));
+  }
+}
+
+TEST_P(TranDetailUpdate, OfSeveralLinesTheLastOneTellsTheOwner) {
+  const std::string owner_query = "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' ";
+  stage.set("Owner", 1);
+  stage.finds(owner_query, {{"ADDBY"}, {{"OTHER"}, {"TESTER"}}});
+  stage.finds(owner_query, {{"ADDBY"}, {{"TESTER"}, {"OTHER"}}});
+  EXPECT_EQ(play(), done);
+  EXPECT_EQ(play(), refused(10000016));
+}
+
+TEST_P(TranDetailUpdate, OnlyTheNumberOneIsARight) {
+  for (const Value& right : no_rights) {
+    stage.set("CanUpdate", right).set("Owner", right);
+    EXPECT_EQ(play(), refused(10000016)) << stage::shown(right);
+  }
+  EXPECT_EQ(stage.database_calls(), "");
+}
+
+TEST_P(TranDetailUpdate, ABuilderErrorIsCopiedAndNothingIsExecuted) {
+  stage.set("CanUpdate", 1).set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
+  EXPECT_EQ(play(), trapped(77, "no such column"));
+  EXPECT_TRUE(stage.database_calls().ends_with("R1.Close\nC1.Close\n"));
+  EXPECT_EQ(stage.transcript().find("Execute"), std::string::npos);
+}
+
+TEST_P(TranDetailUpdate, TheDatabasesAnswerToTheOpenParenthesisComesBack) {
+  stage.set("CanUpdate", 1).fails("OR STKTRANDT.TRANNO='STK011PORTN'", Error(-2147217900, "Missing )"));
+  EXPECT_EQ(play({.type = "STK011PORTN", .number = 1}), trapped(-2147217900, "Missing )"));
+  EXPECT_TRUE(stage.database_calls().ends_with("SN=1 | -1 ! Missing )\n"));
+}
+
+TEST_P(TranDetailUpdate, WritesTheAddressAsItStands) {
+  stage.set("CanUpdate", 1);
+  play({.document = "T'1", .reference = " r ", .part = "it's", .number = -5});
+  EXPECT_TRUE(
+      tells("C1.Execute <GetUpdateSQL STKTRANDT> WHERE STKTRANDT.TRANNO='T'1' AND "
+            "STKTRANDT.REFERENCE=' r ' AND STKTRANDT.PARTNO='it's'  | -1"));
+}
+
+}  // namespace
+}  // namespace tallyra::transactions_test

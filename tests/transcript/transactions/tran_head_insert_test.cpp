@@ -1,0 +1,106 @@
+#include "tests/transcript/transactions/transaction_stage.h"
+
+namespace tallyra::transactions_test {
+namespace {
+
+class TranHeadInsert : public TransactionStage {
+ protected:
+  TranHeadInsert() : TransactionStage("CTranHead") { stage.set("CanInsert", 1); }
+  Outcome play(const Value& copied = omitted) {
+    return insert_head(client(), "T1", "STK010POREV", fields, copied);
+  }
+};
+TALLYRA_ON_BOTH_KINDS(TranHeadInsert);
+
+const std::string existing = "Select * From STKTRANHD where TRANNO='T1'";
+const std::string created =
+    "C1.Open 'DSN=x' '' '' -1\n"
+    "R1.CursorLocation = 2\n"
+    "R1.Open " +
+    existing +
+    " | C1 3 1 -1\n"
+    "R1.Close\n"
+    "C1.BeginTrans\n"
+    "C1.Execute <GetInsertSQL STKTRANHD> | -1\n";
+const std::string lines = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
+
+TEST_P(TranHeadInsert, CreatesTheHeaderAloneWhenNothingIsCopied) {
+  for (const Value& copied : {omitted, Value("")}) {
+    Stage other(GetParam());
+    other.set("CanInsert", 1);
+    EXPECT_EQ(insert_head(other.client("CTranHead"), "T1", "STK010POREV", fields, copied), done);
+    EXPECT_EQ(other.database_calls(), created + "C1.CommitTrans\nC1.Close\n");
+    EXPECT_TRUE(
+        other.rights_calls().ends_with("rights.PowerCheck 'STK010POREV'\n"
+                                       "rights.CanInsert\n"
+                                       "rights.GetInsertSQL 'STKTRANHD' object object R1\n"
+                                       "rights.ErrNumber\n"));
+  }
+}
+
+TEST_P(TranHeadInsert, TestsTheCollectionsBeforeAnyRight) {
+  const Object object = client();
+  Fields none;
+  Fields uneven{{"QTY", 5}};
+  Fields::add(uneven.names, "SURPLUS");
+  insert_head(object, "T1", "", none);
+  for (Fields* each : {&none, &uneven}) {
+    stage.clear();
+    EXPECT_EQ(insert_head(object, "T1", "STK010POREV", *each), refused(10000002));
+    EXPECT_EQ(stage.database_calls() + stage.rights_calls(), "");
+  }
+}
+
+TEST_P(TranHeadInsert, OnlyTheNumberOneIsARightAndOwnersHaveNone) {
+  stage.set("Owner", 1);
+  for (const Value& right : no_rights) {
+    stage.set("CanInsert", right);
+    EXPECT_EQ(play(), refused(10000016)) << stage::shown(right);
+  }
+  EXPECT_EQ(stage.database_calls(), "");
+}
+
+TEST_P(TranHeadInsert, ATakenNumberIsRefused) {
+  stage.finds(existing, {{"TRANNO"}, {{"T1"}}});
+  EXPECT_EQ(play(), refused(10000004));
+  EXPECT_EQ(stage.database_calls(),
+            "C1.Open 'DSN=x' '' '' -1\n"
+            "R1.CursorLocation = 2\n"
+            "R1.Open " +
+                existing +
+                " | C1 3 1 -1\n"
+                "R1.Close\n"
+                "C1.Close\n");
+}
+
+TEST_P(TranHeadInsert, ABuilderErrorIsCopiedBeforeAnyTransaction) {
+  stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
+  EXPECT_EQ(play("T0"), trapped(77, "no such column"));
+  EXPECT_TRUE(stage.database_calls().ends_with("R1.Close\nC1.Close\n"));
+  EXPECT_EQ(stage.transcript().find("BeginTrans"), std::string::npos);
+}
+
+TEST_P(TranHeadInsert, ACopyOfADocumentWithoutLinesCreatesTheHeaderAlone) {
+  EXPECT_EQ(play("T0"), done);
+  EXPECT_EQ(stage.database_calls(), created + "R1.Open " + lines +
+                                        " | C1 3 1 -1\n"
+                                        "R1.Close\n"
+                                        "C1.CommitTrans\n"
+                                        "C1.Close\n");
+}
+
+TEST_P(TranHeadInsert, AFailingStatementIsNotRolledBackButLetGo) {
+  stage.fails("Execute", Error(-2147217900, "syntax"));
+  EXPECT_EQ(play(), trapped(-2147217900, "syntax"));
+  EXPECT_TRUE(
+      stage.database_calls().ends_with("C1.BeginTrans\n"
+                                       "C1.Execute <GetInsertSQL STKTRANHD> | -1 ! syntax\n"));
+}
+
+TEST_P(TranHeadInsert, ABlankNumberIsNotAnEmptyOne) {
+  EXPECT_EQ(play(" "), done);
+  EXPECT_TRUE(tells("R1.Open SELECT * FROM STKTRANDT WHERE TRANNO=' ' | C1 3 1 -1"));
+}
+
+}  // namespace
+}  // namespace tallyra::transactions_test

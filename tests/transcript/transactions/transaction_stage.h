@@ -1,0 +1,45 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/transcript/stage/stage.h"
+#include "tests/transcript/transactions/methods.h"
+
+namespace tallyra::transactions_test {
+
+using automation::Error;
+using automation::Null;
+using stage::done;
+using stage::refused;
+using stage::Rows;
+using stage::Stage;
+using stage::trapped;
+
+// One class on a stage of each kind of database. Apart from dates the two get the same texts.
+class TransactionStage : public testing::TestWithParam<const char*> {
+ protected:
+  explicit TransactionStage(const char* class_name) : class_name_(class_name) {}
+
+  Object client() { return stage.client(class_name_); }
+  // Whether a line stands in the transcript.
+  bool tells(const std::string& line) const {
+    return stage.transcript().find(line + "\n") != std::string::npos;
+  }
+
+  Stage stage{GetParam()};
+  Fields fields{{"QTY", 5}};
+
+ private:
+  const char* class_name_;
+};
+
+// Rights that are none: a right is the number 1 and nothing else.
+inline const Value no_rights[] = {0, 2, -1, 1.5, Null{}, true};
+
+#define TALLYRA_ON_BOTH_KINDS(fixture)                                                 \
+  INSTANTIATE_TEST_SUITE_P(Kinds, fixture, testing::Values("MSACCESS", "MSSQLSERVER"), \
+                           [](const auto& param) { return std::string(param.param); })
+
+}  // namespace tallyra::transactions_test
