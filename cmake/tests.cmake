@@ -6,10 +6,19 @@ if(WIN32)
   include(${CMAKE_CURRENT_LIST_DIR}/windows/wine_tests.cmake)
 endif()
 
+# Most of a small test's compile time is the headers that all tests share; and no test is worth optimising.
+add_library(tallyra_test_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/test_headers.cpp)
+target_link_libraries(tallyra_test_headers PRIVATE tallyra_automation GTest::gtest)
+target_compile_options(tallyra_test_headers PRIVATE -O0)
+target_precompile_headers(tallyra_test_headers PRIVATE
+  <gtest/gtest.h> <functional> <map> <string> <vector> "${PROJECT_SOURCE_DIR}/automation/object.h")
+
 function(tallyra_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")
   add_executable(${name} ${test_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE tallyra_build_rules ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} REUSE_FROM tallyra_test_headers)
   # A test that hangs is a failure too.
   if(WIN32)
     add_test(NAME ${name} COMMAND ${name})

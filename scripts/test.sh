@@ -8,7 +8,7 @@ setup_native
 passed=0
 failed=0
 
-# count NAME COMMAND...: runs tests that CTest knows and adds their numbers up.
+# run_level NAME PRESET: builds, runs the tests that CTest knows and adds their numbers up.
 run_level() {
   local name=$1 preset=$2 log
   log="$repository/build/test-$preset.log"
@@ -32,7 +32,23 @@ run_level() {
   failed=$((failed + bad))
 }
 
+# run_script NAME COMMAND...: a script that checks for itself what it shows counts as one test.
+run_script() {
+  local name=$1 log
+  shift
+  log="$repository/build/test-$(tr 'A-Z ' 'a-z-' <<<"$name").log"
+  if "$@" >"$log" 2>&1; then
+    say "$name: passed (log: build/$(basename "$log"))"
+    passed=$((passed + 1))
+  else
+    tail -n 40 "$log"
+    say "$name: failed"
+    failed=$((failed + 1))
+  fi
+}
+
 run_level "Native release" release
+run_script "Demo" "$repository/scripts/demo.sh"
 run_level "Native sanitizers" sanitize
 
 echo "$passed passed, $failed failed"

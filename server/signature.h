@@ -90,10 +90,15 @@ class Passed {
 
   void hand_back() {
     if constexpr (by_reference)
-      if (argument_ && !(value_ == before_)) argument_->set(automation::Value(std::move(value_)));
+      if (argument_ && (!(value_ == before_) || is_output()))
+        argument_->set(automation::Value(std::move(value_)));
   }
 
  private:
+  // A quantity is an output: a variable that held nothing or a text holds a number afterwards, also when that
+  // is 0.
+  bool is_output() const { return std::is_same_v<Plain, double> && !argument_->get().holds<Plain>(); }
+
   Plain convert(const Parameter& parameter, std::size_t index) {
     if (!argument_ && !parameter.optional()) {
       automation::Error error(automation::error_number::argument_not_optional);

@@ -218,6 +218,7 @@ TEST_F(PartCost, EveryStatementLooksUpThePartFirst) {
     average("P");
     produced("P");
     statements = script.log;
+    connection = {};
   }
   connection = database.open();
   int count = 0;
