@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "automation/error.h"
+#include "automation/folded_name.h"
 #include "automation/number_text.h"
 
 namespace tallyra::automation {
@@ -78,22 +79,32 @@ bool radix_bits(const Value& value, Integer& result) {
   return true;
 }
 
+// Money and decimals keep digits that a double would lose, also the one that decides about a half.
+double rounded_exactly(std::string text) {
+  const auto point = text.find('.');
+  if (point == std::string::npos) return parse_number(text);
+  const std::string_view fraction = std::string_view(text).substr(point + 1);
+  const bool half = fraction == "5";
+  const bool odd = point > 0 && (text[point - 1] - '0') % 2 != 0;
+  const bool away = half ? odd : fraction.front() >= '5';
+  const double whole = parse_number(std::string_view(text).substr(0, point));
+  return away ? whole + (text.front() == '-' ? -1 : 1) : whole;
+}
+
+double rounded(const Value& value) {
+  if (value.holds<Currency>() || value.holds<Decimal>()) return rounded_exactly(to_text(value));
+  return round_half_even(to_double(value));
+}
+
 template <class Integer>
 Integer to_integer(const Value& value) {
   if (const auto* same = value.get_if<Integer>()) return *same;
   Integer bits{};
   if (radix_bits(value, bits)) return bits;
-  const double rounded = round_half_even(to_double(value));
-  if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
+  const double whole = rounded(value);
+  if (!(whole >= std::numeric_limits<Integer>::min() && whole <= std::numeric_limits<Integer>::max()))
     throw Error(error_number::overflow);
-  return static_cast<Integer>(rounded);
-}
-
-bool equals_ignoring_case(std::string_view left, std::string_view right) {
-  if (left.size() != right.size()) return false;
-  for (std::size_t i = 0; i < left.size(); ++i)
-    if ((left[i] | 0x20) != (right[i] | 0x20)) return false;
-  return true;
+  return static_cast<Integer>(whole);
 }
 
 }  // namespace
@@ -153,8 +164,8 @@ std::int32_t to_int32(const Value& value) {
 
 bool to_boolean(const Value& value) {
   if (const auto* text = value.get_if<std::string>()) {
-    if (equals_ignoring_case(*text, "True") || equals_ignoring_case(*text, "#TRUE#")) return true;
-    if (equals_ignoring_case(*text, "False") || equals_ignoring_case(*text, "#FALSE#")) return false;
+    if (equals_folded(*text, "True") || equals_folded(*text, "#TRUE#")) return true;
+    if (equals_folded(*text, "False") || equals_folded(*text, "#FALSE#")) return false;
   }
   return to_double(value) != 0;
 }
@@ -176,6 +187,16 @@ Object to_object(const Value& value) {
   const auto* object = value.get_if<Object>();
   if (!object) throw Error(error_number::object_required);
   return *object;
+}
+
+void append_magnitude(std::string& out, const Value& value) {
+  if (value.is_null()) return;
+  if (!value.holds<Currency>() && !value.holds<Decimal>()) {
+    append_number(out, std::fabs(to_double(value)));
+    return;
+  }
+  const std::string text = to_text(value);
+  out.append(text, text.front() == '-' ? 1 : 0);
 }
 
 bool equals_number(const Value& value, double number) {

@@ -25,6 +25,9 @@ Object to_object(const Value& value);
 // Appends the text of a value that is one piece of a concatenation: there Null is no text at all.
 void append_concatenated(std::string& out, const Value& value);
 
+// Appends the text of the absolute value of a number; Null is no text.
+void append_magnitude(std::string& out, const Value& value);
+
 // Comparisons of a value with a number; nothing compares true with Null. 13 for a text that is no number.
 bool equals_number(const Value& value, double number);
 bool exceeds_number(const Value& value, double number);

@@ -8,7 +8,8 @@
 namespace tallyra::automation {
 namespace {
 
-constexpr double first_serial = -657434;
+// The first day's time of day is a fraction away from zero.
+constexpr double first_serial = -657435;
 constexpr double end_serial = 2958466;
 constexpr int seconds_per_day = 86400;
 constexpr std::chrono::sys_days day_zero = std::chrono::year{1899} / 12 / 30;
@@ -54,7 +55,7 @@ bool take(std::string_view& text, char expected) {
 }  // namespace
 
 CivilTime civil_time(Date date) {
-  if (!(date.serial >= first_serial && date.serial < end_serial)) throw Error(error_number::invalid_argument);
+  if (!(date.serial > first_serial && date.serial < end_serial)) throw Error(error_number::invalid_argument);
   double days = std::trunc(date.serial);
   auto seconds = static_cast<int>(std::lround(std::fabs(date.serial - days) * seconds_per_day));
   if (seconds == seconds_per_day) {

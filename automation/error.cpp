@@ -58,19 +58,26 @@ constexpr std::int32_t catastrophic_failure = -2147418113;
 Error::Error(std::int32_t number) : Error(number, std::string(standard_text(number))) {}
 
 Error::Error(std::int32_t number, std::string description)
-    : number_(number), description_(std::move(description)) {}
+    : number_(number), description_(std::make_shared<const std::string>(std::move(description))) {}
 
-Error current_error() {
+Error current_error() noexcept {
+  // Made beforehand: when memory has run out there is none for an error either.
+  static const Error out_of_memory(error_number::out_of_memory);
+  static const Error unknown(catastrophic_failure, "Catastrophic failure");
   try {
     throw;
   } catch (const Error& error) {
     return error;
   } catch (const std::bad_alloc&) {
-    return Error(error_number::out_of_memory);
+    return out_of_memory;
   } catch (const std::exception& error) {
-    return Error(catastrophic_failure, error.what());
+    try {
+      return Error(catastrophic_failure, error.what());
+    } catch (...) {
+      return out_of_memory;
+    }
   } catch (...) {
-    return Error(catastrophic_failure, "Catastrophic failure");
+    return unknown;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -33,22 +34,23 @@ class Error : public std::exception {
   Error(std::int32_t number, std::string description);
 
   std::int32_t number() const noexcept { return number_; }
-  const std::string& description() const noexcept { return description_; }
+  const std::string& description() const noexcept { return *description_; }
   // 1-based position of the argument at fault, 0 when no argument is.
   int argument() const noexcept { return argument_; }
   void blame_argument(int position) noexcept { argument_ = position; }
 
-  const char* what() const noexcept override { return description_.c_str(); }
+  const char* what() const noexcept override { return description_->c_str(); }
 
  private:
   std::int32_t number_;
   int argument_ = 0;
-  std::string description_;
+  // Shared, so that an error is copied without another one.
+  std::shared_ptr<const std::string> description_;
 };
 
 // The error that the exception being handled stands for, as a classic client would see it. Call it from a
 // handler.
-Error current_error();
+Error current_error() noexcept;
 
 // The standard English text of an error number; empty for a number that has none.
 std::string_view standard_text(std::int32_t number);

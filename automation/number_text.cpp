@@ -1,5 +1,6 @@
 #include "automation/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -160,6 +161,28 @@ bool is_decimal_number(std::string_view text) {
   return at == text.size() && at > exponent_start;
 }
 
+// The place of the first digit that is not 0, counted from the point: positive for 1 and above. Of a number
+// in plain digits with an exponent or without.
+long decimal_magnitude(std::string_view number) {
+  const auto exponent_at = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, exponent_at);
+  const auto first = std::min(digits.find_first_not_of("0."), digits.size());
+  const auto point = std::min(digits.find('.'), digits.size());
+  long magnitude = first < point ? static_cast<long>(point - first) : -static_cast<long>(first - point);
+  if (exponent_at < number.size()) {
+    std::string_view text = number.substr(exponent_at + 1);
+    if (text.front() == '+') text.remove_prefix(1);
+    long exponent = 0;
+    // An exponent beyond all bounds decides alone.
+    constexpr long boundless = 1'000'000'000;
+    if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec ==
+        std::errc::result_out_of_range)
+      exponent = text.front() == '-' ? -boundless : boundless;
+    magnitude += std::clamp(exponent, -boundless, boundless);
+  }
+  return magnitude;
+}
+
 }  // namespace
 
 void append_number(std::string& out, double value) {
@@ -196,11 +219,8 @@ double parse_number(std::string_view text) {
   double value = 0;
   const auto status = std::from_chars(plain.data(), plain.data() + plain.size(), value).ec;
   if (status == std::errc::result_out_of_range) {
-    // from_chars reports both ends of the range alike: a negative exponent is too small, which is 0.
-    const auto exponent = plain.find_first_of("eE");
-    const bool tiny = exponent != std::string::npos ? plain[exponent + 1] == '-'
-                                                    : plain.front() == '.' || plain.front() == '0';
-    if (!tiny) throw Error(error_number::overflow);
+    // from_chars reports both ends of the range alike; only what is too small is 0.
+    if (decimal_magnitude(plain) > 0) throw Error(error_number::overflow);
     value = 0;
   }
   return decoration.negative ? -value : value;

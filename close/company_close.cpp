@@ -23,7 +23,7 @@ constexpr double price_type_last = 1;
 constexpr double price_type_cost = 2;
 constexpr double material_type_purchased = 1;
 
-// The unit cost of a part by its price type, asked of the system object of the suite.
+// The unit cost of a part by its price type, asked of the system object of this thread.
 class PartCosts {
  public:
   PartCosts(const Call& call, const std::string& close_literal, const std::string& previous_literal)
@@ -31,27 +31,38 @@ class PartCosts {
         previous_literal_(previous_literal),
         connection_(call.connection.object()) {}
 
+  // The quantity goes by reference: the cost function may put another in its place.
   double of_current_row(const Field& part, const Field& price_type, const Field& material_type,
-                        double quantity) {
+                        Value& quantity) {
+    ask_the_set_of_this_moment();
     const Value price = price_type.value();
-    const Value material = material_type.value();
     if (automation::equals_number(price, price_type_cost) &&
-        automation::exceeds_number(material, material_type_purchased)) {
-      Value part_quantity(quantity);
+        automation::exceeds_number(material_type.value(), material_type_purchased))
       return automation::to_double(part_cost_.of(system_).call(
-          part.object(), ref(close_literal_), previous_literal_, ref(part_quantity), ref(connection_)));
-    }
+          part.object(), ref(close_literal_), previous_literal_, ref(quantity), ref(connection_)));
     frame::LazyMember& price_function =
         automation::equals_number(price, price_type_last) ? last_price_ : average_price_;
     return automation::to_double(price_function.of(system_).call(
         part.object(), ref(close_literal_), previous_literal_, ref(connection_), material_type.object()));
   }
 
+  // As the cost functions have left it.
+  std::string close_literal() const { return automation::to_text(close_literal_); }
+
  private:
+  // Between two rows the caller's message loop has a turn, and may set the collaborators up anew.
+  void ask_the_set_of_this_moment() {
+    if (system_ == frame::collaborators().system) return;
+    system_ = frame::collaborators().system;
+    part_cost_ = frame::LazyMember("GetPartCost");
+    last_price_ = frame::LazyMember("GetLastUprice");
+    average_price_ = frame::LazyMember("GetAvgUprice");
+  }
+
   Value close_literal_;
   Value previous_literal_;
   Value connection_;
-  Object system_ = frame::collaborators().system;
+  Object system_;
   frame::LazyMember part_cost_{"GetPartCost"};
   frame::LazyMember last_price_{"GetLastUprice"};
   frame::LazyMember average_price_{"GetAvgUprice"};
@@ -89,15 +100,17 @@ float CStockClose::STKMonthClose(std::string& cCloseID, std::string& cCloseDT) {
       PartCosts costs(call, cCloseDT, PrevCloseDT);
       Value statement;
       for (; !rows.at_end(); rows.move_next(), automation::yield()) {
-        const double quantity = automation::to_double(total.value());
+        Value quantity(automation::to_double(total.value()));
         const double cost = costs.of_current_row(part, price_type, material_type, quantity);
         frame::append_sql(
             statement.restart_text(),
             "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
             " VALUES('{}','',0,'{}',{},{},'Month`s close','{}',{},'{}',{})",
-            cCloseID, part.value(), quantity, cost, user_id(), TodayDT, user_id(), TodayDT);
+            cCloseID, part.value(), automation::to_double(quantity), cost, user_id(), TodayDT, user_id(),
+            TodayDT);
         call.connection.execute(statement);
       }
+      cCloseDT = costs.close_literal();
     }
     call.connection.commit();
     rows.close();

@@ -68,15 +68,13 @@ class DocumentLines {
   }
 
   void write_incoming(PartQuantities& incoming) {
-    quantity_.clear();
-    automation::append_concatenated(quantity_, incoming.quantity());
-    std::string_view magnitude = quantity_;
-    if (magnitude.starts_with('-')) magnitude.remove_prefix(1);
+    magnitude_.clear();
+    automation::append_magnitude(magnitude_, incoming.quantity());
     frame::append_sql(
         statement_.restart_text(),
         "Insert Into STKTRANDT (TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,ADDBY,ADDDT,EDITBY,EDITDT)"
         " Values('{}','',0,'{}',{},0,'{}',{},'{}',{})",
-        document_, incoming.part(), magnitude, user_, today_, user_, today_);
+        document_, incoming.part(), magnitude_, user_, today_, user_, today_);
     connection_.execute(statement_);
     incoming.move_next();
     automation::yield();
@@ -88,7 +86,7 @@ class DocumentLines {
   const std::string& user_;
   const std::string& today_;
   Value statement_;
-  std::string quantity_;
+  std::string magnitude_;
 };
 
 }  // namespace

@@ -75,19 +75,23 @@ float CStockClose::Insert(Value pCloseDT, Object& colFieldName, Object& colField
     if (!call.has_right("CanInsert")) call.refuse(frame::message::no_right);
 
     call.open_connection();
-    const std::string this_close = sql("Select top 1 * From STKCLOSEHD WHERE CLOSEDT={}", close_literal);
-    records.open(this_close, call.connection, CursorType::static_copy);
+    const auto open_this_close = [&] {
+      records.open(sql("Select top 1 * From STKCLOSEHD WHERE CLOSEDT={}", close_literal), call.connection,
+                   CursorType::static_copy);
+    };
+    open_this_close();
     if (!records.at_end()) call.refuse(frame::message::already_exists);
     records.close();
 
     records.open(sql("Select Top 1 * From STKCLOSEHD Where CLOSEDT<{} Order By CLOSEDT DESC", close_literal),
                  call.connection, CursorType::static_copy);
-    PrevCloseDT = literal.of_text(day_before_all_closes);
+    std::string previous_close = literal.of_text(day_before_all_closes);
     if (!records.at_end()) {
       records.move_first();
-      PrevCloseDT = literal.of_day(automation::to_date(records.value(schema::column::close_date)));
+      previous_close = literal.of_day(automation::to_date(records.value(schema::column::close_date)));
     }
     records.close();
+    PrevCloseDT = std::move(previous_close);
     TodayDT = literal.of_date(automation::today());
 
     departments.open("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO", call.connection,
@@ -131,7 +135,7 @@ float CStockClose::Insert(Value pCloseDT, Object& colFieldName, Object& colField
     STKMonthClose(close_id, close_literal);
     if (get_ErrNumber() != 0) give_up();
 
-    records.open(this_close, call.connection, CursorType::static_copy);
+    open_this_close();
     const auto statement = call.try_build("GetInsertSQL", schema::table::month_close, fields, records);
     if (!statement) {
       remove_unapproved_documents(call.connection);

@@ -50,7 +50,7 @@ Value valid_close_date(Session& session, const DateLiteral& literal, const Value
     call->connection.close();
     return {};
   } catch (...) {
-    error = current_error();
+    error = automation::current_error();
   }
 
   if (guard.trap == ClosingDateGuard::Trap::closed_period)

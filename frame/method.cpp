@@ -1,7 +1,5 @@
 #include "frame/method.h"
 
-#include <new>
-
 #include "automation/convert.h"
 
 namespace tallyra::frame {
@@ -10,8 +8,6 @@ namespace {
 using automation::Error;
 using automation::Object;
 using automation::Value;
-
-constexpr std::int32_t catastrophic_failure = -2147418113;
 
 std::int32_t count(const Object& collection) {
   return automation::to_int32(collection.get("Count"));
@@ -137,20 +133,6 @@ void Call::trap(Session& session, const Error& error) noexcept {
     session.error_description_ = error.description();
   } catch (...) {
     session.error_description_.clear();
-  }
-}
-
-Error current_error() {
-  try {
-    throw;
-  } catch (const Error& error) {
-    return error;
-  } catch (const std::bad_alloc&) {
-    return Error(automation::error_number::out_of_memory);
-  } catch (const std::exception& error) {
-    return Error(catastrophic_failure, error.what());
-  } catch (...) {
-    return Error(catastrophic_failure, "Catastrophic failure");
   }
 }
 

@@ -87,9 +87,6 @@ class Call {
   bool roll_back_on_error_ = false;
 };
 
-// The error that an exception stands for, as a classic client would see it. Call it from a handler.
-automation::Error current_error();
-
 // Runs a business method: error trap, database objects, collaborators, cleared error fields, then the body.
 // The body takes the Call and returns the result of the method; the method has the result `failed` when the
 // body does not come that far. No exception leaves.
@@ -104,9 +101,9 @@ Result run_query(Session& session, std::size_t recordsets, Result failed, Body&&
   } catch (const Call::Left&) {
   } catch (...) {
     if (call)
-      call->trap(current_error());
+      call->trap(automation::current_error());
     else
-      Call::trap(session, current_error());
+      Call::trap(session, automation::current_error());
   }
   return failed;
 }

@@ -155,12 +155,21 @@ struct Signature<R (C::*)(P...)> {
                                        std::index_sequence<I...>) {
     // Braces: the parameters are converted from the first to the last.
     std::tuple<Passed<P>...> passed{Passed<P>(member.parameters[I], arguments, I)...};
+    const auto call = [&] {
+      try {
+        return (object.*F)(std::get<I>(passed).get()...);
+      } catch (automation::Error& error) {
+        // What went wrong inside is the fault of none of the caller's arguments.
+        error.blame_argument(0);
+        throw;
+      }
+    };
     if constexpr (std::is_void_v<R>) {
-      (object.*F)(std::get<I>(passed).get()...);
+      call();
       (std::get<I>(passed).hand_back(), ...);
       return {};
     } else {
-      automation::Value result((object.*F)(std::get<I>(passed).get()...));
+      automation::Value result(call());
       (std::get<I>(passed).hand_back(), ...);
       return result;
     }

@@ -10,6 +10,9 @@ namespace {
 // Every text of the component is made without regard to the user's language; callees hear of none either.
 constexpr LCID language_neutral = LOCALE_NEUTRAL;
 
+// What stays where a callee names no argument.
+constexpr UINT none_at_fault = static_cast<UINT>(-1);
+
 WORD flags_of(Access access) {
   switch (access) {
     case Access::put: return DISPATCH_PROPERTYPUT;
@@ -37,12 +40,14 @@ Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
   OutgoingArguments outgoing(arguments, access);
   Variant result;
   EXCEPINFO failure{};
-  UINT argument_at_fault = 0;
+  UINT argument_at_fault = none_at_fault;
   const HRESULT code =
       target->Invoke(id, IID_NULL, language_neutral, flags_of(access), &outgoing.parameters(),
                      access == Access::read ? &result.raw() : nullptr, &failure, &argument_at_fault);
   if (FAILED(code)) {
-    const Error error = code == DISP_E_EXCEPTION ? error_of(failure) : error_of(code);
+    Error error = code == DISP_E_EXCEPTION ? error_of(failure) : error_of(code);
+    if (argument_at_fault < arguments.size())
+      error.blame_argument(static_cast<int>(arguments.size() - argument_at_fault));
     // A variable that the callee has set before it failed is set.
     outgoing.take_back();
     throw error;

@@ -83,6 +83,11 @@ TEST_P(CloseRecordTest, ReadOfAnOpenDateSucceedsAndReportsIt) {
   EXPECT_EQ(fields.text(), "STATUSSN=1");
 }
 
+TEST_P(CloseRecordTest, ReadLooksForWhateverItIsGiven) {
+  EXPECT_EQ(read("March").number, 10000003);
+  EXPECT_NE(stage.transcript().find(text("CLOSEDT=`March` |")), std::string::npos);
+}
+
 TEST_P(CloseRecordTest, UpdateApprovesEarlierRecordsAndTheDocumentsOfTheNextDay) {
   stage.set("CanApproved", 1);
   EXPECT_EQ(update("2024/03/31", "APPROVED"), done);

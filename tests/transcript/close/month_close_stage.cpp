@@ -19,12 +19,12 @@ MonthCloseStage::MonthCloseStage(const std::string& system_database)
   stage.finds(incoming_query("10"),
               {quantity, {{"A", 1.0}, {"AB", -4.0}, {"B", 3.0}, {"C", 7.0}, {"F", 0.1}}});
   stage.finds(incoming_query("20"), {quantity, {{"A", 2.0}, {"B", 1.0 / 3}}});
-  stage.finds(documents_query(), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
-                                  {{1, "A", 2, Date{45000}, 3.0},
-                                   {1, "B", 1, Date{45000}, 8.25},
-                                   {2, "C", 2, Date{45000}, 7.0},
-                                   {2, "D", 1, Date{45000}, -2.5},
-                                   {3, "E", 3, Date{45000}, 0.0}}});
+  stage.finds(documents_query(literal("2024/04/01")), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
+                                                       {{1, "A", 2, Date{45000}, 3.0},
+                                                        {1, "B", 1, Date{45000}, 8.25},
+                                                        {2, "C", 2, Date{45000}, 7.0},
+                                                        {2, "D", 1, Date{45000}, -2.5},
+                                                        {3, "E", 3, Date{45000}, 0.0}}});
   stage.set("system.GetPartCost", 12.345)
       .set("system.GetLastUprice", 0.1)
       .set("system.GetAvgUprice", 1.0 / 30);
@@ -51,12 +51,12 @@ std::string MonthCloseStage::incoming_query(const std::string& department) const
          " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO";
 }
 
-std::string MonthCloseStage::documents_query() const {
+std::string MonthCloseStage::documents_query(const std::string& date_literal) {
   return "Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY "
          "From "
          "(STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO) Inner Join PARTS On "
          "STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT=" +
-         literal("2024/04/01") +
+         date_literal +
          " AND STKTRANHD.TRANTYPE='STK027CLOSE'  GROUP BY "
          "PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT Order by "
          "PARTS.MTYPESN,STKTRANDT.PARTNO "

@@ -16,7 +16,8 @@ class MonthCloseStage {
 
   std::string outgoing_query(const std::string& department) const;
   std::string incoming_query(const std::string& department) const;
-  std::string documents_query() const;
+  // The query of the company close; the literal of the document date.
+  static std::string documents_query(const std::string& date_literal);
   // The date between the quotes of the kind.
   std::string literal(const std::string& date) const { return quote + date + quote; }
 

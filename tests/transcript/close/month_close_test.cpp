@@ -242,11 +242,8 @@ TEST(MonthClose, APartIsPricedByItsPriceTypeAndMaterialType) {
               {Null{}, 2, "GetAvgUprice"}, {"2", "2", "GetPartCost"}};
   for (const auto& [price_type, material_type, function] : rows) {
     stage::Stage stage;
-    const std::string query = MonthCloseStage().documents_query();
-    std::string fresh = query;
-    fresh.replace(fresh.find("#2024/04/01#"), 12, "");
-    stage.finds(fresh, {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
-                        {{material_type, "A", price_type, Null{}, 1.0}}});
+    stage.finds(MonthCloseStage::documents_query(""), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
+                                                       {{material_type, "A", price_type, Null{}, 1.0}}});
     stage.set("system.GetPartCost", 1).set("system.GetLastUprice", 1).set("system.GetAvgUprice", 1);
     const auto client = stage.client("CStockClose");
     Value id = "K9", date = "#2024/03/31#";
@@ -266,6 +263,72 @@ TEST(MonthClose, ANullSumEndsTheDepartmentInTheTrap) {
   EXPECT_EQ(stage::outcome_of(client, client.call("STKMonthCloseDept", automation::ref(id),
                                                   automation::ref(date), automation::ref(department))),
             trapped(94, "Invalid use of Null"));
+}
+
+TEST(MonthClose, ThePreviousCloseIsADayWhateverItsTime) {
+  MonthCloseStage company;
+  company.stage.finds("Select Top 1 * From STKCLOSEHD Where CLOSEDT<#2024/04/30# Order By CLOSEDT DESC",
+                      {{"CLOSEDT"}, {{automation::Date{45382.75}}}});
+  EXPECT_EQ(company.close("2024/04/30"), done);
+  EXPECT_NE(company.stage.transcript().find("TRANDT>#2024/03/31# AND STKTRANHD.TRANDT<=#2024/04/30#"),
+            std::string::npos);
+}
+
+TEST(MonthClose, ANumberIsIssuedUnlessTheAnswerIsZero) {
+  for (const Value& answer : {Value(2), Value(-1), Value(0.5), Value(true), Value("1")}) {
+    MonthCloseStage company;
+    company.stage.set("system.GetTableKeyID", answer);
+    EXPECT_EQ(company.close(), done) << stage::shown(answer);
+  }
+  for (const Value& answer : {Value(0), Value(0.0), Value("0"), Value(), Value(false)}) {
+    MonthCloseStage company;
+    company.stage.set("system.GetTableKeyID", answer);
+    EXPECT_EQ(company.close().result, 0) << stage::shown(answer);
+  }
+}
+
+TEST(MonthClose, ACleanUpThatFailsIsTheErrorThatIsTold) {
+  MonthCloseStage company;
+  company.stage.fails("Values('K002','STK027CLOSE'", Error(-2147217900, "bad header"));
+  company.stage.fails("STKCLOSEALL' AND STKTRANHD.STATUSSN=0", Error(-2147467259, "locked"), 3);
+  EXPECT_EQ(company.close(), trapped(-2147467259, "locked"));
+}
+
+TEST(MonthClose, ABuilderErrorIsReadAfterTheCleanUp) {
+  MonthCloseStage company;
+  company.stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
+  EXPECT_EQ(company.close(), trapped(77, "no such column"));
+  EXPECT_TRUE(company.stage.transcript().ends_with(
+      "C1.CommitTrans\nrights.ErrNumber\nrights.ErrDescription\nR1.Close\nC1.Close\n"));
+}
+
+TEST(MonthClose, ADepartmentWithoutANameIsClosedAndOneWithoutANumberIsNot) {
+  for (const bool has_number : {true, false}) {
+    stage::Stage stage;
+    stage.set("CanInsert", 1);
+    stage.finds("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO",
+                {{"DEPTNO", "DEPTNM"}, {{has_number ? Value("10") : Value(Null{}), Null{}}}});
+    stage::Fields fields{{"CLOSEDT", "2024/03/31"}};
+    const auto client = stage.client("CStockClose");
+    const auto outcome = stage::outcome_of(
+        client,
+        client.call("Insert", "2024/03/31", automation::ref(fields.names), automation::ref(fields.values)));
+    EXPECT_EQ(outcome, has_number ? done : trapped(94, "Invalid use of Null"));
+  }
+}
+
+TEST(MonthClose, UserAndPartsAreWrittenAsTheyStand) {
+  stage::Stage stage;
+  stage.user = "O'Neil";
+  std::string query = MonthCloseStage().outgoing_query("1'0");
+  query.replace(query.find("#2024/02/29#"), 12, "");
+  stage.finds(query, {{"PARTNO", "QTY"}, {{"a'b", 1.0}, {Null{}, 2.0}}});
+  const auto client = stage.client("CStockClose");
+  Value id = "K9", date = "#2024/03/31#", department = "1'0";
+  client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));
+  EXPECT_NE(stage.transcript().find("Values('K9','',0,'a'b',1, 0 ,'O'Neil',,'O'Neil',)"), std::string::npos)
+      << stage.transcript();
+  EXPECT_NE(stage.transcript().find("Values('K9','',0,'',2, 0 ,"), std::string::npos);
 }
 
 }  // namespace

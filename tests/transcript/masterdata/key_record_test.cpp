@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "automation/create.h"
 #include "tests/transcript/stage/fields.h"
 #include "tests/transcript/stage/outcome.h"
 #include "tests/transcript/stage/stage.h"
@@ -297,6 +298,84 @@ TEST_P(KeyRecordTest, TheErrorFieldsAreClearedByTheNextCall) {
   EXPECT_EQ(play(object, "Delete"), refused(10000016));
   stage.set("CanDelete", 1);
   EXPECT_EQ(play(object, "Delete"), done);
+}
+
+TEST_P(KeyRecordTest, BlanksAroundBothNamesDoNotMakeAnotherOwner) {
+  stage.user = " TESTER ";
+  stage.set("Owner", 1).finds(text("Select ADDBY from {T} WHERE {O}='A1'"), {{"ADDBY"}, {{"TESTER"}}});
+  EXPECT_EQ(play("Delete").number, 3705);
+  stage.user = "TES TER";
+  EXPECT_EQ(play("Delete"), refused(10000016));
+}
+
+// Takes so many items, then raises an error.
+class FullCollection : public automation::Collection {
+ public:
+  explicit FullCollection(std::size_t room) : room_(room) {}
+  Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
+    if (id == 1 && items().size() == room_) throw Error(7);
+    return automation::Collection::invoke(id, access, arguments);
+  }
+
+ private:
+  std::size_t room_;
+};
+
+TEST_P(KeyRecordTest, AReadThatFailsHalfwayTakesBackWhatItHasAdded) {
+  stage.finds(text("Select * From {T} Where {K}='A1'"), {{"A", "B", "C"}, {{1, 2, 3}}});
+  const Object values = automation::make_object<FullCollection>(2U);
+  const Object object = client();
+  EXPECT_EQ(outcome_of(object, object.call("Read", "A1", ref(fields.names), values)),
+            trapped(7, "Out of memory"));
+  EXPECT_EQ(automation::to_int32(automation::to_object(fields.names).get("Count")), 2);
+  EXPECT_EQ(automation::to_int32(values.get("Count")), 0);
+}
+
+TEST_P(KeyRecordTest, ABuilderMayHandAnotherRecordsetBackButNothingElse) {
+  stage.set("CanInsert", 1);
+  for (const Value& replacement : {Value("text"), Value()}) {
+    stage.set("rights.GetInsertSQL replaces 4", replacement);
+    EXPECT_EQ(play("Insert"), trapped(13, "Type mismatch")) << stage::shown(replacement);
+  }
+  const Object other = automation::create("ADODB.Recordset");
+  stage.set("rights.GetInsertSQL replaces 4", other);
+  stage.clear();
+  EXPECT_EQ(play("Insert"), trapped(3704, "Operation is not allowed when the object is closed."));
+  EXPECT_TRUE(stage.database_calls().ends_with("R3.Close\n")) << stage.database_calls();
+}
+
+TEST_P(KeyRecordTest, ABuilderWithoutAnErrorNumberHasNoError) {
+  stage.set("CanInsert", 1);
+  for (const Value& number : {Value(Null{}), Value(), Value("0")}) {
+    stage.set("rights.ErrNumber", number);
+    EXPECT_EQ(play("Insert"), done) << stage::shown(number);
+  }
+}
+
+TEST_P(KeyRecordTest, ARollbackThatFailsTooLeavesTheFirstError) {
+  stage.set("CanDelete", 1).fails("Execute", Error(-2147217900, "locked")).fails("RollbackTrans", Error(5));
+  EXPECT_EQ(play("Delete"), trapped(-2147217900, "locked"));
+  EXPECT_TRUE(stage.database_calls().find("RollbackTrans") != std::string::npos);
+}
+
+TEST_P(KeyRecordTest, AFailingOpenRollsNothingBack) {
+  stage.set("CanDelete", 1).fails(".Open", Error(-2147467259, "unreachable"));
+  EXPECT_EQ(play("Delete"), trapped(-2147467259, "unreachable"));
+  EXPECT_EQ(stage.database_calls(), "C1.Open 'DSN=x' '' '' -1 ! unreachable\n");
+}
+
+TEST_P(KeyRecordTest, PropertiesWrittenLaterCountForTheObjectItself) {
+  stage.set("CanDelete", 1).set("Owner", 1);
+  const Object object = client();
+  play(object, "Delete");
+  object.put("ConnectionString", "DSN=other");
+  stage.clear();
+  play(object, "Delete");
+  EXPECT_TRUE(stage.database_calls().starts_with("C2.Open 'DSN=other' '' '' -1\n"));
+  stage.set("CanDelete", 0).finds(text("Select ADDBY from {T} WHERE {O}='A1'"), {{"ADDBY"}, {{"LATER"}}});
+  EXPECT_EQ(play(object, "Delete"), refused(10000016));
+  object.put("UserID", "LATER");
+  EXPECT_EQ(play(object, "Delete").number, 3705);
 }
 
 }  // namespace

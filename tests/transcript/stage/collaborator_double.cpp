@@ -32,6 +32,11 @@ Value CollaboratorDouble::invoke(automation::MemberId id, automation::Access acc
     return {};
   }
   stage_.step(name() + "." + member + shown(arguments));
+  stage_.note_forms(name() + "." + member, arguments);
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string replacement = name() + "." + member + " replaces " + std::to_string(i + 1);
+    if (stage_.has_member(replacement)) arguments[i].set(stage_.member(replacement));
+  }
   return answer(member, arguments);
 }
 
@@ -42,7 +47,7 @@ Value CollaboratorDouble::answer(const std::string& member, Arguments arguments)
     const std::string number = stage_.issue_document_number();
     if (number.empty()) return 0;
     arguments[2].set(number);
-    return 1;
+    return stage_.has_member(full) ? stage_.member(full) : Value(1);
   }
   if (stage_.has_member(full)) return stage_.member(full);
   if (name() == "rights" && stage_.has_member(member)) return stage_.member(member);

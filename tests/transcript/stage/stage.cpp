@@ -61,6 +61,11 @@ Stage& Stage::finds(const std::string& statement, Rows rows) {
   return *this;
 }
 
+Stage& Stage::forgets(const std::string& statement) {
+  queries_.erase(statement);
+  return *this;
+}
+
 Stage& Stage::set(const std::string& member, Value value) {
   members_[member] = std::move(value);
   return *this;
@@ -118,6 +123,17 @@ const Rows& Stage::rows_of(const std::string& statement) {
 Value Stage::member(const std::string& name) const {
   const auto found = members_.find(name);
   return found == members_.end() ? Value() : found->second;
+}
+
+std::string Stage::forms(const std::string& member_name) const {
+  const auto found = forms_.find(member_name);
+  return found == forms_.end() ? "" : found->second;
+}
+
+void Stage::note_forms(const std::string& member_name, automation::Arguments arguments) {
+  std::string& forms = forms_[member_name];
+  forms.clear();
+  for (const auto& argument : arguments) forms += argument.is_reference() ? '&' : 'v';
 }
 
 std::string Stage::issue_document_number() {

@@ -37,6 +37,8 @@ class Stage {
 
   // A query with exactly this text finds these rows: once for each time it is told, the last one ever after.
   Stage& finds(const std::string& statement, Rows rows);
+  // What the query was told to find no longer counts.
+  Stage& forgets(const std::string& statement);
   // A member of the rights, system, messages or wording object has this value; "CanInsert",
   // "rights.ErrNumber", ...
   Stage& set(const std::string& member, automation::Value value);
@@ -66,7 +68,11 @@ class Stage {
   // Whether the failure that was asked for has happened.
   bool failed() const { return failed_; }
 
+  // How a member of a collaborator got its arguments at its last call: 'v' by value, '&' by reference.
+  std::string forms(const std::string& member) const;
+
   // For the doubles.
+  void note_forms(const std::string& member, automation::Arguments arguments);
   enum class Line { shown, hidden };
   void step(const std::string& line, Line kind = Line::shown);
   const Rows& rows_of(const std::string& statement);
@@ -99,6 +105,7 @@ class Stage {
   // What open recordsets stand on.
   std::deque<Rows> told_;
   std::map<std::string, automation::Value> members_;
+  std::map<std::string, std::string> forms_;
   std::map<std::string, int> numbers_;
   std::vector<std::unique_ptr<automation::local::ScopedClass>> classes_;
   automation::ScopedClock clock_;
