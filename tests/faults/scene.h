@@ -30,6 +30,7 @@ struct Scene {
 std::vector<Scene> masterdata_scenes();
 std::vector<Scene> close_scenes();
 std::vector<Scene> stockcheck_scenes();
+std::vector<Scene> transaction_scenes();
 
 // All of them.
 std::vector<Scene> all_scenes();

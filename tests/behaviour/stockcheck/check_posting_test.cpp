@@ -1,0 +1,264 @@
+#include <gtest/gtest.h>
+
+#include "automation/convert.h"
+#include "automation/create.h"
+#include "automation/local/registry.h"
+#include "automation/member_table.h"
+#include "tests/behaviour/stockcheck/counting_company.h"
+
+// Approvals of stocktakings on a real database: rows before, call, rows after.
+namespace tallyra::behaviour {
+namespace {
+
+using automation::Object;
+using automation::ref;
+using automation::Value;
+using stage::done;
+using stage::Fields;
+
+class CheckPostingOnSqlite : public testing::TestWithParam<const char*> {
+ protected:
+  CountingCompany company{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, CheckPostingOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+                         [](const auto& param) { return std::string(param.param); });
+
+TEST_P(CheckPostingOnSqlite, APartIsPostedWithWhatWasCountedLessWhatMoved) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");            // nothing moved
+  company.counted("S1", "P2", "0");            // 3 went out
+  company.counted("S1", "P3", "3");            // 2 went out, 1 came in: no line
+  company.counted("S1", "P4", "NULL");         // not counted: no line
+  company.counted("S1", "P5", "2.5", "NULL");  // without price
+  company.counted("S1", "P6", "4");            // more came back than went out
+  company.moves("T1", "STK020MISS", "2024-03-10", "10", "", "P2", "3");
+  company.moves("T2", "STK020MISS", "2024-03-10", "10", "", "P3", "2");
+  company.moves("T3", "STK024MRPL", "2024-03-10", "20", "10", "P3", "1");
+  company.moves("T4", "STK020MISS", "2024-03-10", "10", "", "P4", "7");
+  company.moves("T5", "STK021RTN1", "2024-03-10", "10", "", "P6", "-7");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(),
+            "P1|5|1.5\n"
+            "P2|-3|1.5\n"
+            "P5|2.5|0\n"
+            "P6|4|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, TheDocumentSaysWhereItComesFrom) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P2", "5");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(
+      company.rows("SELECT TRANTYPE,REFERENCE,TRANDT,DEPTNOFR,DEPTNMFR,DEPTNOTO,STATUS,STATUSSN,STATUSBY,"
+                   "STATUSDT,MAKEBY,NOTES,ADDBY,ADDDT,EDITBY,EDITDT FROM STKTRANHD"),
+      "STKCHECKISS|S1|2024/03/31|10|Store|NULL|Approved|1|SYSTEM|2024/04/05 14:05:09|SYSTEM|"
+      "Stocktaking adjustment|SYSTEM|2024/04/05 14:05:09|SYSTEM|2024/04/05 14:05:09\n");
+  EXPECT_EQ(
+      company.rows("SELECT L.TRANNO=H.TRANNO,L.TRANNO<>'',L.REFERENCE,L.SN,L.PARTNO,L.REFPARTNO,L.MONO,L.QTY,"
+                   "L.VQTY,L.UPRICE,L.NOTES,L.ADDBY,L.ADDDT,L.EDITBY,L.EDITDT "
+                   "FROM STKTRANDT L, STKTRANHD H"),
+      "1|1|S1|0|P2|NULL||5|NULL|1.5|Stocktaking adjustment|SYSTEM|2024/04/05|SYSTEM|2024/04/05\n");
+  EXPECT_EQ(company.rows("SELECT STATUS,STATUSSN,ADDBY FROM STKCHECKHD"), "APPROVED|1|CLERK\n")
+      << "the header itself, in the transaction that the posting has committed";
+}
+
+TEST_P(CheckPostingOnSqlite, LinesComeInTheOrderOfTheirParts) {
+  company.check("S1", "2024-03-31", "10");
+  for (const char* part : {"P6", "P2", "P4", "P1"}) company.counted("S1", part, "1");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|1|1.5\nP2|1|1.5\nP4|1|1.5\nP6|1|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheCheckDate) {
+  company.closed("2024-01-31");
+  company.closed("2024-02-29");
+  company.closed("2024-04-30");
+  company.check("S1", "2024-03-31", "10");
+  for (const char* part : {"P1", "P2", "P3", "P4", "P5"}) company.counted("S1", part, "10");
+  company.moves("T1", "STK020MISS", "2024-02-29", "10", "", "P1", "1");
+  company.moves("T2", "STK020MISS", "2024-03-01", "10", "", "P2", "2");
+  company.moves("T3", "STK020MISS", "2024-03-31", "10", "", "P3", "3");
+  company.moves("T4", "STK020MISS", "2024-04-01", "10", "", "P4", "4");
+  company.moves("T5", "STK024MRPL", "2024-02-29", "", "10", "P5", "1");
+  company.moves("T6", "STK024MRPL", "2024-03-31", "", "10", "P5", "2");
+  company.moves("T7", "STK024MRPL", "2024-04-01", "", "10", "P5", "4");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|10|1.5\nP2|8|1.5\nP3|7|1.5\nP4|10|1.5\nP5|8|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, ACloseOnTheCheckDateLeavesNoPeriod) {
+  company.closed("2024-03-31");
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "10");
+  company.moves("T1", "STK020MISS", "2024-03-31", "10", "", "P1", "3");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|10|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, WithoutACloseThePeriodBeginsAfterTheFirstOfJanuary2004) {
+  company.closed("2024-04-30");
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "10");
+  company.counted("S1", "P2", "10");
+  company.moves("T1", "STK020MISS", "2004-01-01", "10", "", "P1", "3");
+  company.moves("T2", "STK020MISS", "2004-01-02", "10", "", "P2", "3");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|10|1.5\nP2|7|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, EveryTypeAndStatusCountsThatLeavesTheDepartmentButOnlyTransfersThatEnterIt) {
+  company.check("S1", "2024-03-31", "10");
+  for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "10");
+  company.moves("T1", "STK010POREV", "2024-03-10", "10", "", "P1", "1");
+  company.moves("T2", "STK030SHIP", "2024-03-10", "10", "", "P1", "2", 0);
+  company.moves("T3", "ANYTHING", "2024-03-10", "10 ", "", "P1", "3", 3);
+  company.moves("T4", "STK024MRPL", "2024-03-10", "20", "10", "P2", "4", 0);
+  company.moves("T5", "STK022REVMO", "2024-03-10", "20", "10", "P2", "5");
+  company.moves("T6", "STK020MISS", "2024-03-10", "20", "", "P3", "6");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|4|1.5\nP2|6|1.5\nP3|10|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, ACheckAfterACloseCountsTheCloseDocument) {
+  company.moves("T1", "STK010POREV", "2024-02-10", "10", "", "P1", "8");
+  company.moves("T2", "STK024MRPL", "2024-02-20", "20", "10", "P1", "1");
+  Fields record{{"CLOSEDT", "2024/02/29"}, {"STATUSSN", 0}};
+  const Object close = company.client("CStockClose");
+  ASSERT_EQ(
+      stage::outcome_of(close, close.call("Insert", "2024/02/29", ref(record.names), ref(record.values))),
+      done);
+  company.moves("T3", "STK020MISS", "2024-03-10", "10", "", "P1", "2");
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "12");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|1|1.5\n") << "12 counted, 9 carried over by the close, 2 moved since";
+}
+
+TEST_P(CheckPostingOnSqlite, ApprovingTwicePostsTwiceAndUnapprovalRemovesAllPostings) {
+  company.check("S1", "2024-03-31", "10");
+  company.check("S2", "2024-03-31", "20");
+  company.counted("S1", "P1", "5");
+  company.counted("S1", "P2", "6");
+  company.counted("S2", "P1", "7");
+  const std::string before = company.everything();
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.postings(), "1|2");
+  expect_posted(company.approve("S1"));
+  // The first posting is a movement out of the department: P1 is 5 against 5 now.
+  EXPECT_EQ(company.postings(), "1|2");
+  company.run({"UPDATE STKCHECKDT SET QTY=9 WHERE PARTNO='P1' AND CHECKNO='S1'"});
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.postings(), "2|3");
+  EXPECT_EQ(company.posted_lines(), "P1|5|1.5\nP2|6|1.5\nP1|4|1.5\n");
+  expect_posted(company.approve("S2"));
+  EXPECT_EQ(company.postings(), "3|4");
+  EXPECT_EQ(company.update("S1", "UNAPPROVED"), done);
+  EXPECT_EQ(company.postings(), "1|1");
+  EXPECT_EQ(company.posted_lines(), "P1|7|1.5\n") << "the other check's";
+  EXPECT_EQ(company.update("S2", "UNAPPROVED"), done);
+  EXPECT_EQ(company.update("S2", "UNAPPROVED"), done) << "nothing left to remove";
+  company.run({"UPDATE STKCHECKDT SET QTY=5 WHERE PARTNO='P1' AND CHECKNO='S1'",
+               "UPDATE STKCHECKHD SET STATUS=NULL"});
+  EXPECT_EQ(company.everything(), before);
+}
+
+TEST_P(CheckPostingOnSqlite, ACheckWithoutLinesSucceedsAndPostsNothing) {
+  company.check("S1", "2024-03-31", "10");
+  EXPECT_EQ(company.approve("S1"), done);
+  EXPECT_EQ(company.postings(), "0|0");
+  EXPECT_EQ(company.rows("SELECT STATUSSN FROM STKCHECKHD"), "1\n");
+}
+
+TEST_P(CheckPostingOnSqlite, ACheckOfAnUnknownDepartmentHasNoLines) {
+  company.check("S1", "2024-03-31", "99");
+  company.counted("S1", "P1", "5");
+  EXPECT_EQ(company.approve("S1"), done);
+  EXPECT_EQ(company.postings(), "0|0");
+}
+
+TEST_P(CheckPostingOnSqlite, ATagInAnotherCasePostsNothing) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  EXPECT_EQ(company.update("S1", "approved"), done);
+  EXPECT_EQ(company.postings(), "0|0");
+}
+
+TEST_P(CheckPostingOnSqlite, AnErrorAmongTheLinesLeavesNothingBehind) {
+  company.check("S1", "2024-03-31", "10");
+  for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "1");
+  company.run(
+      {"CREATE TRIGGER NO_P3 BEFORE INSERT ON STKTRANDT WHEN NEW.PARTNO='P3' "
+       "BEGIN SELECT RAISE(ABORT,'P3 is not allowed'); END"});
+  const std::string before = company.everything();
+  const stage::Outcome outcome = company.approve("S1");
+  EXPECT_EQ(outcome.result, 0);
+  EXPECT_NE(outcome.description.find("P3 is not allowed"), std::string::npos) << outcome.description;
+  EXPECT_EQ(company.everything(), before);
+}
+
+TEST_P(CheckPostingOnSqlite, DeletingAnApprovedCheckLeavesItsPosting) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  expect_posted(company.approve("S1"));
+  const Object head = company.client("CCheckHead");
+  EXPECT_EQ(stage::outcome_of(head, head.call("Delete", "S1")), done);
+  EXPECT_EQ(company.rows("SELECT * FROM STKCHECKHD") + company.rows("SELECT * FROM STKCHECKDT"), "");
+  EXPECT_EQ(company.posted_lines(), "P1|5|1.5\n");
+}
+
+// Numbers documents as the real one does, but for requests that come back empty.
+class ForgetfulSystem : public automation::Implements<ForgetfulSystem> {
+ public:
+  ForgetfulSystem(Object real, int& empty_requests)
+      : real_(std::move(real)), empty_requests_(empty_requests) {}
+  static const automation::MemberTable<ForgetfulSystem>& members() {
+    using automation::write_only;
+    static const automation::MemberTable<ForgetfulSystem> table{
+        {1, "Language", write_only<&ForgetfulSystem::set_language>},
+        {2, "ConnectionString", write_only<&ForgetfulSystem::set_connection_string>},
+        {3, "UserID", write_only<&ForgetfulSystem::ignore>},
+        {4, "DatabaseName", write_only<&ForgetfulSystem::ignore>},
+        {5, "GetTableKeyID", automation::method<&ForgetfulSystem::key>},
+    };
+    return table;
+  }
+  void set_language(const Value& value) { real_.put("Language", value); }
+  void set_connection_string(const Value& value) { real_.put("ConnectionString", value); }
+  void ignore(const Value&) {}
+  Value key(automation::Arguments arguments) {
+    if (empty_requests_ > 0) {
+      --empty_requests_;
+      return 0;
+    }
+    return real_.invoke(real_.resolve("GetTableKeyID"), automation::Access::read, arguments);
+  }
+
+ private:
+  Object real_;
+  int& empty_requests_;
+};
+
+TEST_P(CheckPostingOnSqlite, AfterThreeEmptyKeysTheDocumentIsStoredWithoutANumber) {
+  int empty_requests = 3;
+  const Object real = automation::create("Corvane.CSystem");
+  const automation::local::ScopedClass forgetful(
+      "Corvane.CSystem", [&] { return automation::make_object<ForgetfulSystem>(real, empty_requests); });
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  company.counted("S1", "P2", "6");
+  company.counted("S1", "P3", "7");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.rows("SELECT L.TRANNO='',L.PARTNO,L.QTY FROM STKTRANDT L ORDER BY L.PARTNO"),
+            "1|P1|5\n0|P2|6\n0|P3|7\n");
+  EXPECT_EQ(company.rows("SELECT TRANNO='',REFERENCE FROM STKTRANHD ORDER BY TRANNO"), "1|S1\n0|S1\n");
+  EXPECT_EQ(company.update("S1", "UNAPPROVED"), done);
+  EXPECT_EQ(company.postings(), "0|0");
+
+  empty_requests = 9;
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.postings(), "3|3") << "every line asks three times and gets a header of its own";
+}
+
+}  // namespace
+}  // namespace tallyra::behaviour

@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+
+#include "tests/transcript/stage/outcome.h"
+#include "tests/transcript/stage/stage.h"
+
+// The one query that does not touch the error fields: whatever fails, it is 0 and nothing leaks.
+namespace tallyra {
+namespace {
+
+using automation::ref;
+using automation::Value;
+using stage::Outcome;
+using stage::Stage;
+
+Outcome ask(const automation::Object& client) {
+  Value order = "M1", part = "P1", type = "STK020MISS";
+  return stage::outcome_of(client, client.call("IssuedOrRtnQty", "T1", ref(order), ref(part), ref(type)));
+}
+
+TEST(UnreportedQuery, AnyFailureIsZeroAndNothingLeaks) {
+  bool failed = true;
+  for (int step = 0; failed; ++step) {
+    Stage stage;
+    stage.finds(
+        "Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On"
+        " STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where STKTRANDT.TRANNO<>'T1' And"
+        " STKTRANDT.REFERENCE='M1' And STKTRANDT.PARTNO='P1' And STKTRANHD.TRANTYPE='STK020MISS' And"
+        " STKTRANHD.STATUSSN<>3 Group By STKTRANDT.PARTNO",
+        {{"PARTNO", "QTY"}, {{"P1", -5}}});
+    const auto client = stage.client("CTranDetail");
+    stage.fails_at(step, automation::Error(-2147217887, "injected"));
+    const Outcome outcome = ask(client);
+    failed = stage.failed();
+    ASSERT_EQ(outcome, (Outcome{failed ? 0.0 : 5.0, 0, ""})) << stage.transcript();
+    ASSERT_EQ(stage.alive(), 0) << stage.transcript();
+    EXPECT_TRUE(failed || step > 10);
+  }
+}
+
+}  // namespace
+}  // namespace tallyra
