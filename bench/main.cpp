@@ -6,6 +6,8 @@
 
 #include "bench/comparison.h"
 #include "bench/month_close.h"
+#include "bench/record_maintenance.h"
+#include "bench/stock_check.h"
 #include "server/register.h"
 #include "standins/ado/register.h"
 #include "standins/corvane/register.h"
@@ -53,8 +55,16 @@ int main(int argc, char** argv) {
   tallyra::standins::corvane::register_classes();
   tallyra::standins::lexbank::register_classes();
 
-  std::vector<Scenario> scenarios{tallyra::bench::month_close(5, 200, 5'000, schema)};
-  if (!quick) scenarios.push_back(tallyra::bench::month_close(20, 2'000, 200'000, schema));
+  using namespace tallyra::bench;
+  std::vector<Scenario> scenarios{month_close(5, 200, 5'000, schema),
+                                  record_maintenance(quick ? 200 : 2'000, schema),
+                                  stock_check(20, 2'000, 200'000, 3, schema)};
+  if (!quick) {
+    scenarios.push_back(month_close(20, 2'000, 200'000, schema));
+    // The same movements a month, with five months of history.
+    scenarios.push_back(stock_check(20, 2'000, 333'333, 5, schema));
+    scenarios.push_back(stock_check(50, 20'000, 1'000'000, 3, schema));
+  }
   try {
     print_head();
     for (auto& scenario : scenarios) {

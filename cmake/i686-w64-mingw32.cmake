@@ -11,8 +11,8 @@ set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 
-# Arithmetic as in the native build: the 80-bit registers of the old floating-point unit round differently. Callers in 32-bit
-# Windows align the stack to 4 bytes, SSE wants 16.
+# Arithmetic as in the native build: the 80-bit registers of the old floating-point unit round differently.
+# Callers in 32-bit Windows align the stack to 4 bytes, SSE wants 16.
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign")
 # The runtime goes into each program and DLL: they depend on nothing that Windows does not bring along.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")

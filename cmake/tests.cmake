@@ -16,7 +16,8 @@ target_precompile_headers(tallyra_test_headers PRIVATE
 function(tallyra_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")
   add_executable(${name} ${test_UNPARSED_ARGUMENTS})
-  target_link_libraries(${name} PRIVATE tallyra_build_rules ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE
+    tallyra_build_rules tallyra_automation ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
   target_compile_options(${name} PRIVATE -O0)
   target_precompile_headers(${name} REUSE_FROM tallyra_test_headers)
   # A test that hangs is a failure too.

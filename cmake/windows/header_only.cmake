@@ -1,5 +1,5 @@
-# tallyra_header_only(target header): an interface library for a header-only library of this machine. The compiler is
-# shown a link to that library's folder alone: the rest of the machine's headers describe another system.
+# tallyra_header_only(target header): an interface library for a header-only library of this machine. The
+# compiler is shown a link to that library's folder alone: other headers there describe another system.
 function(tallyra_header_only target header)
   if(TARGET ${target})
     return()

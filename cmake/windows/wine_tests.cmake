@@ -1,5 +1,5 @@
-# Tests run under Wine, in a prefix that belongs to this build folder: CTest makes it before the first test that needs
-# it, with the DLLs of the project registered, and ends Wine after the last.
+# Tests run under Wine, in a prefix that belongs to this build folder: CTest makes it before the first test
+# that needs it, with the DLLs of the project registered, and ends Wine after the last.
 set(TALLYRA_WINE_PREFIX ${CMAKE_BINARY_DIR}/wine_prefix)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine/run.sh ${TALLYRA_WINE_PREFIX})
 
@@ -13,8 +13,8 @@ function(tallyra_register_for_tests)
   set_property(GLOBAL APPEND PROPERTY TALLYRA_REGISTERED_DLLS ${ARGN})
 endfunction()
 
-# tallyra_add_script_test(name script arguments...): a VBScript or JScript file. Wine's script host ends with 0 and in
-# silence when a script fails, so a test passes only if the script prints the line "script reached its end".
+# tallyra_add_script_test(name script arguments...): a VBScript or JScript file. Wine's script host ends with
+# 0 and in silence when a script fails, so a test passes only if the last line is "script reached its end".
 function(tallyra_add_script_test name script)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/run_script.sh
     ${TALLYRA_WINE_PREFIX} ${CMAKE_CURRENT_SOURCE_DIR}/${script} ${ARGN})
