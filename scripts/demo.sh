@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# A company closes two consecutive months on an embedded database through the real classes. Shows the documents that
-# come out and checks them with SQL of its own on the database. Ends with an error when a check fails.
+# A company closes two consecutive months on an embedded database through the real classes, with a stock document's
+# life and a stocktaking between them. Shows the documents that come out and checks them with SQL of its own on the
+# database. Ends with an error when a check fails.
 source "$(dirname "$0")/setup.sh"
 
 folder=$repository/build/demo
@@ -46,6 +47,70 @@ client CStockClose Insert $month_1 CLOSEDT=$month_1 STATUSSN=i:0 MAKEBY=ADMIN
 say "Approving it"
 client CStockClose Update $month_1 STATUSSN=i:1 STATUS=APPROVED APPROVED
 
+# Asks the closing-date guard, and only behind it does what the other arguments say.
+dated() {
+  local date=$1
+  shift
+  client CTranHead ValidCloseDT "d:$date" >"$folder/guard.txt" || { cat "$folder/guard.txt"; return 1; }
+  client "$@" >"$folder/answer.txt" || { cat "$folder/answer.txt"; return 1; }
+}
+answer() { sed -n "s/^$1 *//p" "$folder/answer.txt"; }
+
+say "One stock document's life: a material issue of February"
+order=$(query "SELECT H.CONO FROM COHD H JOIN CODETAIL D ON D.CONO=H.CONO JOIN PARTS P ON P.PARTNO=D.PARTNO
+               WHERE H.STATUSSN=1 AND P.MTYPESN=1 GROUP BY H.CONO HAVING count(*)>1 ORDER BY 1 LIMIT 1")
+part=$(query "SELECT PARTNO FROM CODETAIL WHERE CONO='$order' ORDER BY PARTNO LIMIT 1")
+document() { table "SELECT H.TRANNO AS document, H.TRANTYPE AS type, date(H.TRANDT) AS dated, H.STATUSSN AS status,
+                           L.SN AS line, L.PARTNO AS part, L.QTY AS quantity
+                    FROM STKTRANHD H LEFT JOIN STKTRANDT L ON L.TRANNO=H.TRANNO
+                    WHERE H.TRANNO LIKE 'DEMO-%' ORDER BY 1, 5"; }
+header=(TRANTYPE=STK020MISS DEPTNOFR=10 STATUSSN=i:0 ADDBY=ADMIN)
+in_january=$(dated 2024/01/15 CTranHead Insert DEMO-1 STK020MISS TRANNO=DEMO-1 TRANDT=2024/01/15 "${header[@]}" || true)
+dated 2024/02/12 CTranHead Insert DEMO-1 STK020MISS TRANNO=DEMO-1 TRANDT=2024/02/12 "${header[@]}"
+client CTranDetail GetMRPQty "$order" "$part" STK020MISS >"$folder/answer.txt"
+required=$(answer Result)
+client CTranDetail IssuedOrRtnQty DEMO-1 "$order" "$part" STK020MISS >"$folder/answer.txt"
+issued=$(answer Result)
+echo "order $order requires $required of part $part; $issued issued by other documents"
+dated 2024/02/12 CTranDetail Insert DEMO-1 STK020MISS "$order" "$part" \
+  TRANNO=DEMO-1 "REFERENCE=$order" SN=i:1 "PARTNO=$part" QTY=n:-3 VQTY=n:0 UPRICE=n:0 ADDBY=ADMIN i:1
+dated 2024/02/12 CTranDetail Update DEMO-1 STK020MISS "$order" "$part" QTY=n:-2 i:1
+dated 2024/02/12 CTranHead Update DEMO-1 STK020MISS STATUSSN=i:1 STATUS=APPROVED APPROVED
+dated 2024/02/13 CTranHead Insert DEMO-2 STK020MISS TRANNO=DEMO-2 TRANDT=2024/02/13 "${header[@]}" DEMO-1
+document
+copied=$(query "SELECT count(*) FROM STKTRANDT WHERE TRANNO='DEMO-2' AND SN=1 AND QTY=-2 AND PARTNO='$part'")
+client CTranDetail IssuedOrRtnQty NONE "$order" "$part" STK020MISS >"$folder/answer.txt"
+issued_after=$(answer Result)
+dated 2024/02/13 CTranHead Delete DEMO-2 STK020MISS
+dated 2024/02/12 CTranHead Update DEMO-1 STK020MISS STATUSSN=i:0 STATUS=OPEN UNAPPROVED
+unapproved=$(query "SELECT STATUSSN FROM STKTRANHD WHERE TRANNO='DEMO-1'")
+dated 2024/02/12 CTranHead Update DEMO-1 STK020MISS STATUSSN=i:1 STATUS=APPROVED APPROVED
+
+say "A stocktaking of department 20: counted sheet in, adjustment document out"
+check_no=$(query "SELECT CHECKNO FROM STKCHECKHD LIMIT 1")
+# The book quantity is what moved since January's close, as the documents themselves tell it.
+sheet="
+  WITH HEAD AS (SELECT * FROM STKCHECKHD WHERE CHECKNO='$check_no'),
+  SUMS AS (
+    SELECT C.PARTNO, C.QTY AS COUNTED,
+      (SELECT sum(L.QTY) FROM STKTRANDT L JOIN STKTRANHD H ON H.TRANNO=L.TRANNO, HEAD K WHERE L.PARTNO=C.PARTNO
+         AND H.DEPTNOFR=K.DEPTNO AND H.TRANDT>'$end_1' AND H.TRANDT<=K.CHECKDT AND H.TRANTYPE<>'STKCHECKISS') AS OUTGOING,
+      (SELECT sum(L.QTY) FROM STKTRANDT L JOIN STKTRANHD H ON H.TRANNO=L.TRANNO, HEAD K WHERE L.PARTNO=C.PARTNO
+         AND H.DEPTNOTO=K.DEPTNO AND H.TRANTYPE='STK024MRPL' AND H.TRANDT>'$end_1' AND H.TRANDT<=K.CHECKDT) AS INCOMING
+    FROM STKCHECKDT C WHERE C.CHECKNO='$check_no'),
+  SHEET AS (SELECT PARTNO, max(0, coalesce(OUTGOING,0)) + max(0, coalesce(INCOMING,0)) AS BOOK, COUNTED FROM SUMS)"
+counted_lines=$(query "$sheet SELECT count(*) FROM SHEET")
+differing=$(query "$sheet SELECT count(*) FROM SHEET WHERE COUNTED<>BOOK")
+approval=$(client CCheckHead Update "$check_no" STATUSSN=i:1 STATUS=APPROVED APPROVED || true)
+printf '%s\n' "$approval"
+echo "The posting commits by itself, so the commit behind it is told as an error; the stored posting is the success."
+adjustments="SELECT L.PARTNO, L.QTY FROM STKTRANDT L JOIN STKTRANHD H ON H.TRANNO=L.TRANNO
+             WHERE H.TRANTYPE='STKCHECKISS' AND H.REFERENCE='$check_no'"
+table "$sheet SELECT S.PARTNO AS part, S.BOOK AS book, S.COUNTED AS counted, A.QTY AS adjustment
+       FROM SHEET S LEFT JOIN ($adjustments) A ON A.PARTNO=S.PARTNO
+       ORDER BY A.QTY IS NULL, S.PARTNO LIMIT 12"
+echo "($counted_lines parts counted, $differing of them differ)"
+
 before_month_2=$(close_state)
 say "Closing $month_2"
 client CStockClose Insert $month_2 CLOSEDT=$month_2 STATUSSN=i:0 MAKEBY=ADMIN
@@ -68,6 +133,19 @@ table "SELECT L.PARTNO AS part, P.PARTNM AS name, round(L.QTY, 2) AS quantity, r
        ORDER BY L.QTY*L.UPRICE DESC LIMIT 10"
 
 say "Checks on the database itself"
+check "a document of January is refused after its close" \
+  "$(sed -n 's/^ErrNumber *//p' <<<"$in_january")" 10000112
+check "and nothing of it is stored" "$(query "SELECT count(*) FROM STKTRANHD WHERE TRANNO='DEMO-1' AND TRANDT<'2024-02-01'")" 0
+check "the copy has the line of its original" "$copied" 1
+check "original and copy count as issued" "$issued_after" "$(query "SELECT $issued + 4")"
+check "the deleted copy leaves neither header nor lines" \
+  "$(query "SELECT (SELECT count(*) FROM STKTRANHD WHERE TRANNO='DEMO-2') + (SELECT count(*) FROM STKTRANDT WHERE TRANNO='DEMO-2')")" 0
+check "the document was un-approved and approved again" \
+  "$unapproved $(query "SELECT STATUSSN FROM STKTRANHD WHERE TRANNO='DEMO-1'")" "0 1"
+check "the stocktaking posted one line for each of the $differing differing parts" \
+  "$(query "$sheet SELECT count(*) FROM SHEET S JOIN ($adjustments) A ON A.PARTNO=S.PARTNO
+            AND abs(A.QTY-(S.COUNTED-S.BOOK))<1e-6")" "$differing"
+check "and no other lines" "$(query "SELECT count(*) FROM ($adjustments)")" "$differing"
 check "every department has a document of $month_2" \
   "$(query "SELECT count(*) FROM STKTRANHD WHERE TRANTYPE='STK027CLOSE' AND TRANDT='$documents_2'")" \
   "$(query "SELECT count(*) FROM DEPARTS")"
