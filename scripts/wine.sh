@@ -145,7 +145,8 @@ windows_path() {
 register_dll() {
   local dll
   for dll in "$@"; do
-    wine_run regsvr32 /s "$(windows_path "$dll")" || {
+    # "replace": Wine holds some of the ProgIDs that the stand-ins take.
+    wine_run regsvr32 /s /n /i:replace "$(windows_path "$dll")" || {
       echo "Registering $dll under Wine failed (regsvr32 ended with $?)." >&2
       return 1
     }

@@ -122,8 +122,9 @@ HRESULT ComObject::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARA
   } catch (...) {
     const Error error = current_error();
     if (error.number() == error_number::no_such_member) return DISP_E_MEMBERNOTFOUND;
-    if (error.argument() > 0 && argument_at_fault)
-      *argument_at_fault = parameters->cArgs - static_cast<UINT>(error.argument());
+    if (const auto position = static_cast<UINT>(error.argument());
+        position > 0 && position <= parameters->cArgs && argument_at_fault)
+      *argument_at_fault = parameters->cArgs - position;
     if (!failure) return hresult_from_number(error.number());
     try {
       describe(*failure, error, {});
@@ -142,9 +143,10 @@ HRESULT ComObject::run(DISPID id, Access access, const DISPPARAMS& parameters, V
     return S_OK;
   }
   IncomingArguments incoming(parameters, std::nullopt);
+  const Arguments arguments = incoming.read();
   Value value;
   try {
-    value = object_.invoke(id, access, incoming.list());
+    value = object_.invoke(id, access, arguments);
   } catch (...) {
     // What has been set stays set.
     incoming.write_back();

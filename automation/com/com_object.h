@@ -3,6 +3,7 @@
 #include <oaidl.h>
 
 #include <atomic>
+#include <optional>
 
 #include "automation/com/module.h"
 #include "automation/com/pointer.h"

@@ -26,6 +26,9 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, std::optional
     : wire_count_(parameters.cArgs), wire_(parameters.rgvarg) {
   if (wire_count_ > 0 && !wire_) throw error_of(E_INVALIDARG);
   place_sources(parameters, parameter_count);
+}
+
+Arguments IncomingArguments::read() {
   // References to the values are taken below, so their places must not move.
   values_.reserve(sources_.size());
   before_.resize(sources_.size());
@@ -45,6 +48,7 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, std::optional
       arguments_.push_back(Argument(values_[i]));
     }
   }
+  return arguments_;
 }
 
 void IncomingArguments::place_sources(const DISPPARAMS& parameters,
@@ -75,8 +79,8 @@ void IncomingArguments::write_back() {
   }
 }
 
-UINT IncomingArguments::wire_index(std::size_t parameter) const {
-  if (parameter >= sources_.size() || !sources_[parameter]) return 0;
+std::optional<UINT> IncomingArguments::wire_index(std::size_t parameter) const {
+  if (parameter >= sources_.size() || !sources_[parameter]) return std::nullopt;
   return static_cast<UINT>(sources_[parameter] - wire_);
 }
 

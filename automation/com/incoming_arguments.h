@@ -22,14 +22,15 @@ class IncomingArguments {
   IncomingArguments(const IncomingArguments&) = delete;
   IncomingArguments& operator=(const IncomingArguments&) = delete;
 
-  Arguments list() const { return arguments_; }
+  // Reads the values; to be called once. Throws Error for one that cannot be read, blaming its argument.
+  Arguments read();
 
   // Gives each replaced argument to the variable that the caller has referred to. Left-out arguments stay as
   // they are: a caller may use one variable of that kind for all of them.
   void write_back();
 
-  // Where the argument of a parameter (from 0) stands in the caller's list.
-  UINT wire_index(std::size_t parameter) const;
+  // Where the argument of a parameter (from 0) stands in the caller's list; nothing for one that is absent.
+  std::optional<UINT> wire_index(std::size_t parameter) const;
 
  private:
   void place_sources(const DISPPARAMS& parameters, std::optional<std::size_t> parameter_count);

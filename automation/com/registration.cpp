@@ -5,26 +5,13 @@
 #include "automation/com/failure.h"
 #include "automation/com/module.h"
 #include "automation/com/registry_key.h"
-
-// In the import library, but in no header of the compiler.
-extern "C" HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* help_folder);
-extern "C" HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID id, WORD major, WORD minor, LCID locale,
-                                                   SYSKIND system);
+#include "automation/com/type_library_entries.h"
 
 namespace tallyra::automation::com {
 namespace {
 
-constexpr WORD major_version = 1;
-constexpr WORD minor_version = 0;
-
 ClassesBranch branch_of(Scope scope) {
   return ClassesBranch(scope == Scope::user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE);
-}
-
-std::wstring guid_text(REFGUID guid) {
-  wchar_t text[39];
-  StringFromGUID2(guid, text, 39);
-  return text;
 }
 
 std::wstring versioned(const ServedClass& served) {
@@ -63,17 +50,10 @@ bool is_foreign(const ClassesBranch& branch, const std::wstring& prog_id, const 
   return !owner.empty() && _wcsicmp(owner.c_str(), guid_text(served.class_id).c_str()) != 0;
 }
 
-void write_type_library(Scope scope, std::wstring path) {
+Pointer<ITypeLib> type_library_in(const std::wstring& path) {
   Pointer<ITypeLib> library;
   throw_if_failed(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.out()));
-  throw_if_failed(scope == Scope::user ? RegisterTypeLibForUser(library.get(), path.data(), nullptr)
-                                       : RegisterTypeLib(library.get(), path.data(), nullptr));
-}
-
-HRESULT remove_type_library(const GUID& id, Scope scope) {
-  const auto remove = scope == Scope::user ? UnRegisterTypeLibForUser : UnRegisterTypeLib;
-  const HRESULT code = remove(id, major_version, minor_version, LOCALE_NEUTRAL, SYS_WIN32);
-  return code == TYPE_E_REGISTRYACCESS || code == HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND) ? S_OK : code;
+  return library;
 }
 
 }  // namespace
@@ -91,7 +71,7 @@ HRESULT register_module(const ServedModule& module, Scope scope, Conflict confli
   try {
     const std::wstring path = module_path();
     for (const auto& served : module.classes) write_class(branch, served, module, path);
-    if (module.type_library) write_type_library(scope, path);
+    if (module.type_library) write_type_library(branch, *type_library_in(path).get(), path);
   } catch (...) {
     const HRESULT code = hresult_from_number(current_error().number());
     unregister_module(module, scope);
@@ -112,10 +92,10 @@ HRESULT unregister_module(const ServedModule& module, Scope scope) {
       for (const auto& prog_id : {served.prog_id, versioned(served)})
         if (!is_foreign(branch, prog_id, served)) note(branch.remove(prog_id));
     }
+    if (module.type_library) note(remove_type_library(branch, *type_library_in(module_path()).get()));
   } catch (...) {
     note(hresult_from_number(current_error().number()));
   }
-  if (module.type_library) note(remove_type_library(*module.type_library, scope));
   return first_failure;
 }
 

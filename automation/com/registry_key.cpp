@@ -1,5 +1,7 @@
 #include "automation/com/registry_key.h"
 
+#include <objbase.h>
+
 #include "automation/com/failure.h"
 
 namespace tallyra::automation::com {
@@ -27,7 +29,26 @@ std::wstring ClassesBranch::text(const std::wstring& key) const {
 HRESULT ClassesBranch::remove(const std::wstring& key) const {
   const LSTATUS status = RegDeleteTreeW(root_, path(key).c_str());
   if (status == ERROR_FILE_NOT_FOUND) return S_OK;
+  if (const auto parent = key.rfind(L'\\'); parent != std::wstring::npos)
+    remove_if_empty(key.substr(0, parent));
   return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+}
+
+void ClassesBranch::remove_if_empty(const std::wstring& key) const {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(root_, path(key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+  DWORD keys = 1;
+  DWORD values = 1;
+  RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
+                   nullptr, nullptr);
+  RegCloseKey(opened);
+  if (keys == 0 && values == 0) RegDeleteKeyW(root_, path(key).c_str());
+}
+
+std::wstring guid_text(REFGUID guid) {
+  wchar_t text[39];
+  StringFromGUID2(guid, text, 39);
+  return text;
 }
 
 }  // namespace tallyra::automation::com

@@ -16,13 +16,19 @@ class ClassesBranch {
   void set(const std::wstring& key, const wchar_t* name, const std::wstring& text) const;
   // The text of the key itself, empty when there is none.
   std::wstring text(const std::wstring& key) const;
-  // Removes the key with everything below it; one that is not there is no error.
+  // Removes the key with everything below it, and the key above it when that is empty then; one that is not
+  // there is no error.
   HRESULT remove(const std::wstring& key) const;
 
  private:
   static std::wstring path(const std::wstring& key) { return L"Software\\Classes\\" + key; }
 
+  void remove_if_empty(const std::wstring& key) const;
+
   HKEY root_;
 };
+
+// As it is written in the registry, with braces.
+std::wstring guid_text(REFGUID guid);
 
 }  // namespace tallyra::automation::com

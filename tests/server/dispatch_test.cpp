@@ -77,12 +77,23 @@ TEST(Dispatch, IdsAndNamesOfAClassAreUnique) {
   }
 }
 
+// The position of an argument that was not passed at all; COM has no way to tell it.
+int position_of_absent(int position) {
+#ifdef _WIN32
+  static_cast<void>(position);
+  return 0;
+#else
+  return position;
+#endif
+}
+
 TEST(Dispatch, AWrongArgumentIsNamed) {
   Stage stage;
   const Object object = stage.client("CRevAddr");
   Fields fields;
-  EXPECT_EQ(failure_of([&] { object.call("Read"); }), (Failure{449, 1}));
-  EXPECT_EQ(failure_of([&] { object.call("Read", "A1", fields.names); }), (Failure{449, 3}));
+  EXPECT_EQ(failure_of([&] { object.call("Read"); }), (Failure{449, position_of_absent(1)}));
+  EXPECT_EQ(failure_of([&] { object.call("Read", "A1", fields.names); }),
+            (Failure{449, position_of_absent(3)}));
   EXPECT_EQ(failure_of([&] { object.call("Read", "A1", Missing{}, fields.values); }), (Failure{449, 2}));
   EXPECT_EQ(failure_of([&] { object.call("Read", "A1", "names", fields.values); }), (Failure{13, 2}));
   EXPECT_EQ(failure_of([&] { object.call("Read", Null{}, fields.names, fields.values); }), (Failure{13, 1}));

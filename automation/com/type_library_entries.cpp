@@ -1,0 +1,98 @@
+#include "automation/com/type_library_entries.h"
+
+#include <oleauto.h>
+
+#include <string>
+#include <vector>
+
+#include "automation/com/failure.h"
+#include "automation/com/pointer.h"
+
+namespace tallyra::automation::com {
+namespace {
+
+constexpr wchar_t type_library_marshaler[] = L"{00020424-0000-0000-C000-000000000046}";
+constexpr wchar_t dispatch_marshaler[] = L"{00020420-0000-0000-C000-000000000046}";
+
+struct LibraryInterface {
+  std::wstring key;
+  std::wstring name;
+  bool is_dual;
+};
+
+std::wstring taken(BSTR text) {
+  std::wstring result(text ? text : L"");
+  SysFreeString(text);
+  return result;
+}
+
+std::wstring name_of(ITypeLib& library, INT index) {
+  BSTR name = nullptr;
+  throw_if_failed(library.GetDocumentation(index, &name, nullptr, nullptr, nullptr));
+  return taken(name);
+}
+
+std::wstring help_text_of(ITypeLib& library) {
+  BSTR text = nullptr;
+  throw_if_failed(library.GetDocumentation(-1, nullptr, &text, nullptr, nullptr));
+  return taken(text);
+}
+
+std::vector<LibraryInterface> interfaces_of(ITypeLib& library) {
+  std::vector<LibraryInterface> list;
+  for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
+    Pointer<ITypeInfo> info;
+    TYPEATTR* attributes = nullptr;
+    throw_if_failed(library.GetTypeInfo(i, info.out()));
+    throw_if_failed(info->GetTypeAttr(&attributes));
+    const bool is_interface = attributes->typekind == TKIND_DISPATCH;
+    const bool is_dual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
+    const std::wstring key = L"Interface\\" + guid_text(attributes->guid);
+    info->ReleaseTypeAttr(attributes);
+    if (is_interface) list.push_back({key, name_of(library, static_cast<INT>(i)), is_dual});
+  }
+  return list;
+}
+
+struct LibraryId {
+  std::wstring guid;
+  std::wstring version;
+};
+
+LibraryId id_of(ITypeLib& library) {
+  TLIBATTR* attributes = nullptr;
+  throw_if_failed(library.GetLibAttr(&attributes));
+  const LibraryId id{guid_text(attributes->guid), std::to_wstring(attributes->wMajorVerNum) + L"." +
+                                                      std::to_wstring(attributes->wMinorVerNum)};
+  library.ReleaseTLibAttr(attributes);
+  return id;
+}
+
+}  // namespace
+
+void write_type_library(const ClassesBranch& branch, ITypeLib& library, const std::wstring& path) {
+  const LibraryId id = id_of(library);
+  const std::wstring key = L"TypeLib\\" + id.guid + L"\\" + id.version;
+  branch.set(key, nullptr, help_text_of(library));
+  branch.set(key + L"\\0\\win32", nullptr, path);
+  branch.set(key + L"\\FLAGS", nullptr, L"0");
+  branch.set(key + L"\\HELPDIR", nullptr, path.substr(0, path.rfind(L'\\')));
+  for (const auto& each : interfaces_of(library)) {
+    branch.set(each.key, nullptr, each.name);
+    branch.set(each.key + L"\\ProxyStubClsid32", nullptr,
+               each.is_dual ? type_library_marshaler : dispatch_marshaler);
+    branch.set(each.key + L"\\TypeLib", nullptr, id.guid);
+    branch.set(each.key + L"\\TypeLib", L"Version", id.version);
+  }
+}
+
+HRESULT remove_type_library(const ClassesBranch& branch, ITypeLib& library) {
+  HRESULT first_failure = branch.remove(L"TypeLib\\" + id_of(library).guid);
+  for (const auto& each : interfaces_of(library)) {
+    const HRESULT code = branch.remove(each.key);
+    if (FAILED(code) && SUCCEEDED(first_failure)) first_failure = code;
+  }
+  return first_failure;
+}
+
+}  // namespace tallyra::automation::com

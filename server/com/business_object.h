@@ -1,0 +1,148 @@
+#pragma once
+
+#include <ocidl.h>
+
+#include <array>
+#include <atomic>
+#include <type_traits>
+
+#include "automation/com/pointer.h"
+#include "server/com/dispatcher.h"
+#include "server/com/type_library.h"
+#include "server/com/wire.h"
+
+namespace tallyra::server::com {
+
+// A business object as COM sees it: its dual interface with the members that every class has, descriptions of
+// itself and of its errors. A class adds the methods of its own, each a line that names its dispatch id.
+template <class Interface>
+class BusinessObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
+ public:
+  BusinessObject(std::string_view name, REFCLSID class_id)
+      : dispatcher_(name, __uuidof(Interface)), class_id_(class_id) {}
+  BusinessObject(const BusinessObject&) = delete;
+  BusinessObject& operator=(const BusinessObject&) = delete;
+
+  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
+    if (!out) return E_POINTER;
+    *out = find_interface(id);
+    if (!*out) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    if (!count) return E_POINTER;
+    *count = 1;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
+    return dispatcher_.GetTypeInfo(index, info);
+  }
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
+    return dispatcher_.GetIDsOfNames(reserved, names, count, ids);
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                      EXCEPINFO* failure, UINT* argument_at_fault) override {
+    const automation::com::Pointer<BusinessObject> alive(this);
+    return dispatcher_.Invoke(id, reserved, flags, parameters, result, failure, argument_at_fault);
+  }
+
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override {
+    return id == __uuidof(Interface) ? S_OK : S_FALSE;
+  }
+
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
+    if (!info) return E_POINTER;
+    *info = nullptr;
+    try {
+      *info = type_info(class_id_).detach();
+      return S_OK;
+    } catch (...) {
+      return automation::hresult_from_number(automation::current_error().number());
+    }
+  }
+  STDMETHODIMP GetGUID(DWORD kind, GUID* id) override {
+    if (!id) return E_POINTER;
+    *id = event_interface();
+    return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID && *id != GUID{} ? S_OK : E_INVALIDARG;
+  }
+
+  STDMETHODIMP put_Language(BSTR value) override { return put(1, value); }
+  STDMETHODIMP put_SystemDatabase(BSTR value) override { return put(2, value); }
+  STDMETHODIMP get_ErrNumber(float* result) override { return call(3, result); }
+  STDMETHODIMP get_ErrDescription(BSTR* result) override { return call(4, result); }
+  STDMETHODIMP put_UserID(BSTR value) override { return put(5, value); }
+  STDMETHODIMP put_ConnectionString(BSTR value) override { return put(6, value); }
+
+ protected:
+  virtual ~BusinessObject() = default;
+
+  virtual void* find_interface(REFIID id) {
+    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface))
+      return static_cast<Interface*>(this);
+    if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
+    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)
+      return static_cast<IProvideClassInfo2*>(this);
+    return nullptr;
+  }
+  // The interface of the events that the class is the source of; none by default.
+  virtual GUID event_interface() const { return {}; }
+
+  // Runs a method with the arguments of its interface member, in their order.
+  template <class Result, class... Arguments>
+  HRESULT call(DISPID id, Result* result, Arguments... arguments) noexcept {
+    if (!result) return E_POINTER;
+    *result = Result();
+    if ((points_nowhere(arguments) || ...)) return E_POINTER;
+    const automation::com::Pointer<BusinessObject> alive(this);
+    automation::Value value;
+    const HRESULT code = run(id, automation::Access::read, value, arguments...);
+    if (FAILED(code)) return code;
+    try {
+      hand_out(value, *result);
+      return S_OK;
+    } catch (...) {
+      return automation::hresult_from_number(automation::current_error().number());
+    }
+  }
+
+ private:
+  HRESULT put(DISPID id, BSTR text) noexcept {
+    const automation::com::Pointer<BusinessObject> alive(this);
+    automation::Value nothing;
+    return run(id, automation::Access::put, nothing, text);
+  }
+
+  template <class... Arguments>
+  HRESULT run(DISPID id, automation::Access access, automation::Value& value,
+              const Arguments&... arguments) noexcept {
+    // The wire has the last argument first.
+    std::array<VARIANTARG, sizeof...(Arguments) + 1> wire;
+    std::size_t place = sizeof...(Arguments);
+    ((wire[--place] = wire_form(arguments)), ...);
+    DISPPARAMS parameters{wire.data(), nullptr, sizeof...(Arguments), 0};
+    return dispatcher_.call(id, access, parameters, value);
+  }
+
+  // A text by value may be a null pointer, a reference may not.
+  template <class T>
+  static bool points_nowhere(const T& argument) {
+    if constexpr (std::is_pointer_v<T> && !std::is_same_v<T, BSTR>)
+      return argument == nullptr;
+    else
+      return false;
+  }
+
+  std::atomic<ULONG> references_ = 1;
+  Dispatcher dispatcher_;
+  CLSID class_id_;
+};
+
+}  // namespace tallyra::server::com

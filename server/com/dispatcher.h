@@ -1,0 +1,60 @@
+#pragma once
+
+#include <oaidl.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "automation/com/module.h"
+#include "automation/com/pointer.h"
+#include "automation/error.h"
+#include "server/class_table.h"
+#include "server/com/thread_use.h"
+
+namespace tallyra::server::com {
+
+// Runs the members of one business object for all its callers, by name or through the interface, over the
+// class table. A member that the type library declares and the table has not answers E_NOTIMPL.
+//
+// Refused are calls from another thread than the one that made the object (RPC_E_WRONG_THREAD), and, while a
+// method runs, every call but the reading of a property (RPC_E_CALL_REJECTED): a running method yields to the
+// client's message loop, from which such calls come.
+class Dispatcher {
+ public:
+  Dispatcher(std::string_view class_name, REFIID interface_id);
+
+  HRESULT GetTypeInfo(UINT index, ITypeInfo** info) noexcept;
+  HRESULT GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids) noexcept;
+  HRESULT Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                 EXCEPINFO* failure, UINT* argument_at_fault) noexcept;
+
+  // For a member of the interface: a failure is left as the thread's error object too.
+  HRESULT call(DISPID id, automation::Access access, const DISPPARAMS& parameters,
+               automation::Value& result) noexcept;
+
+ private:
+  struct Failure {
+    automation::Error error;
+    // Whether the member itself has failed, in contrast to the way it was called.
+    bool in_member = false;
+    std::optional<UINT> argument_at_fault = {};
+  };
+
+  std::optional<Failure> run(DISPID id, automation::Access access, const DISPPARAMS& parameters,
+                             automation::Value& result) noexcept;
+  ITypeInfo& interface_info();
+  HRESULT missing_member(DISPID id, automation::Access access);
+  std::string source() const { return "Tallyra." + std::string(class_name_); }
+
+  automation::com::ModuleUse module_use_;
+  ThreadUse thread_use_;
+  std::string_view class_name_;
+  IID interface_id_;
+  const ClassTable* table_;  // none for a class that only the type library knows
+  std::unique_ptr<frame::Session> session_;
+  automation::com::Pointer<ITypeInfo> interface_info_;
+  bool running_ = false;
+};
+
+}  // namespace tallyra::server::com

@@ -1,0 +1,4 @@
+// Defines the identifiers that the interface header declares.
+#include <initguid.h>
+
+#include "tallyra.h"

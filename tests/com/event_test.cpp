@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include "tests/com/business_objects.h"
+
+// Connecting to the events of the month close.
+namespace tallyra::tests::com {
+namespace {
+
+using automation::com::query;
+
+// What a client connects; answers to the interfaces that the test says.
+class Sink : public IDispatch {
+ public:
+  explicit Sink(IID answers) : answers_(answers) {}
+
+  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
+    *out = id == IID_IUnknown || id == answers_ ? this : nullptr;
+    if (!*out) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
+    ++calls;
+    return S_OK;
+  }
+
+  ULONG references = 1;
+  int calls = 0;
+
+ private:
+  IID answers_;
+};
+
+class Events : public testing::Test {
+ protected:
+  Pointer<_CStockClose> close_ = new_close();
+  Pointer<IConnectionPointContainer> container_ = query<IConnectionPointContainer>(close_.get());
+
+  Pointer<IConnectionPoint> point() {
+    Pointer<IConnectionPoint> found;
+    EXPECT_EQ(container_->FindConnectionPoint(DIID___CStockClose, found.out()), S_OK);
+    return found;
+  }
+};
+
+TEST_F(Events, AClientConnectsAndDisconnects) {
+  for (const IID& answers : {DIID___CStockClose, IID_IDispatch}) {
+    Sink sink(answers);
+    DWORD cookie = 0;
+    ASSERT_EQ(point()->Advise(&sink, &cookie), S_OK);
+    EXPECT_NE(cookie, 0U);
+    EXPECT_EQ(sink.references, 2U);
+    EXPECT_EQ(point()->Unadvise(cookie), S_OK);
+    EXPECT_EQ(sink.references, 1U);
+    EXPECT_EQ(point()->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+  }
+}
+
+TEST_F(Events, ConnectionsEndWithTheObject) {
+  Sink sink(DIID___CStockClose);
+  DWORD cookie = 0;
+  ASSERT_EQ(point()->Advise(&sink, &cookie), S_OK);
+  container_ = {};
+  close_ = {};
+  EXPECT_EQ(sink.references, 1U);
+}
+
+TEST_F(Events, TheConnectionPointKeepsItsObjectAlive) {
+  const auto kept = point();
+  container_ = {};
+  close_ = {};
+  Pointer<IConnectionPointContainer> again;
+  ASSERT_EQ(kept->GetConnectionPointContainer(again.out()), S_OK);
+  EXPECT_TRUE(query<_CStockClose>(again.get()));
+}
+
+TEST_F(Events, OnlyTheDeclaredEventsAreOffered) {
+  Pointer<IConnectionPoint> other;
+  EXPECT_EQ(container_->FindConnectionPoint(IID_IDispatch, other.out()), CONNECT_E_NOCONNECTION);
+  IID id;
+  EXPECT_EQ(point()->GetConnectionInterface(&id), S_OK);
+  EXPECT_EQ(id, DIID___CStockClose);
+  EXPECT_FALSE(query<IConnectionPointContainer>(new_head().get())) << "no other class has events";
+}
+
+TEST_F(Events, PointsAndConnectionsAreEnumerated) {
+  Pointer<IEnumConnectionPoints> points;
+  ASSERT_EQ(container_->EnumConnectionPoints(points.out()), S_OK);
+  Pointer<IConnectionPoint> first;
+  ASSERT_EQ(points->Next(1, first.out(), nullptr), S_OK);
+  EXPECT_EQ(first.get(), point().get());
+  Pointer<IConnectionPoint> second;
+  EXPECT_EQ(points->Next(1, second.out(), nullptr), S_FALSE);
+
+  Sink sink(IID_IDispatch);
+  DWORD cookies[2];
+  for (DWORD& cookie : cookies) ASSERT_EQ(first->Advise(&sink, &cookie), S_OK);
+  Pointer<IEnumConnections> connections;
+  ASSERT_EQ(first->EnumConnections(connections.out()), S_OK);
+  CONNECTDATA data[3];
+  ULONG count = 0;
+  EXPECT_EQ(connections->Next(3, data, &count), S_FALSE);
+  ASSERT_EQ(count, 2U);
+  for (ULONG i = 0; i < count; ++i) {
+    EXPECT_EQ(data[i].dwCookie, cookies[i]);
+    data[i].pUnk->Release();
+  }
+  for (const DWORD cookie : cookies) EXPECT_EQ(first->Unadvise(cookie), S_OK);
+  connections = {};
+  EXPECT_EQ(sink.references, 1U);
+}
+
+TEST_F(Events, NullPointersAndForeignSinksAreRefused) {
+  DWORD cookie = 7;
+  Sink mute(IID_IUnknown);
+  EXPECT_EQ(point()->Advise(&mute, &cookie), CONNECT_E_CANNOTCONNECT);
+  EXPECT_EQ(cookie, 0U);
+  EXPECT_EQ(point()->Advise(nullptr, &cookie), E_POINTER);
+  EXPECT_EQ(point()->Advise(&mute, nullptr), E_POINTER);
+  EXPECT_EQ(point()->GetConnectionInterface(nullptr), E_POINTER);
+  EXPECT_EQ(point()->EnumConnections(nullptr), E_POINTER);
+  EXPECT_EQ(container_->EnumConnectionPoints(nullptr), E_POINTER);
+  EXPECT_EQ(container_->FindConnectionPoint(DIID___CStockClose, nullptr), E_POINTER);
+  EXPECT_EQ(mute.references, 1U);
+}
+
+TEST_F(Events, TheClassTellsItsDefaultEventInterface) {
+  const auto info = query<IProvideClassInfo2>(close_.get());
+  ASSERT_TRUE(info);
+  GUID id;
+  EXPECT_EQ(info->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &id), S_OK);
+  EXPECT_EQ(id, DIID___CStockClose);
+  EXPECT_EQ(info->GetGUID(99, &id), E_INVALIDARG);
+  Pointer<ITypeInfo> class_info;
+  ASSERT_EQ(info->GetClassInfo(class_info.out()), S_OK);
+  TYPEATTR* attributes = nullptr;
+  ASSERT_EQ(class_info->GetTypeAttr(&attributes), S_OK);
+  EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
+  EXPECT_EQ(attributes->guid, CLSID_CStockClose);
+  class_info->ReleaseTypeAttr(attributes);
+  const auto plain = query<IProvideClassInfo2>(new_head().get());
+  EXPECT_EQ(plain->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &id), E_INVALIDARG);
+}
+
+}  // namespace
+}  // namespace tallyra::tests::com

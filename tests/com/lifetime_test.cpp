@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "automation/collection.h"
+#include "automation/com/com_object.h"
+#include "tallyra.h"
+#include "tests/com/server_dll.h"
+#include "tests/com/wire_call.h"
+
+// When the DLL may be unloaded, and that nothing stays behind.
+namespace tallyra::tests::com {
+namespace {
+
+constexpr int rounds = 10'000;
+
+// Blocks in use in all heaps of the process.
+long blocks_in_use() {
+  HANDLE heaps[64];
+  const DWORD count = GetProcessHeaps(64, heaps);
+  long blocks = 0;
+  for (DWORD i = 0; i < count; ++i) {
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heaps[i]);
+    while (HeapWalk(heaps[i], &entry))
+      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++blocks;
+    HeapUnlock(heaps[i]);
+  }
+  return blocks;
+}
+
+TEST(LeakCounter, SeesALeak) {
+  const long before = blocks_in_use();
+  BSTR leaked[1000];
+  for (BSTR& each : leaked) each = SysAllocString(L"a text that is long enough for a block of its own");
+  EXPECT_GE(blocks_in_use() - before, 900) << "the system keeps a few freed texts at hand";
+  for (BSTR each : leaked) SysFreeString(each);
+}
+
+// Runs the body many times and says how many blocks it has left behind.
+long leaked_by(const std::function<void()>& body) {
+  for (int i = 0; i < 100; ++i) body();
+  const long before = blocks_in_use();
+  for (int i = 0; i < rounds; ++i) body();
+  return blocks_in_use() - before;
+}
+
+class Lifetime : public testing::Test {
+ protected:
+  ServerDll dll_;
+};
+
+TEST_F(Lifetime, ObjectsAreCreatedCalledAndReleasedWithoutALeak) {
+  const auto round = [this] {
+    const auto address = dll_.create<_CRevAddr>(CLSID_CRevAddr);
+    BSTR text = SysAllocString(L"a text that is long enough for a block of its own");
+    EXPECT_EQ(address->put_ConnectionString(text), S_OK);
+    EXPECT_EQ(address->put_UserID(text), S_OK);
+    BSTR description = nullptr;
+    EXPECT_EQ(address->get_ErrDescription(&description), S_OK);
+    SysFreeString(description);
+    SysFreeString(text);
+  };
+  EXPECT_LT(leaked_by(round), rounds / 100);
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+}
+
+TEST_F(Lifetime, CallsByNameWithReplacedAndRefusedArgumentsLeaveNothing) {
+  const auto address = dll_.create<IDispatch>(CLSID_CRevAddr);
+  const auto collection =
+      automation::com::ComObject::make(automation::make_object<automation::Collection>(), Role::caller);
+  const auto round = [&] {
+    LPOLESTR name = const_cast<LPOLESTR>(L"ErrDescription");
+    DISPID id = 0;
+    EXPECT_EQ(address->GetIDsOfNames(IID_NULL, &name, 1, 0, &id), S_OK);
+    WireCall get{.id = id};
+    EXPECT_EQ(get.on(address.get()), S_OK);
+    const Variant text(Value("a text that is long enough for a block of its own"), Role::caller);
+    WireCall put{.id = 5, .flags = DISPATCH_PROPERTYPUT, .arguments = {text.raw()}};
+    EXPECT_EQ(put.on(address.get()), S_OK);
+    IDispatch* object = collection.get();
+    WireCall mismatch{.id = 11, .arguments = {text.raw(), reference(VT_DISPATCH, &object), text.raw()}};
+    EXPECT_EQ(mismatch.on(address.get()), DISP_E_TYPEMISMATCH);
+  };
+  EXPECT_LT(leaked_by(round), rounds / 100);
+  collection.get()->AddRef();
+  EXPECT_EQ(collection.get()->Release(), 1U);
+}
+
+TEST_F(Lifetime, TheDllStaysAsLongAsAnythingOfItIsHeld) {
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+  auto object = dll_.create<_CStockClose>(CLSID_CStockClose);
+  EXPECT_EQ(dll_.can_unload_now(), S_FALSE);
+
+  auto container = automation::com::query<IConnectionPointContainer>(object.get());
+  Pointer<IConnectionPoint> point;
+  ASSERT_EQ(container->FindConnectionPoint(DIID___CStockClose, point.out()), S_OK);
+  object = {};
+  container = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_FALSE) << "a connection point is held";
+  Pointer<IEnumConnections> connections;
+  ASSERT_EQ(point->EnumConnections(connections.out()), S_OK);
+  point = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_FALSE) << "an enumerator is held";
+  connections = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+
+  Pointer<IClassFactory> factory;
+  ASSERT_EQ(dll_.get_class_object(CLSID_CStockClose, IID_IClassFactory, factory.out_void()), S_OK);
+  EXPECT_EQ(dll_.can_unload_now(), S_FALSE) << "a class object is held";
+  ASSERT_EQ(factory->LockServer(TRUE), S_OK);
+  factory = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_FALSE) << "it is locked";
+  ASSERT_EQ(dll_.get_class_object(CLSID_CStockClose, IID_IClassFactory, factory.out_void()), S_OK);
+  ASSERT_EQ(factory->LockServer(FALSE), S_OK);
+  factory = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+}
+
+TEST_F(Lifetime, ClassObjectsRefuseWhatTheyDoNotKnow) {
+  void* out = this;
+  EXPECT_EQ(dll_.get_class_object(IID_IUnknown, IID_IClassFactory, &out), CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(out, nullptr);
+  EXPECT_EQ(dll_.get_class_object(CLSID_CStockClose, IID_IDispatch, &out), E_NOINTERFACE);
+  EXPECT_EQ(dll_.get_class_object(CLSID_CStockClose, IID_IClassFactory, nullptr), E_POINTER);
+  Pointer<IClassFactory> factory;
+  ASSERT_EQ(dll_.get_class_object(CLSID_CStockClose, IID_IClassFactory, factory.out_void()), S_OK);
+  EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, &out), CLASS_E_NOAGGREGATION);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IClassFactory, &out), E_NOINTERFACE);
+  EXPECT_EQ(out, nullptr);
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
+  factory = {};
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+}
+
+TEST(Unloading, TheDllComesAndGoesWithoutALeak) {
+  const auto round = [] {
+    const ServerDll dll;
+    const auto object = dll.create<_CTranHead>(CLSID_CTranHead);
+    BSTR text = SysAllocString(L"x");
+    EXPECT_EQ(object->put_Language(text), S_OK);
+    SysFreeString(text);
+  };
+  for (int i = 0; i < 10; ++i) round();
+  const long before = blocks_in_use();
+  for (int i = 0; i < 100; ++i) round();
+  EXPECT_LT(blocks_in_use() - before, 50);
+}
+
+}  // namespace
+}  // namespace tallyra::tests::com

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "automation/com/text.h"
+#include "server/class_table.h"
+#include "tallyra.h"
+#include "tests/com/server_dll.h"
+
+// What registering leaves in the system's registry, and that unregistering takes all of it away. The entries
+// that were there before are put back at the end.
+namespace tallyra::tests::com {
+namespace {
+
+constexpr wchar_t classes_path[] = L"Software\\Classes";
+
+// Every key and text below a key, one line each.
+void collect(HKEY key, const std::wstring& path, std::set<std::wstring>& lines) {
+  wchar_t name[512];
+  for (DWORD i = 0;; ++i) {
+    DWORD length = 512;
+    BYTE data[4096];
+    DWORD size = sizeof data;
+    DWORD type = 0;
+    if (RegEnumValueW(key, i, name, &length, nullptr, &type, data, &size) != ERROR_SUCCESS) break;
+    const bool is_text = type == REG_SZ || type == REG_EXPAND_SZ;
+    lines.insert(path + L" " + name + L"=" + (is_text ? reinterpret_cast<wchar_t*>(data) : L"(data)"));
+  }
+  for (DWORD i = 0;; ++i) {
+    DWORD length = 512;
+    if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+    lines.insert(path + L"\\" + name);
+    HKEY child = nullptr;
+    if (RegOpenKeyExW(key, name, 0, KEY_READ, &child) != ERROR_SUCCESS) continue;
+    collect(child, path + L"\\" + name, lines);
+    RegCloseKey(child);
+  }
+}
+
+std::set<std::wstring> registered(HKEY root) {
+  std::set<std::wstring> lines;
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(root, classes_path, 0, KEY_READ, &key) == ERROR_SUCCESS) {
+    collect(key, {}, lines);
+    RegCloseKey(key);
+  }
+  return lines;
+}
+
+std::wstring text_at(HKEY root, const std::wstring& path, const wchar_t* name = nullptr) {
+  wchar_t text[1024];
+  DWORD size = sizeof text;
+  const std::wstring whole = std::wstring(classes_path) + L"\\" + path;
+  if (RegGetValueW(root, whole.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size) != ERROR_SUCCESS)
+    return L"(none)";
+  return text;
+}
+
+std::wstring guid_text(REFGUID guid) {
+  wchar_t text[39];
+  StringFromGUID2(guid, text, 39);
+  return text;
+}
+
+class Registration : public testing::Test {
+ protected:
+  Registration() : was_registered_(text_at(HKEY_LOCAL_MACHINE, L"Tallyra.CRevAddr\\CLSID") != L"(none)") {
+    dll_.unregister_server();
+    dll_.install(false, L"user");
+    machine_before_ = registered(HKEY_LOCAL_MACHINE);
+    user_before_ = registered(HKEY_CURRENT_USER);
+  }
+  ~Registration() override {
+    if (was_registered_) dll_.register_server();
+  }
+
+  ServerDll dll_;
+  bool was_registered_;
+  std::set<std::wstring> machine_before_;
+  std::set<std::wstring> user_before_;
+};
+
+TEST_F(Registration, ForTheMachineMakesEveryClassCreatableByItsName) {
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  for (const auto& table : server::classes()) {
+    SCOPED_TRACE(table.name);
+    const std::wstring prog_id = L"Tallyra." + automation::com::to_utf16(table.name);
+    CLSID class_id;
+    CLSID versioned_id;
+    ASSERT_EQ(CLSIDFromProgID(prog_id.c_str(), &class_id), S_OK);
+    ASSERT_EQ(CLSIDFromProgID((prog_id + L".1").c_str(), &versioned_id), S_OK);
+    EXPECT_EQ(class_id, versioned_id);
+    const std::wstring key = L"CLSID\\" + guid_text(class_id);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, prog_id + L"\\CurVer"), prog_id + L".1");
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\ProgID"), prog_id + L".1");
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\VersionIndependentProgID"), prog_id);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\TypeLib"), guid_text(LIBID_Tallyra));
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\InprocServer32"), ServerDll::path());
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\Implemented Categories"), L"(none)")
+        << "nothing says that it is safe for scripting";
+
+    Pointer<IDispatch> object;
+    ASSERT_EQ(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.out_void()),
+              S_OK);
+  }
+  Pointer<ITypeLib> library;
+  EXPECT_EQ(LoadRegTypeLib(LIBID_Tallyra, 1, 0, LOCALE_NEUTRAL, library.out()), S_OK);
+  EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
+
+  ASSERT_EQ(dll_.register_server(), S_OK) << "again, over itself";
+  ASSERT_EQ(dll_.unregister_server(), S_OK);
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+  EXPECT_EQ(dll_.unregister_server(), S_OK) << "what is not there is no error";
+}
+
+TEST_F(Registration, ForTheUserLeavesTheMachineAlone) {
+  ASSERT_EQ(dll_.install(true, L"user"), S_OK);
+  EXPECT_NE(text_at(HKEY_CURRENT_USER, L"Tallyra.CStockClose\\CLSID"), L"(none)");
+  EXPECT_NE(text_at(HKEY_CURRENT_USER, L"TypeLib\\" + guid_text(LIBID_Tallyra) + L"\\1.0\\0\\win32"),
+            L"(none)");
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+  ASSERT_EQ(dll_.install(false, L"user"), S_OK);
+  EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
+}
+
+TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
+  const std::wstring path = std::wstring(classes_path) + L"\\Tallyra.CStockClose\\CLSID";
+  const std::wstring owner = L"{11111111-2222-3333-4444-555555555555}";
+  ASSERT_EQ(RegSetKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), nullptr, REG_SZ, owner.c_str(),
+                            static_cast<DWORD>((owner.size() + 1) * sizeof(wchar_t))),
+            ERROR_SUCCESS);
+  const auto before = registered(HKEY_LOCAL_MACHINE);
+  EXPECT_EQ(dll_.register_server(), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
+  EXPECT_EQ(dll_.unregister_server(), S_OK);
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before) << "nor is it taken away";
+  EXPECT_EQ(dll_.install(true, L"replace"), S_OK);
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, L"Tallyra.CStockClose\\CLSID"), guid_text(CLSID_CStockClose));
+  EXPECT_EQ(dll_.unregister_server(), S_OK);
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+}
+
+TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
+  // Nothing lasting can be made below a key that does not last.
+  const std::wstring path = std::wstring(classes_path) + L"\\Tallyra.CSTKController";
+  HKEY obstacle = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
+                            nullptr, &obstacle, nullptr),
+            ERROR_SUCCESS);
+  RegCloseKey(obstacle);
+  const HRESULT code = dll_.register_server();
+  EXPECT_EQ(code, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+}
+
+}  // namespace
+}  // namespace tallyra::tests::com
