@@ -122,7 +122,7 @@ std::span<const ClassTable> classes() {
             method<&CTranDetail::UpdateRTN>(16, "UpdateRTN", "cTRANNO", "intSN", "colFieldName",
                                             "colFieldValue"),
             method<&CTranDetail::PORefQty>(17, "PORefQty", "cReference", "intSN", "nPOQty", "nRevQty",
-                                           "nRtnQty", ParameterName("cType", "PO")),
+                                           "nRtnQty", ParameterName("cType", "")),
             method<&CTranDetail::POExam>(18, "POExam", "cOrderNO"),
             method<&CTranDetail::OrderTypeExam>(19, "OrderTypeExam", "cOrderNO"),
             method<&CTranDetail::IssuedOrRtnQty>(20, "IssuedOrRtnQty", "cTRANNO", "cMONO", "cPartNo",

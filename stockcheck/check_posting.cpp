@@ -126,14 +126,16 @@ class Adjustment {
  private:
   void begin(const frame::Field& department_name) {
     request_number();
+    const Value name = department_name.value();
     const Value status = words_.get("StatusApproved");
+    const Value notes = note();
     connection_.execute(
         sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,REFERENCE,TRANDT,DEPTNOFR,DEPTNMFR,STATUS,STATUSSN,"
             "STATUSBY,STATUSDT,MAKEBY,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
             " Values('{}','STKCHECKISS','{}',{},'{}','{}','{}',1,'SYSTEM',{},'SYSTEM','{}','SYSTEM',{},"
             "'SYSTEM',{})",
-            number_, count_.check_number, count_.until, count_.department, department_name.value(), status,
-            now_, note(), now_, now_));
+            number_, count_.check_number, count_.until, count_.department, name, status, now_, notes, now_,
+            now_));
   }
 
   // A document whose number is not issued is written all the same, and asks again at its next line.

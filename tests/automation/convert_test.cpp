@@ -113,6 +113,47 @@ TEST(Conversion, IntegersRoundHalvesToTheEvenNeighbour) {
   }
 }
 
+TEST(Conversion, MoneyAndDecimalsRoundByEveryDigitTheyHave) {
+  const struct {
+    Value value;
+    std::int32_t result;
+  } rows[] = {{Currency{15000}, 2},
+              {Currency{-15000}, -2},
+              {Currency{-5000}, 0},
+              {Currency{25001}, 3},
+              {*Decimal::parse("2.5"), 2},
+              {*Decimal::parse("3.5"), 4},
+              {*Decimal::parse("2.50000000000000000001"), 3},
+              {*Decimal::parse("-2.50000000000000000001"), -3},
+              {*Decimal::parse("2.4999999999999999999"), 2},
+              {*Decimal::parse("-0.4"), 0}};
+  for (const auto& [value, result] : rows) EXPECT_EQ(to_int32(value), result) << to_text(value);
+}
+
+TEST(Conversion, AnAbsoluteValueIsTheTextOfANumberWithoutItsSign) {
+  const struct {
+    Value value;
+    const char* text;
+  } rows[] = {{-2.5, "2.5"},
+              {2.5, "2.5"},
+              {-1.0 / 30, "3.33333333333333E-02"},
+              {Currency{-12300}, "1.23"},
+              {Null{}, ""},
+              {Value(), "0"},
+              {" -05.50 ", "5.5"},
+              {*Decimal::parse("-7.10"), "7.1"}};
+  for (const auto& [value, text] : rows) {
+    std::string magnitude;
+    append_magnitude(magnitude, value);
+    EXPECT_EQ(magnitude, text);
+  }
+  EXPECT_EQ(error_of([] {
+              std::string magnitude;
+              append_magnitude(magnitude, "abc");
+            }),
+            error_number::type_mismatch);
+}
+
 TEST(Conversion, IntegersOutOfRangeOverflow) {
   for (const Value& value :
        {Value("32767.5"), Value("32768"), Value("-32769"), Value(1e300), Value("&H10000")})

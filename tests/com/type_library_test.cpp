@@ -67,11 +67,6 @@ std::string default_text(const automation::Value& value, ParameterType type) {
   return type == ParameterType::text && text == "0" ? "" : text;
 }
 
-// So a compiled client that leaves out this one says "", where a client by name says "PO".
-bool defaults_differ(const ClassMember& member, const Parameter& parameter) {
-  return member.name == "PORefQty" && parameter.name == "cType";
-}
-
 std::string described(const ClassMember& member) {
   std::string line = std::to_string(member.id);
   line += member.kind == MemberKind::property_get   ? " get "
@@ -82,11 +77,7 @@ std::string described(const ClassMember& member) {
     line += std::string(parameter.by_reference ? "in out " : "in ") + type_name(parameter);
     // The value of a put has no name of its own.
     if (member.kind != MemberKind::property_put) line += " " + std::string(parameter.name);
-    if (parameter.optional())
-      line +=
-          " = '" +
-          (defaults_differ(member, parameter) ? "" : default_text(parameter.when_omitted, parameter.type)) +
-          "'";
+    if (parameter.optional()) line += " = '" + default_text(parameter.when_omitted, parameter.type) + "'";
     line += "; ";
   }
   return line + ") -> " + type_name(member.result);

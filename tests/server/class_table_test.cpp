@@ -142,7 +142,7 @@ TEST(ClassTables, TransactionDetail) {
       "single\n"
       "17 PORefQty(&cReference text, &intSN int32, &nPOQty double, &nRevQty double, &nRtnQty double, &cType "
       "text = "
-      "'PO'): double\n"
+      "''): double\n"
       "18 POExam(cOrderNO text): int16\n"
       "19 OrderTypeExam(cOrderNO text): text\n"
       "20 IssuedOrRtnQty(cTRANNO text, &cMONO text, &cPartNo text, &cTranType text, &cType text = ''): "

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "automation/collection.h"
 #include "automation/local/registry.h"
 #include "tests/behaviour/close/closing_company.h"
 
@@ -189,6 +190,82 @@ TEST_P(MonthCloseOnSqlite, PartsThatDifferOnlyInCaseOrHyphensKeepOneLineEach) {
                 "SELECT Count(*), Count(DISTINCT L.PARTNO), Sum(L.QTY) FROM STKTRANHD H JOIN STKTRANDT L ON "
                 "L.TRANNO=H.TRANNO WHERE H.TRANTYPE='STK027CLOSE'"),
             "16|16|111\n");
+}
+
+// Insert, Update, Read and Delete of the close of January.
+std::vector<Outcome> every_method(const ClosingCompany& company, const std::string& connection_string = {}) {
+  std::vector<Outcome> outcomes;
+  for (const char* method : {"Insert", "Update", "Read", "Delete"}) {
+    stage::Fields fields{{"CLOSEDT", "2024/01/31"}, {"STATUSSN", 0}};
+    automation::Value tag = "APPROVED";
+    const auto object = company.client("CStockClose");
+    if (!connection_string.empty()) object.put("ConnectionString", connection_string);
+    const auto names = automation::ref(fields.names);
+    const auto values = automation::ref(fields.values);
+    const std::string_view name = method;
+    const automation::Value result =
+        name == "Delete"   ? object.call(method, "2024/01/31")
+        : name == "Update" ? object.call(method, "2024/01/31", names, values, automation::ref(tag))
+                           : object.call(method, "2024/01/31", names, values);
+    outcomes.push_back(stage::outcome_of(object, result));
+  }
+  return outcomes;
+}
+
+TEST_P(MonthCloseOnSqlite, AMissingTableIsToldAndNothingIsWritten) {
+  company.run({"ALTER TABLE STKCLOSEHD RENAME TO ELSEWHERE"});
+  const std::string before =
+      company.rows("SELECT * FROM STKTRANHD") + company.rows("SELECT * FROM STKTRANDT");
+  for (const Outcome& outcome : every_method(company)) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.number, stage::narrowed(-2147217865.0)) << outcome.description;
+    EXPECT_NE(outcome.description.find("STKCLOSEHD"), std::string::npos) << outcome.description;
+  }
+  EXPECT_EQ(company.rows("SELECT * FROM STKTRANHD") + company.rows("SELECT * FROM STKTRANDT"), before);
+}
+
+TEST_P(MonthCloseOnSqlite, AnUnreachableDatabaseIsTold) {
+  for (const Outcome& outcome :
+       every_method(company, "DRIVER={SQLite3};Database=/no/such/folder/company.db")) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.number, stage::narrowed(-2147467259.0)) << outcome.description;
+    EXPECT_NE(outcome.description, "");
+  }
+}
+
+TEST_P(MonthCloseOnSqlite, AnUnregisteredCollaboratorIsTold) {
+  const std::string before = company.everything();
+  for (const char* prog_id : {"Lexbank.ErrMsg", "Corvane.CPowerCheck", "Lexbank.CPartF", "Corvane.CSystem"}) {
+    const automation::local::ScopedClass hidden(prog_id, nullptr);
+    for (const Outcome& outcome : every_method(company))
+      EXPECT_EQ(outcome, stage::trapped(429, "ActiveX component can't create object")) << prog_id;
+  }
+  EXPECT_EQ(company.everything(), before);
+}
+
+TEST_P(MonthCloseOnSqlite, AValueThatDoesNotConvertIsToldAndTheDocumentsGo) {
+  const std::string before = company.everything();
+  const struct {
+    const char* column;
+    automation::Value value;
+  } rows[] = {{"STATUSSN", "many"},
+              {"STATUSDT", "yesterday"},
+              {"STATUSSN", automation::make_object<automation::Collection>()}};
+  for (const auto& [column, value] : rows) {
+    stage::Fields fields{{"CLOSEDT", "2024/01/31"}, {column, value}};
+    const auto object = company.client("CStockClose");
+    const Outcome outcome = stage::outcome_of(
+        object,
+        object.call("Insert", "2024/01/31", automation::ref(fields.names), automation::ref(fields.values)));
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_NE(outcome.description.find(column), std::string::npos) << outcome.description;
+    EXPECT_EQ(company.everything(), before);
+  }
+}
+
+TEST_P(MonthCloseOnSqlite, AnOwnerRightIsNoRightHere) {
+  company.grant("OWNER", "OWNER");
+  EXPECT_EQ(company.close("2024/01/31", "OWNER").number, 10000016);
 }
 
 TEST_P(MonthCloseOnSqlite, RecordsAreReadWithTypedValues) {
