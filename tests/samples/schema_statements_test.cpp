@@ -131,7 +131,7 @@ const std::string statements[] = {
     "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT) "
     "VALUES('D','',0,'P',"
     "3,1.25,'Month`s close','U','2024-02-05 00:00:00','U','2024-02-05 00:00:00')",
-    last_receipt, receipts_of_period, last_company_close,
+    last_receipt, receipts_of_period, produced_and_closed,
     // shipping notes
     "Select STKSHIPNOTE.* From STKSHIPNOTE Where STKSHIPNOTE.TRANNO='T'",
     "Select ADDBY from STKSHIPNOTE WHERE STKSHIPNOTE.TRANNO='T' AND STKSHIPNOTE.TRANTYPE='STK030SHIPN'",

@@ -30,9 +30,9 @@ inline const std::string company_close =
     "PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT Order by PARTS.MTYPESN,STKTRANDT.PARTNO "
     "ASC";
 
-inline const std::string clear_lines = "Delete From STKTRANDT Where rowid In (Select STKTRANDT.rowid" +
-                                       lines_with_headers +
-                                       "STKTRANHD.TRANTYPE='STK027CLOSE' AND STKTRANHD.STATUSSN=0)";
+inline const std::string clear_lines =
+    "Delete FROM STKTRANDT AS doomed WHERE doomed.rowid IN (SELECT STKTRANDT.rowid" + lines_with_headers +
+    "STKTRANHD.TRANTYPE='STK027CLOSE' AND STKTRANHD.STATUSSN=0)";
 
 inline const std::string clear_headers =
     "Delete From STKTRANHD Where STKTRANHD.TRANTYPE='STK027CLOSE' AND STKTRANHD.STATUSSN=0";
@@ -52,22 +52,30 @@ inline const std::string check_incoming =
     "00:00:00' "
     "And STKTRANHD.TRANTYPE='STK024MRPL' AND STKTRANDT.PARTNO='RM-00001'";
 
-// Cost look-ups of one part.
+// Cost look-ups of one part, as the system object of the stand-ins asks them.
+
+inline const std::string priced_lines_of_the_part =
+    " From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where "
+    "STKTRANDT.PARTNO='RM-00001' And STKTRANDT.UPRICE Is Not Null And ";
 
 inline const std::string last_receipt =
-    "SELECT STKTRANDT.UPRICE" + lines_with_headers +
-    "STKTRANDT.PARTNO='RM-00001' AND STKTRANHD.TRANTYPE='STK010POREV' AND STKTRANHD.STATUSSN=1 AND "
-    "STKTRANHD.TRANDT<='2024-02-29 00:00:00' ORDER BY STKTRANHD.TRANDT DESC LIMIT 1";
+    "Select STKTRANDT.UPRICE As UPRICE" + priced_lines_of_the_part +
+    "Not STKTRANHD.TRANTYPE<>'STK010POREV' And STKTRANHD.STATUSSN=1 And STKTRANHD.TRANDT<='2024-02-29 "
+    "00:00:00' "
+    "Order By STKTRANHD.TRANDT Desc,STKTRANHD.TRANNO Desc,STKTRANDT.UPRICE Desc LIMIT 1";
 
 inline const std::string receipts_of_period =
-    "SELECT SUM(STKTRANDT.QTY*STKTRANDT.UPRICE),SUM(STKTRANDT.QTY)" + lines_with_headers +
-    "STKTRANDT.PARTNO='RM-00001' AND STKTRANHD.TRANTYPE='STK010POREV' AND STKTRANHD.STATUSSN=1 AND "
-    "STKTRANHD.TRANDT>'2024-01-31 00:00:00' AND STKTRANHD.TRANDT<='2024-02-29 00:00:00'";
-
-inline const std::string last_company_close =
-    "SELECT STKTRANDT.QTY,STKTRANDT.UPRICE" + lines_with_headers +
-    "STKTRANDT.PARTNO='RM-00001' AND STKTRANHD.TRANTYPE='STKCLOSEALL' AND STKTRANHD.TRANDT<='2024-02-29 "
+    "Select Sum(STKTRANDT.QTY) As QTY,Sum(STKTRANDT.QTY*STKTRANDT.UPRICE) As AMOUNT" +
+    priced_lines_of_the_part +
+    "Not STKTRANHD.TRANTYPE<>'STK010POREV' And STKTRANHD.STATUSSN=1 And STKTRANHD.TRANDT>'2024-01-31 "
     "00:00:00' "
-    "ORDER BY STKTRANHD.TRANDT DESC LIMIT 1";
+    "And STKTRANHD.TRANDT<='2024-02-29 00:00:00'";
+
+inline const std::string produced_and_closed =
+    "Select STKTRANHD.TRANTYPE,STKTRANHD.STATUSSN,STKTRANHD.TRANNO,STKTRANDT.QTY,STKTRANDT.UPRICE" +
+    priced_lines_of_the_part +
+    "Not (STKTRANHD.TRANTYPE<>'STK022REVMO' And STKTRANHD.TRANTYPE<>'STK022REVSO' And "
+    "STKTRANHD.TRANTYPE<>'STKCLOSEALL') And STKTRANHD.TRANDT>'2024-01-31 00:00:00' And "
+    "STKTRANHD.TRANDT<='2024-02-29 00:00:00' Order By STKTRANHD.TRANDT Desc,STKTRANHD.TRANNO Desc";
 
 }  // namespace tallyra::tests::samples
