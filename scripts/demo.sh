@@ -2,9 +2,19 @@
 # A company closes two consecutive months on an embedded database through the real classes, with a stock document's
 # life and a stocktaking between them. Shows the documents that come out and checks them with SQL of its own on the
 # database. Ends with an error when a check fails.
+#
+# With --dll the classes are those of Tallyra.dll under Wine and a VBScript client closes the months. The database
+# must then be the same, row by row, as after the demo without it, which runs first.
 source "$(dirname "$0")/setup.sh"
 
-folder=$repository/build/demo
+case "${1:-}" in
+  '') through_dll=no folder=$repository/build/demo ;;
+  --dll) through_dll=yes folder=$repository/build/demo-dll ;;
+  *)
+    echo "usage: demo.sh [--dll]" >&2
+    exit 2
+    ;;
+esac
 database=$folder/company.db
 month_1=2024/01/31 month_2=2024/02/29
 # Close documents are dated the day after the close date; this is how the database stores days.
@@ -16,10 +26,45 @@ say "Building"
 build release tallyra-client tallyra-company | tail -n 1
 mkdir -p "$folder"
 cd "$repository"
+if [ "$through_dll" = yes ]; then
+  say "The same demo with the native classes, to compare with"
+  "$repository/scripts/demo.sh" >"$folder/native.txt" || { cat "$folder/native.txt"; exit 1; }
+  "$repository/scripts/build-windows.sh" >"$folder/build.txt" || { cat "$folder/build.txt"; exit 1; }
+  TALLYRA_WINE_PREFIX=$repository/build/wine/demo-prefix
+  source "$repository/scripts/wine.sh"
+  say "Registering Tallyra.dll and what it works with under Wine"
+  make_wine_prefix "$TALLYRA_WINE_PREFIX"
+  start_wine
+  trap stop_wine EXIT
+  register_dll build/windows/bin/{Tallyra,adodb,lexbank,corvane}.dll
+fi
 
 query() { sqlite3 -readonly "${2:-$database}" "$1"; }
 table() { sqlite3 -readonly -header -column "$database" "$1"; }
-client() { build/release/bin/tallyra-client --db "$database" --user ADMIN "$@"; }
+client() {
+  if [ "$through_dll" = yes ]; then
+    wine_run build/windows/bin/tallyra-client.exe --db "$database" --user ADMIN "$@" | tr -d '\r'
+  else
+    build/release/bin/tallyra-client --db "$database" --user ADMIN "$@"
+  fi
+}
+
+# month_end close|approve DATE by the VBScript client, whose last line tells that it came through.
+month_end() {
+  local output
+  output=$(wine_run cscript //nologo "$(windows_path samples/vbscript/month_end.vbs)" \
+    "DRIVER={SQLite3};Database=$database" ADMIN "$@" | tr -d '\r') || true
+  sed '/^script reached its end$/d' <<<"$output"
+  [ "$(tail -n 1 <<<"$output")" = "script reached its end" ]
+}
+close_month() {
+  if [ "$through_dll" = yes ]; then month_end close "$1"
+  else client CStockClose Insert "$1" CLOSEDT="$1" STATUSSN=i:0 MAKEBY=ADMIN; fi
+}
+approve_month() {
+  if [ "$through_dll" = yes ]; then month_end approve "$1"
+  else client CStockClose Update "$1" STATUSSN=i:1 STATUS=APPROVED APPROVED; fi
+}
 
 failed_checks=0
 # check NAME ACTUAL EXPECTED
@@ -43,9 +88,9 @@ say "A company of 6 departments, 300 parts and 20,000 movement lines in three mo
 build/release/bin/tallyra-company --db "$database" --schema samples/schema/sqlite.sql --force
 
 say "Closing $month_1"
-client CStockClose Insert $month_1 CLOSEDT=$month_1 STATUSSN=i:0 MAKEBY=ADMIN
+close_month $month_1
 say "Approving it"
-client CStockClose Update $month_1 STATUSSN=i:1 STATUS=APPROVED APPROVED
+approve_month $month_1
 
 # Asks the closing-date guard, and only behind it does what the other arguments say.
 dated() {
@@ -113,7 +158,7 @@ echo "($counted_lines parts counted, $differing of them differ)"
 
 before_month_2=$(close_state)
 say "Closing $month_2"
-client CStockClose Insert $month_2 CLOSEDT=$month_2 STATUSSN=i:0 MAKEBY=ADMIN
+close_month $month_2
 
 say "The close record of $month_2"
 client CStockClose Read $month_2
@@ -202,9 +247,26 @@ check "deleting the close of $month_2 restores the state before it" \
   "$(close_state "$folder/undone.db")" "$before_month_2"
 check "which is another state than after it" "$([ "$after_month_2" != "$before_month_2" ] && echo yes)" yes
 
+# Every row of a table in an order of its own, without the moments at which it was written.
+written_rows() {
+  local table=$1 file=$2 columns
+  columns=$(query "SELECT group_concat(name) FROM pragma_table_info('$table')
+                   WHERE name NOT IN ('ADDDT','EDITDT','STATUSDT')" "$file")
+  sqlite3 -readonly -quote "$file" "SELECT $columns FROM $table ORDER BY $columns"
+}
+if [ "$through_dll" = yes ]; then
+  say "The database against that of the native classes"
+  for table in STKTRANHD STKTRANDT STKCLOSEHD; do
+    written_rows $table "$repository/build/demo/company.db" >"$folder/$table.native"
+    written_rows $table "$repository/build/demo-dll/company.db" >"$folder/$table.dll"
+    check "$table is the same in all of its $(wc -l <"$folder/$table.native") rows" \
+      "$(diff "$folder/$table.native" "$folder/$table.dll" >"$folder/$table.diff" && echo same)" same
+  done
+fi
+
 if [ "$failed_checks" != 0 ]; then
   say "$failed_checks checks failed"
   exit 1
 fi
-say "All checks passed. The database stays in build/demo/company.db; try"
-echo "   build/release/bin/tallyra-client --db build/demo/company.db --user ADMIN CStockClose Read $month_2"
+say "All checks passed. The database stays in ${database#"$repository/"}; try"
+echo "   build/release/bin/tallyra-client --db ${database#"$repository/"} --user ADMIN CStockClose Read $month_2"

@@ -41,7 +41,7 @@ in_wine_root() {
         *) [ -L "$folder" ] || [ ! -d "$folder" ] || shown+=("$folder") ;;
       esac
     done
-    for folder in "${shown[@]}" /usr/share/zoneinfo; do
+    for folder in "${shown[@]}" /usr/share/zoneinfo /usr/lib/locale; do
       [ -d "$folder" ] || continue
       [ -d "$root$folder" ] || mkdir -p "$root$folder"
       mount --rbind "$folder" "$root$folder"

@@ -22,6 +22,15 @@ function(tallyra_add_script_test name script)
   set_property(TEST ${name} PROPERTY TIMEOUT 120)
 endfunction()
 
+# tallyra_add_sample_test(name program arguments...): a sample client, script or program, on a generated company
+# database of its own; see tests/wine/run_sample.sh.
+function(tallyra_add_sample_test name program)
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/run_sample.sh ${TALLYRA_WINE_PREFIX}
+    $<TARGET_FILE:tallyra-company> ${PROJECT_SOURCE_DIR}/samples/schema/sqlite.sql ${program} ${ARGN})
+  tallyra_needs_wine_prefix(${name})
+  set_property(TEST ${name} PROPERTY TIMEOUT 120)
+endfunction()
+
 # To be called once, after everything that is to be registered.
 function(tallyra_add_wine_prefix)
   get_property(targets GLOBAL PROPERTY TALLYRA_REGISTERED_DLLS)

@@ -1,8 +1,9 @@
 #include "samples/client/terminal.h"
 
 #ifdef _WIN32
-#include <shellapi.h>
 #include <windows.h>
+// After what it stands on.
+#include <shellapi.h>
 #else
 #include <sys/ioctl.h>
 #include <unistd.h>

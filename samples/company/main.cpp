@@ -1,4 +1,8 @@
+#ifdef _WIN32
+#include <io.h>
+#else
 #include <unistd.h>
+#endif
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -10,6 +14,14 @@
 namespace company = tallyra::samples::company;
 
 namespace {
+
+bool error_output_is_terminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stderr)) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
 
 void print_counts(const std::vector<company::TableCount>& counts) {
   std::size_t widest = 0;
@@ -41,7 +53,7 @@ int main(int argc, char** argv) {
   app.footer("Example:\n  tallyra-company --db company.db --schema samples/schema/sqlite.sql --months 2");
   CLI11_PARSE(app, argc, argv);
 
-  const bool on_terminal = isatty(STDERR_FILENO) != 0;
+  const bool on_terminal = error_output_is_terminal();
   const auto show_progress = [&](int lines) {
     if (on_terminal) std::fprintf(stderr, "\r%d of %d movement lines", lines, options.lines);
   };

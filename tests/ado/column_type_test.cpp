@@ -236,6 +236,9 @@ TEST_F(ColumnTypeTest, LongTextsInNarrowColumnsComeOutWhole) {
 }
 
 TEST_F(ColumnTypeTest, BytesTravelUnchanged) {
+#ifdef _WIN32
+  GTEST_SKIP() << "binary columns have no form on the COM edge; no statement of the component reads one";
+#endif
   for (const int size : {0, 1, 255, 256, 257, 5000, 300000}) {
     std::string bytes;
     std::string literal = "x'";

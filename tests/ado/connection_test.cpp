@@ -157,7 +157,7 @@ TEST_F(ConnectionTest, ExecuteReturnsAReadOnlyForwardOnlyRecordsetForRows) {
   EXPECT_EQ(rows.get("CursorType"), Value(0));
   EXPECT_EQ(rows.get("LockType"), Value(1));
   EXPECT_EQ(rows.get("RecordCount"), Value(-1));
-  EXPECT_EQ(*rows.get("ActiveConnection").get_if<Object>(), connection);
+  EXPECT_TRUE(is_same_connection(rows.get("ActiveConnection"), connection));
 }
 
 TEST_F(ConnectionTest, ExecuteReturnsAStaticRecordsetWhenTheConnectionsCursorsAreTheClients) {

@@ -27,7 +27,7 @@ TEST_F(OpenRecordsetTest, OpensOnAConnectionObject) {
   recordset.call("Open", "select A from T order by A", connection, 3, 1, -1);
   EXPECT_EQ(recordset.get("State"), Value(1));
   EXPECT_EQ(recordset.get("Source"), Value("select A from T order by A"));
-  EXPECT_EQ(recordset.get("ActiveConnection"), Value(connection));
+  EXPECT_TRUE(is_same_connection(recordset.get("ActiveConnection"), connection));
   EXPECT_EQ(remaining(recordset, "A"), "1 2 3");
 }
 

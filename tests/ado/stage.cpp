@@ -1,8 +1,5 @@
 #include "tests/ado/stage.h"
 
-#include <random>
-#include <system_error>
-
 #include "automation/convert.h"
 #include "standins/ado/register.h"
 
@@ -10,18 +7,10 @@ namespace tallyra::standins::ado::test {
 
 Stage::Stage() {
   register_classes();
-  std::random_device entropy;
-  folder_ = std::filesystem::temp_directory_path() / ("tallyra-ado-" + std::to_string(entropy()));
-  std::filesystem::create_directories(folder_);
-}
-
-Stage::~Stage() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
 }
 
 std::string Stage::path(std::string_view file) const {
-  return (folder_ / file).string();
+  return folder_.file(file);
 }
 
 std::string Stage::connection_string(std::string_view file) const {
@@ -73,6 +62,15 @@ std::string remaining(const Object& recordset, const Value& name_or_index) {
     texts += automation::to_text(column.get("Value"));
   }
   return texts;
+}
+
+bool is_same_connection(const Value& one, const Object& other) {
+  const Object seen = automation::to_object(one);
+  const Value before = other.get("CommandTimeout");
+  other.put("CommandTimeout", 4711);
+  const bool same = seen.get("CommandTimeout") == Value(4711);
+  other.put("CommandTimeout", before);
+  return same;
 }
 
 bool is_true(const Value& value) {

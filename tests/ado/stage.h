@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,6 +10,7 @@
 #include "automation/create.h"
 #include "automation/error.h"
 #include "automation/value.h"
+#include "tests/folder/test_folder.h"
 
 // What the tests of the ADO stand-in share. They see late-bound objects only, so that they can be held
 // against any other implementation of the same ProgIDs.
@@ -23,7 +23,6 @@ using automation::Value;
 class Stage : public testing::Test {
  protected:
   Stage();
-  ~Stage() override;
 
   std::string path(std::string_view file) const;
   // Of the test's database, or of another in the same folder.
@@ -33,7 +32,7 @@ class Stage : public testing::Test {
   Object open_connection(std::string_view file) const;
 
  private:
-  std::filesystem::path folder_;
+  tests::TestFolder folder_;
 };
 
 struct Cursor {
@@ -51,6 +50,10 @@ Object field(const Object& recordset, const Value& name_or_index);
 Value value(const Object& recordset, const Value& name_or_index);
 // The values of a column from the current row to the end, as texts with a blank between.
 std::string remaining(const Object& recordset, const Value& name_or_index);
+
+// Whether both are one connection, told by what a client sees of it: over COM each reference to an object has
+// a face of its own.
+bool is_same_connection(const Value& one, const Object& other);
 
 bool is_true(const Value& value);
 std::int32_t number(const Value& value);

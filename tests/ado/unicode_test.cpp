@@ -47,7 +47,8 @@ TEST_F(UnicodeTest, FileNames) {
     const Object connection = open_connection(file);
     execute(connection, "create table T(A integer)");
   }
-  EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(path(file))));
+  const std::string utf8 = path(file);
+  EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(std::u8string(utf8.begin(), utf8.end()))));
   EXPECT_EQ(scalar(open_connection(file), "select count(*) from T"), Value(0));
 }
 

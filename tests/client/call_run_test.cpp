@@ -232,7 +232,9 @@ TEST_F(CallRun, SaysWhichArgumentIsWrongAndHowTheMemberIsCalled) {
       {blaming(13, 1), "Type mismatch (argument 1, double '2.5')"},
       {blaming(13, 4), "Type mismatch (argument 4, text 'x')"},
       {blaming(6, 4), "Overflow (argument 4, text 'x')"},
+#ifndef _WIN32  // COM tells the position among the arguments that were given.
       {blaming(449, 5), "Argument not optional (argument 5 was not given)"},
+#endif
   };
   for (const auto& row : rows) {
     script_method("Update", raise(row.error));

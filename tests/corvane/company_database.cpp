@@ -1,8 +1,6 @@
 #include "tests/corvane/company_database.h"
 
 #include <fstream>
-#include <random>
-#include <system_error>
 
 #include "automation/convert.h"
 #include "automation/create.h"
@@ -29,32 +27,17 @@ std::vector<std::string> statements_of(const char* script) {
   return statements;
 }
 
-std::filesystem::path new_folder() {
-  std::random_device random;
-  const auto folder =
-      std::filesystem::temp_directory_path() / ("tallyra-corvane-" + std::to_string(random()));
-  std::filesystem::create_directories(folder);
-  return folder;
-}
-
 }  // namespace
 
 CompanyDatabase::CompanyDatabase()
-    : folder_(new_folder()),
-      connection_string_("DRIVER={SQLite3};Database=" + (folder_ / "company.db").string() +
-                         ";SyncPragma=OFF") {
+    : connection_string_("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";SyncPragma=OFF") {
   ado::register_classes();
   register_classes();
   run(statements_of(TALLYRA_SCHEMA));
 }
 
-CompanyDatabase::~CompanyDatabase() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
-}
-
 std::filesystem::path CompanyDatabase::key_file() const {
-  return folder_ / "company.db.keys";
+  return folder_.file("company.db.keys");
 }
 
 automation::Object CompanyDatabase::open() const {

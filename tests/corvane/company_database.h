@@ -7,6 +7,7 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
+#include "tests/folder/test_folder.h"
 
 namespace tallyra::standins::corvane::testing {
 
@@ -15,7 +16,6 @@ namespace tallyra::standins::corvane::testing {
 class CompanyDatabase {
  public:
   CompanyDatabase();
-  ~CompanyDatabase();
   CompanyDatabase(const CompanyDatabase&) = delete;
   CompanyDatabase& operator=(const CompanyDatabase&) = delete;
 
@@ -34,7 +34,7 @@ class CompanyDatabase {
   automation::Object system() const;
 
  private:
-  std::filesystem::path folder_;
+  tests::TestFolder folder_;
   std::string connection_string_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <thread>
@@ -73,9 +74,13 @@ TEST_F(KeyRace, ProcessesNeverGetTheSameNumber) {
   for (int i = 0; i < takers; ++i)
     threads.emplace_back([&, i] {
       const std::string file = database.key_file().string() + "." + std::to_string(i);
-      const std::string command = std::string("\"") + TALLYRA_KEY_TAKER + "\" \"" +
-                                  database.connection_string() + "\" " + std::to_string(numbers_each) +
-                                  " \"" + file + "\"";
+      std::string command = '"' + std::filesystem::path(TALLYRA_KEY_TAKER).make_preferred().string() +
+                            "\" \"" + database.connection_string() + "\" " + std::to_string(numbers_each) +
+                            " \"" + file + '"';
+#ifdef _WIN32
+      // Its shell takes the outermost quotes away.
+      command = '"' + command + '"';
+#endif
       EXPECT_EQ(std::system(command.c_str()), 0);
       std::ifstream lines(file);
       for (std::string line; std::getline(lines, line);) taken[static_cast<std::size_t>(i)].push_back(line);

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <stdlib.h>
-
-#include <filesystem>
 #include <string>
 
 #include "samples/company/database.h"
 #include "samples/company/generator.h"
 #include "samples/company/schema_script.h"
+#include "tests/folder/test_folder.h"
 
 namespace tallyra::tests::samples {
 
@@ -16,15 +14,7 @@ namespace company = tallyra::samples::company;
 // A folder of its own for the databases of one test, removed with everything in it.
 class CompanyFolder {
  public:
-  CompanyFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "company-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
-  }
-  ~CompanyFolder() { std::filesystem::remove_all(path_); }
-  CompanyFolder(const CompanyFolder&) = delete;
-  CompanyFolder& operator=(const CompanyFolder&) = delete;
-
-  std::string file(const std::string& name) const { return path_ + "/" + name; }
+  std::string file(const std::string& name) const { return folder_.file(name); }
 
   // Creates an empty database from the create script; returns its path.
   std::string empty_database() const {
@@ -52,7 +42,7 @@ class CompanyFolder {
   }
 
  private:
-  std::string path_;
+  TestFolder folder_;
 };
 
 // The one value of a query as text.

@@ -5,4 +5,10 @@ source "$(dirname "$0")/../../scripts/setup.sh"
 TALLYRA_WINE_PREFIX=$1
 shift
 source "$repository/scripts/wine.sh"
+
+# Where tests make their databases: a path that the program and the database driver understand alike.
+mkdir -p "$repository/build/wine"
+TALLYRA_TEST_FOLDER=$(mktemp -d "$repository/build/wine/test.XXXXXX")
+export TALLYRA_TEST_FOLDER
+trap 'rm -rf "$TALLYRA_TEST_FOLDER"' EXIT
 wine_run "$@"

@@ -1,7 +1,5 @@
 #include "tests/behaviour/stage/company_database.h"
 
-#include <atomic>
-
 #include "automation/convert.h"
 #include "automation/create.h"
 #include "frame/collaborators.h"
@@ -11,38 +9,25 @@
 #include "standins/corvane/register.h"
 #include "standins/lexbank/register.h"
 
-#ifdef _WIN32
-#include <process.h>
-#define getpid _getpid
-#else
-#include <unistd.h>
-#endif
-
 namespace tallyra::behaviour {
 
 using automation::Object;
 using automation::Value;
 
-CompanyDatabase::CompanyDatabase(std::string system_database) : system_database_(std::move(system_database)) {
+CompanyDatabase::CompanyDatabase(std::string system_database)
+    : file_(folder_.file("company.db")), system_database_(std::move(system_database)) {
   server::register_classes();
   standins::ado::register_classes();
   standins::corvane::register_classes();
   standins::lexbank::register_classes();
-  static std::atomic<int> number;
-  folder_ = std::filesystem::temp_directory_path() /
-            ("tallyra-behaviour-" + std::to_string(getpid()) + "-" + std::to_string(++number));
-  std::filesystem::create_directories(folder_);
-  file_ = folder_ / "company.db";
   // What a test writes need not survive a power cut.
-  connection_string_ = "DRIVER={SQLite3};Database=" + file_.string() + ";SyncPragma=OFF;Timeout=2000";
+  connection_string_ = "DRIVER={SQLite3};Database=" + file_.generic_string() + ";SyncPragma=OFF;Timeout=2000";
   run(samples::company::read_schema(TALLYRA_SCHEMA));
   run({"INSERT INTO USERRIGHTS VALUES('ADMIN','*',1,1,1,1,1,1,1,1)"});
 }
 
 CompanyDatabase::~CompanyDatabase() {
   frame::collaborators() = {};
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
 }
 
 void CompanyDatabase::run(const std::vector<std::string>& statements) const {

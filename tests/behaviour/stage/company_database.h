@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/object.h"
+#include "tests/folder/test_folder.h"
 #include "tests/transcript/stage/fields.h"
 #include "tests/transcript/stage/outcome.h"
 
@@ -34,7 +35,7 @@ class CompanyDatabase {
   const std::string& system_database() const { return system_database_; }
 
  private:
-  std::filesystem::path folder_;
+  tests::TestFolder folder_;
   std::filesystem::path file_;
   std::string connection_string_;
   std::string system_database_;

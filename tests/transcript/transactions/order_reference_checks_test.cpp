@@ -78,7 +78,8 @@ TEST_P(OrderReferenceChecks, TakeLineNumbersOfThirtyTwoBits) {
   EXPECT_TRUE(
       tells("R1.Open Select PODT.PONO,PODT.PARTNO,PODT.POQTY+PODT.DEDUCTQTY As POQTY From PODT Inner "
             "Join POHD On PODT.PONO=POHD.PONO Where PODT.PONO='N'1' AND PODT.SN=-2147483648 And "
-            "POHD.STATUSSN=1 | C1 3 1 -1"));
+            "POHD.STATUSSN=1 | C1 3 1 -1"))
+      << stage.transcript();
 }
 
 TEST_P(OrderReferenceChecks, HandBackWhatWasFoundBeforeAFailure) {
