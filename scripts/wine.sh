@@ -5,6 +5,7 @@
 #
 #   make_wine_prefix FOLDER         a fresh prefix in place of the one that was there
 #   wine_run PROGRAM ARGUMENTS...   a Unix path, or a name that Wine knows (cscript); arguments pass unchanged
+#   wine_client FILE ARGUMENTS...   a script (*.vbs, *.js) or a program whose last line tells that it came through
 #   windows_path PATH               how a program that runs in Wine calls a file of this machine
 #   register_dll FILE...            for the machine, not the user: Wine 8 ignores classes of the user
 #   start_wine                      keeps Wine's services up until 5 minutes after the last program
@@ -140,6 +141,21 @@ windows_path() {
   local path
   path=$(realpath -m "$1")
   printf '%s\n' "Z:${path//\//\\}"
+}
+
+# Wine's script host ends with 0 and in silence when a script fails. So it counts as passed only when its last line is
+# "script reached its end", and the sample programs hold to that too.
+wine_client() {
+  local program=$1 output status=0 command
+  shift
+  case $program in
+    *.vbs | *.js) command=(cscript //nologo "$(windows_path "$program")") ;;
+    *) command=("$program") ;;
+  esac
+  output=$(wine_run "${command[@]}" "$@") || status=$?
+  output=${output//$'\r'/}
+  printf '%s\n' "$output"
+  [ "$status" = 0 ] && [ "$(tail -n 1 <<<"$output")" = "script reached its end" ]
 }
 
 register_dll() {
