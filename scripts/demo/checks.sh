@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# What the demo and the tests of the sample clients look at a company database with: queries of their own, and checks
+# whose failures are counted. To be sourced; works on $database.
+
+query() { sqlite3 -readonly "${2:-$database}" "$1"; }
+table() { sqlite3 -readonly -header -column "$database" "$1"; }
+
+failed_checks=0
+# check NAME ACTUAL EXPECTED
+check() {
+  if [ "$2" = "$3" ]; then
+    printf '  ok      %s\n' "$1"
+  else
+    printf '  FAILED  %s: %s instead of %s\n' "$1" "$2" "$3"
+    failed_checks=$((failed_checks + 1))
+  fi
+}

@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# How the demo reaches the classes: natively, or through Tallyra.dll under Wine. To be sourced after wine.sh; works on
+# $database and in $folder, through what $classes says, native or dll.
+
+client() {
+  if [ "$classes" = dll ]; then
+    wine_run build/windows/bin/tallyra-client.exe --db "$database" --user ADMIN "$@" | tr -d '\r'
+  else
+    build/release/bin/tallyra-client --db "$database" --user ADMIN "$@"
+  fi
+}
+
+# Calls a method and keeps what it answers; a failure is shown.
+call() { client "$@" >"$folder/answer.txt" || { cat "$folder/answer.txt" >&2 && return 1; }; }
+
+# One line of what was answered last, by its name; one value that came back, by its column or argument number.
+answer() { sed -n "s/^$1 *//p" "$folder/answer.txt"; }
+returned() { sed -n "s/^$1  *[a-z0-9]*  *//p" "$folder/answer.txt"; }
+
+# dated DATE CLASS MEMBER ARGUMENTS...: asks the closing-date guard, and calls the method only behind it.
+dated() {
+  local date=$1
+  shift
+  call CTranHead ValidCloseDT "d:$date" && call "$@"
+}
+
+# sample NAME ARGUMENTS...: one of the VBScript clients. What it prints is shown without its last line.
+sample() {
+  local script=samples/vbscript/$1.vbs
+  shift
+  wine_client "$script" "DRIVER={SQLite3};Database=$database" ADMIN "$@" >"$folder/script.txt" ||
+    { cat "$folder/script.txt" >&2 && return 1; }
+  sed '$d' "$folder/script.txt"
+}

@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# A stocktaking is entered, approved, un-approved and approved again, and a large one is approved. With $classes "dll"
+# the VBScript client does it. To be sourced after stocktaking.sh.
+
+enter_stocktaking() {
+  local part quantity price
+  if [ "$classes" = dll ]; then
+    local steps=(open $counted_on $counted_department)
+    while IFS='|' read -r part quantity price; do steps+=(count "$part" "$quantity" "$price"); done <<<"$counts"
+    sample stocktaking $counted_check "${steps[@]}" show >"$folder/shown.txt"
+  else
+    dated $counted_on CCheckHead Insert $counted_check CHECKNO=$counted_check CHECKDT=$counted_on \
+      DEPTNO=$counted_department CHECKBY=ADMIN STATUS=Open STATUSSN=i:0 ADDBY=ADMIN
+    while IFS='|' read -r part quantity price; do
+      dated $counted_on CCheckDetail Insert $counted_check "$part" CHECKNO=$counted_check PARTNO="$part" \
+        QTY="n:$quantity" UPRICE="n:$price" ADDBY=ADMIN </dev/null
+    done <<<"$counts"
+  fi
+}
+
+# approve_stocktaking CHECK DATE: the header, read afterwards, tells whether it succeeded.
+approve_stocktaking() {
+  if [ "$classes" = dll ]; then
+    sample stocktaking "$1" approve
+  else
+    local told
+    call CTranHead ValidCloseDT "d:$2"
+    client CCheckHead Update "$1" STATUSSN=i:1 STATUS=Approved STATUSBY=ADMIN APPROVED >"$folder/answer.txt" || true
+    told="result $(answer Result), error $(answer ErrNumber) $(answer ErrDescription)"
+    call CCheckHead Read "$1"
+    [ "$(returned STATUSSN)" = 1 ] || { echo "not approved: $told" && return 1; }
+    echo "approved: $told; read back, the stocktaking is approved"
+  fi
+}
+
+reopen_stocktaking() {
+  if [ "$classes" = dll ]; then
+    sample stocktaking $counted_check unapprove >/dev/null
+  else
+    dated $counted_on CCheckHead Update $counted_check STATUSSN=i:0 STATUS=Open STATUSBY=ADMIN UNAPPROVED
+  fi
+}
+
+show_counting() {
+  local lines_when_open
+  choose_counts
+  enter_stocktaking
+  approve_stocktaking $counted_check $counted_on
+  show_sheet $counted_check 12
+  reopen_stocktaking
+  echo "Un-approved:"
+  show_sheet $counted_check 12
+  lines_when_open=$(query "$(sheet_of $counted_check) SELECT count(*) FROM POSTED")
+  approve_stocktaking $counted_check $counted_on
+  check "un-approved it had no adjustments" "$lines_when_open" 0
+  check_counted_stocktaking
+}
+
+# The one that the company has counted at the end of the month.
+show_large_stocktaking() {
+  local number date
+  number=$(query "SELECT CHECKNO FROM STKCHECKHD WHERE CHECKNO<>'$counted_check'")
+  date=$(query "SELECT strftime('%Y/%m/%d', CHECKDT) FROM STKCHECKHD WHERE CHECKNO='$number'")
+  approve_stocktaking "$number" "$date"
+  show_sheet "$number" 8
+  echo "($(query "SELECT count(*) FROM STKCHECKDT WHERE CHECKNO='$number'") parts counted)"
+  check_posting "$number"
+}
