@@ -25,8 +25,14 @@ endfunction()
 # tallyra_add_sample_test(name program arguments...): a sample client, script or program, on a generated company
 # database of its own; see tests/wine/run_sample.sh.
 function(tallyra_add_sample_test name program)
-  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/run_sample.sh ${TALLYRA_WINE_PREFIX}
-    $<TARGET_FILE:tallyra-company> ${PROJECT_SOURCE_DIR}/samples/schema/sqlite.sql ${program} ${ARGN})
+  tallyra_add_sample_script(${name} run_sample.sh ${program} ${ARGN})
+endfunction()
+
+# tallyra_add_sample_script(name script arguments...): a script of tests/wine that drives a sample client on such a
+# company and checks the rows it leaves.
+function(tallyra_add_sample_script name script)
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/${script} ${TALLYRA_WINE_PREFIX}
+    $<TARGET_FILE:tallyra-company> ${PROJECT_SOURCE_DIR}/samples/schema/sqlite.sql ${ARGN})
   tallyra_needs_wine_prefix(${name})
   set_property(TEST ${name} PROPERTY TIMEOUT 120)
 endfunction()

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# stocktaking.sh PREFIX GENERATOR SCHEMA: the sample client that takes stock enters what was counted, and its approvals
+# post the differences once.
+source "$(dirname "$0")/sample_company.sh"
+source "$repository/scripts/demo/checks.sh"
+source "$repository/scripts/demo/stocktaking.sh"
+
+samples=$repository/samples/vbscript
+take_stock() { wine_client "$samples/stocktaking.vbs" "$connection" ADMIN $counted_check "$@"; }
+wine_client "$samples/month_end.vbs" "$connection" ADMIN close 2024/01/31 approve 2024/01/31
+choose_counts
+steps=(open $counted_on $counted_department)
+while IFS='|' read -r part quantity price; do steps+=(count "$part" "$quantity" "$price"); done <<<"$counts"
+take_stock "${steps[@]}"
+shown=$(take_stock show)
+values_of() { sed -n "s/^  $1 = //p" <<<"$shown"; }
+check "shown is the header" "$(values_of DEPTNO)" $counted_department
+check "shown are the counted quantities" "$(values_of QTY)" \
+  "$(query "SELECT printf('%.15g',QTY) FROM STKCHECKDT WHERE CHECKNO='$counted_check' ORDER BY PARTNO")"
+check "and what the master data tells of the parts" "$(values_of UNITNM)" \
+  "$(query "SELECT UNITNM FROM STKCHECKDT C JOIN PARTS P ON P.PARTNO=C.PARTNO WHERE CHECKNO='$counted_check'
+            ORDER BY C.PARTNO")"
+take_stock approve
+check_counted_stocktaking
+take_stock unapprove
+check "un-approved it has no adjustments" "$(query "$(sheet_of $counted_check) SELECT count(*) FROM POSTED")" 0
+check "and no adjustment document" "$(query "SELECT count(*) FROM STKTRANHD WHERE REFERENCE='$counted_check'")" 0
+take_stock approve
+check_counted_stocktaking
+
+check "a number that is taken is not entered again" \
+  "$(take_stock open $counted_on $counted_department |
+    grep -c "^opening stocktaking $counted_check: the number is taken")" 1
+wine_client "$samples/month_end.vbs" "$connection" ADMIN close 2024/02/29
+check "after the close the script stops at the guard" \
+  "$(take_stock unapprove | grep -c "^un-approving $counted_check: error 10000112 ")" 1
+check_counted_stocktaking
+[ "$failed_checks" = 0 ]
