@@ -17,6 +17,7 @@ choose_orders() {
       WHERE R.REFERENCE=P.PONO AND R.SN=L.SN AND R.PARTNO=L.PARTNO
         AND H.TRANTYPE='STK010POREV' AND H.DEPTNOTO=P.SUPPLIERNO AND H.STATUSSN=1)
     GROUP BY P.PONO HAVING count(*)=4 ORDER BY 1 LIMIT 1")
+  [ -n "$production_order" ] && [ -n "$purchase_order" ] || { echo "The company has no such orders." >&2 && return 1; }
 }
 
 # insert_document NUMBER TYPE TARGET [ORIGINAL]
