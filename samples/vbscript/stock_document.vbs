@@ -53,15 +53,15 @@ WScript.Echo "script reached its end"
 
 ' A material issue with two lines, each checked against the production order before it is written.
 Sub EnterIssue
-  Dim parts, alreadyIssued
-  parts = Column("Select PARTNO From CODETAIL Where CONO='" & productionOrder & "' Order By PARTNO")
+  Dim parts, fields, alreadyIssued
+  parts = Column("Select Distinct PARTNO From CODETAIL Where CONO='" & productionOrder & "' Order By PARTNO")
   firstPart = parts(0)
   secondPart = parts(1)
   Expect "the order's type", detail.OrderTypeExam(productionOrder), "MO"
 
+  fields = HeadFields(issueNumber, issueType)
   BeginDated "entering issue " & issueNumber
-  Succeed head, head.Insert(issueNumber, issueType, Names(HeadFields(issueNumber, issueType)), _
-    Values(HeadFields(issueNumber, issueType)))
+  Succeed head, head.Insert(issueNumber, issueType, Names(fields), Values(fields))
 
   alreadyIssued = Issued(firstPart, "no document")
   CheckRequirement firstPart
