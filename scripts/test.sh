@@ -1,19 +1,22 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs every test: the release build, and the same tests under the address and undefined-behaviour
-# sanitizers. The last line is "N passed, N failed".
+# Sets up, builds and runs every test: the release build, the same tests under the address and undefined-behaviour
+# sanitizers, and the Windows build under Wine, in English and in German surroundings. The last line is
+# "N passed, N failed".
 source "$(dirname "$0")/setup.sh"
+source "$repository/scripts/wine.sh"
 
 setup_native
+mkdir -p "$repository/build"
 
 passed=0
 failed=0
 
-# run_level NAME PRESET: builds, runs the tests that CTest knows and adds their numbers up.
+log_of() { echo "$repository/build/test-$(tr 'A-Z ' 'a-z-' <<<"$1").log"; }
+
+# run_level NAME PRESET: runs the tests that CTest knows in a build and adds their numbers up.
 run_level() {
   local name=$1 preset=$2 log
-  log="$repository/build/test-$preset.log"
-  say "$name: building"
-  build "$preset" | tail -n 1
+  log=$(log_of "$name")
   say "$name: testing"
   (cd "$repository" && ctest --preset "$preset" -j "$(nproc)" --progress) >"$log" 2>&1 || true
   local total bad
@@ -36,7 +39,7 @@ run_level() {
 run_script() {
   local name=$1 log
   shift
-  log="$repository/build/test-$(tr 'A-Z ' 'a-z-' <<<"$name").log"
+  log=$(log_of "$name")
   if "$@" >"$log" 2>&1; then
     say "$name: passed (log: build/$(basename "$log"))"
     passed=$((passed + 1))
@@ -47,9 +50,33 @@ run_script() {
   fi
 }
 
-run_level "Native release" release
-run_script "Demo" "$repository/scripts/demo.sh"
-run_level "Native sanitizers" sanitize
+# built NAME COMMAND...: a build is no test, but a failed one is a failure; the tests behind it are left out then.
+built() {
+  local name=$1 log
+  shift
+  log=$(log_of "$name")
+  say "$name"
+  "$@" >"$log" 2>&1 && return
+  tail -n 40 "$log"
+  say "$name: failed"
+  failed=$((failed + 1))
+  return 1
+}
+
+if built "Release build" build release; then
+  run_level "Release" release
+  run_script "Demo" "$repository/scripts/demo.sh"
+fi
+if built "Sanitizer build" build sanitize; then
+  run_level "Sanitizers" sanitize
+fi
+if built "Windows build" "$repository/scripts/build-windows.sh"; then
+  LC_ALL=C.UTF-8 run_level "Windows English" windows
+  # Statements, numbers and dates must not depend on the language of the user.
+  install_german_locale
+  LOCPATH=$german_locale_folder LC_ALL=de_DE.UTF-8 run_level "Windows German" windows
+  run_script "Demo through the DLL" "$repository/scripts/demo.sh" --dll
+fi
 
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]
