@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "automation/value.h"
+
+// How the classes that keep one table by a key differ from each other. What is the same in all of them stands
+// in the tests of this folder, what only one of them does in the folder of that class.
+namespace tallyra::records {
+
+// A query of a move and how its recordset is opened.
+struct Query {
+  const char* statement;
+  enum Cursor { forward_only = 0, fixed = 3 } cursor;
+  enum Location { server, as_it_is } location;
+};
+
+struct RecordClass {
+  const char* class_name;
+  const char* function_code;
+  const char* table;
+  // The key of every statement below.
+  std::vector<automation::Value> keys;
+  // Read takes its keys by reference in every class, some classes in the other members too.
+  bool every_key_by_reference = false;
+  // Update takes a tag as its last argument, which decides the right.
+  enum Tag { no_tag, tag_may_be_left_out, tag_is_needed } update_tag = no_tag;
+
+  const char* row_query;
+  // Read adds to the caller's collections or puts new ones in their place.
+  bool read_appends = false;
+  bool read_counts_rows = true;
+
+  // What has to be found before the key is looked up; null when nothing has.
+  const char* known_query = nullptr;
+  const char* key_query;
+  bool insert_wants_one = true;
+  bool insert_in_transaction = true;
+
+  Query structure;
+  // What follows the text of the builder.
+  const char* condition;
+  bool update_in_transaction = false;
+
+  // A user with nothing but the owner right is let in by these; without a statement nobody is.
+  Query update_owner = {};
+  Query delete_owner = {};
+  // The connection of an owner test is opened once more, which is an error, or used.
+  bool opens_again = false;
+
+  std::vector<std::string> removals;
+  bool delete_rolls_back = true;
+
+  bool has_owner() const { return update_owner.statement != nullptr; }
+};
+
+extern const std::vector<RecordClass> record_classes;
+
+}  // namespace tallyra::records
