@@ -6,12 +6,14 @@ if(WIN32)
   include(${CMAKE_CURRENT_LIST_DIR}/windows/wine_tests.cmake)
 endif()
 
-# Most of a small test's compile time is the headers that all tests share; and no test is worth optimising.
-add_library(tallyra_test_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/test_headers.cpp)
-target_link_libraries(tallyra_test_headers PRIVATE tallyra_automation GTest::gtest)
-target_compile_options(tallyra_test_headers PRIVATE -O0)
-target_precompile_headers(tallyra_test_headers PRIVATE
-  <gtest/gtest.h> <functional> <map> <string> <vector> "${PROJECT_SOURCE_DIR}/automation/object.h")
+# Most of a small test's compile time is the headers that all tests share; and no test is worth optimising. The way in
+# which values print is among them, so that every part of a test program prints them alike.
+add_library(tallyra_shared_test_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/test_headers.cpp)
+target_link_libraries(tallyra_shared_test_headers PRIVATE tallyra_automation GTest::gtest)
+target_compile_options(tallyra_shared_test_headers PRIVATE -O0)
+target_precompile_headers(tallyra_shared_test_headers PRIVATE
+  <gtest/gtest.h> <functional> <map> <string> <vector>
+  "${PROJECT_SOURCE_DIR}/automation/object.h" "${PROJECT_SOURCE_DIR}/tests/printing/printed_value.h")
 
 function(tallyra_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")
@@ -19,7 +21,7 @@ function(tallyra_add_test name)
   target_link_libraries(${name} PRIVATE
     tallyra_build_rules tallyra_automation ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
   target_compile_options(${name} PRIVATE -O0)
-  target_precompile_headers(${name} REUSE_FROM tallyra_test_headers)
+  target_precompile_headers(${name} REUSE_FROM tallyra_shared_test_headers)
   # A test that hangs is a failure too.
   if(WIN32)
     add_test(NAME ${name} COMMAND ${name})

@@ -20,6 +20,9 @@ const Error connection_unusable{3709, "The connection cannot be used to perform 
 const Error in_a_transaction{3246, "Connection object cannot be explicitly closed while in a transaction."};
 const Error no_transaction{-2147168242, "No transaction is active."};
 const Error no_current_record{3021, "Either BOF or EOF is True."};
+const Error wrong_arguments{3001,
+                            "Arguments are of the wrong type, are out of acceptable range, or are in "
+                            "conflict with one another."};
 const Error no_such_item{3265, "Item cannot be found in the collection."};
 
 class FieldDouble : public automation::Implements<FieldDouble>, public Named {
@@ -192,8 +195,7 @@ const MemberTable<RecordsetDouble>& RecordsetDouble::members() {
       {7, "Fields", property<&RecordsetDouble::fields>},
       {8, "CursorLocation",
        read_write<&RecordsetDouble::cursor_location, &RecordsetDouble::set_cursor_location>},
-      {9, "ActiveConnection",
-       read_write<&RecordsetDouble::active_connection, &RecordsetDouble::set_active_connection>},
+      {9, "ActiveConnection", &RecordsetDouble::use_active_connection},
   };
   return table;
 }
@@ -266,14 +268,17 @@ Value RecordsetDouble::cursor_location() {
 void RecordsetDouble::set_cursor_location(const Value& value) {
   stage_.step(name() + ".CursorLocation = " + shown(value));
   if (rows_) throw object_open;
+  client_side_ = automation::equals_number(value, 3);
 }
 
-Value RecordsetDouble::active_connection() {
-  return Object();
-}
-
-void RecordsetDouble::set_active_connection(const Value& value) {
-  stage_.step(name() + ".ActiveConnection = " + shown(value));
+Value RecordsetDouble::use_active_connection(RecordsetDouble& recordset, automation::Access access,
+                                             Arguments arguments) {
+  if (access == automation::Access::read) return Object();
+  automation::expect_arguments(arguments, 1, 1);
+  recordset.stage_.step(recordset.name() + ".ActiveConnection = " + shown(arguments[0].get()));
+  if (access != automation::Access::put_reference) throw wrong_arguments;
+  if (recordset.rows_ && !recordset.client_side_) throw object_open;
+  return {};
 }
 
 Value RecordsetDouble::value_of(std::size_t column) const {

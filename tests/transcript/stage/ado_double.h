@@ -47,8 +47,9 @@ class RecordsetDouble : public automation::Implements<RecordsetDouble>, public N
   automation::Value fields();
   automation::Value cursor_location();
   void set_cursor_location(const automation::Value& value);
-  automation::Value active_connection();
-  void set_active_connection(const automation::Value& value);
+  // A let is for a connection string, which nobody has here; a connection or none is set by reference.
+  static automation::Value use_active_connection(RecordsetDouble& recordset, automation::Access access,
+                                                 automation::Arguments arguments);
 
   Stage& stage() { return stage_; }
   const Rows& rows() const { return *rows_; }
@@ -60,6 +61,7 @@ class RecordsetDouble : public automation::Implements<RecordsetDouble>, public N
 
   Stage& stage_;
   const Rows* rows_ = nullptr;
+  bool client_side_ = false;
   std::size_t row_ = 0;
 };
 

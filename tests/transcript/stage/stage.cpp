@@ -6,6 +6,7 @@
 #include "automation/create.h"
 #include "frame/collaborators.h"
 #include "server/register.h"
+#include "tests/printing/printed_value.h"
 #include "tests/transcript/stage/ado_double.h"
 #include "tests/transcript/stage/collaborator_double.h"
 
@@ -130,10 +131,20 @@ std::string Stage::forms(const std::string& member_name) const {
   return found == forms_.end() ? "" : found->second;
 }
 
+std::string Stage::arguments(const std::string& member_name) const {
+  const auto found = arguments_.find(member_name);
+  return found == arguments_.end() ? "" : found->second;
+}
+
 void Stage::note_forms(const std::string& member_name, automation::Arguments arguments) {
-  std::string& forms = forms_[member_name];
-  forms.clear();
-  for (const auto& argument : arguments) forms += argument.is_reference() ? '&' : 'v';
+  std::string forms, kinds;
+  for (const auto& argument : arguments) {
+    forms += argument.is_reference() ? '&' : 'v';
+    kinds += (kinds.empty() ? "" : ", ") + std::string(argument.is_reference() ? "&" : "") +
+             automation::printed(argument.get());
+  }
+  forms_[member_name] = forms;
+  arguments_[member_name] = kinds;
 }
 
 std::string Stage::issue_document_number() {

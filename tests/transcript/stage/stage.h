@@ -70,6 +70,8 @@ class Stage {
 
   // How a member of a collaborator got its arguments at its last call: 'v' by value, '&' by reference.
   std::string forms(const std::string& member) const;
+  // The same with kinds and contents: "text 'A', &int16 1".
+  std::string arguments(const std::string& member) const;
 
   // For the doubles.
   void note_forms(const std::string& member, automation::Arguments arguments);
@@ -106,6 +108,7 @@ class Stage {
   std::deque<Rows> told_;
   std::map<std::string, automation::Value> members_;
   std::map<std::string, std::string> forms_;
+  std::map<std::string, std::string> arguments_;
   std::map<std::string, int> numbers_;
   std::vector<std::unique_ptr<automation::local::ScopedClass>> classes_;
   automation::ScopedClock clock_;

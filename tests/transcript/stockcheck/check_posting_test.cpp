@@ -225,6 +225,27 @@ TEST(CheckPosting, ANumberIsAskedForUntilOneComesAtMostThreeTimes) {
   }
 }
 
+TEST(CheckPosting, TheNumberIsAskedForWithTheDayInThreeNumbersAndAVariableThatReceivesIt) {
+  StocktakingStage check;
+  check.stage.numbers_withheld = 1;
+  check.sheet({{"A", 5.0}});
+  EXPECT_EQ(check.approve(), posted);
+  EXPECT_EQ(check.stage.arguments("system.GetTableKeyID"),
+            "text 'STKCHECKISS', text 'TRANNO', &text '', int16 2024, int16 4, int16 5");
+}
+
+TEST(CheckPosting, OnlyTheLinesAndTheSumsLetTheConnectionGo) {
+  StocktakingStage check;
+  check.sheet({{"A", 5.0}, {"B", 5.0}});
+  EXPECT_EQ(check.approve(), posted);
+  EXPECT_EQ(check.count("R2.ActiveConnection = Nothing"), 1);
+  EXPECT_EQ(check.count("R3.ActiveConnection"), 0) << "the close look-up stays attached";
+  EXPECT_EQ(check.count("R4.ActiveConnection = Nothing"), 4);
+  EXPECT_EQ(check.count("R2.Close"), 0) << "the lines are let go as they are";
+  EXPECT_EQ(check.count("R3.Close"), 1);
+  EXPECT_EQ(check.count("R4.Close"), 4);
+}
+
 TEST(CheckPosting, ADocumentWithoutANumberIsWrittenAndTheNextLineAsksAgain) {
   StocktakingStage check;
   check.stage.numbers_withheld = 4;
