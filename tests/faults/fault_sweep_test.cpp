@@ -116,5 +116,26 @@ TEST(FaultSweepScenes, CoverEveryMethodOfEveryClass) {
       }
 }
 
+bool asks_for_owner(const Scene& scene, Stage& stage) {
+  Fields fields{{"COLUMN", 1}};
+  scene.call(stage.client(scene.class_name), fields);
+  return stage.rights_calls().find("rights.Owner\n") != std::string::npos;
+}
+
+TEST(FaultSweepScenes, CoverTheOwnersWayIntoEveryMethodThatHasOne) {
+  std::set<std::string> with_way, swept;
+  for (const auto& scene : faults::all_scenes()) {
+    const std::string name = scene.class_name + "." + scene.member;
+    Stage without_rights;
+    if (asks_for_owner(scene, without_rights)) with_way.insert(name);
+    Stage prepared;
+    scene.prepare(prepared);
+    const bool is_owner = automation::equals_number(prepared.member("Owner"), 1);
+    if (is_owner && asks_for_owner(scene, prepared)) swept.insert(name);
+  }
+  EXPECT_GE(with_way.size(), 15U);
+  EXPECT_EQ(with_way, swept);
+}
+
 }  // namespace
 }  // namespace tallyra

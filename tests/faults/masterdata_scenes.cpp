@@ -14,37 +14,64 @@ Value call_with_key(const Object& object, const char* member, Fields& fields) {
   return object.call(member, ref(key), ref(fields.names), ref(fields.values));
 }
 
-void add_key_record(std::vector<Scene>& scenes, const char* class_name, const std::string& row_query) {
-  scenes.push_back(
-      {class_name, "Read", "found",
-       [row_query](Stage& stage) {
-         stage.finds(row_query, {{"A", "B"}, {{"A1", 1}}});
-       },
-       [](const Object& object, Fields& fields) { return call_with_key(object, "Read", fields); }});
-  scenes.push_back(
-      {class_name, "Read", "missing", [](Stage&) {},
-       [](const Object& object, Fields& fields) { return call_with_key(object, "Read", fields); }});
-  scenes.push_back(
-      {class_name, "Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); },
-       [](const Object& object, Fields& fields) { return call_with_key(object, "Insert", fields); }});
-  scenes.push_back(
-      {class_name, "Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); },
-       [](const Object& object, Fields& fields) { return call_with_key(object, "Update", fields); }});
-  scenes.push_back({class_name, "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); },
-                    [](const Object& object, Fields&) {
-                      Value key = "A1";
-                      return object.call("Delete", ref(key));
-                    }});
+struct KeyRecord {
+  const char* class_name;
+  std::string row_query;
+  std::string update_owner_query;
+  std::string delete_owner_query;
+};
+
+// A user who may change only rows of their own, and the row found is the named user's.
+auto owned_by(const char* user, const std::string& owner_query) {
+  return [user, owner_query](Stage& stage) {
+    stage.set("Owner", 1).finds(owner_query, {{"ADDBY"}, {{user}}});
+  };
+}
+
+void add_key_record(std::vector<Scene>& scenes, const KeyRecord& record) {
+  const auto with_fields = [](const char* member) {
+    return [member](const Object& object, Fields& fields) { return call_with_key(object, member, fields); };
+  };
+  const auto remove = [](const Object& object, Fields&) {
+    Value key = "A1";
+    return object.call("Delete", ref(key));
+  };
+  const auto add = [&](const char* member, const char* branch, auto prepare,
+                       std::optional<stage::Outcome> reported = std::nullopt) {
+    Scene scene{record.class_name, member, branch, prepare, with_fields(member), reported};
+    if (scene.member == "Delete") scene.call = remove;
+    scenes.push_back(std::move(scene));
+  };
+  add("Read", "found", [query = record.row_query](Stage& stage) {
+    stage.finds(query, {{"A", "B"}, {{"A1", 1}}});
+  });
+  add("Read", "missing", [](Stage&) {});
+  add("Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); });
+  add("Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); });
+  add("Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); });
+  // Owners are let in and end at the second opening of the connection that the owner test has opened.
+  const auto opened_twice = stage::trapped(3705, "Operation is not allowed when the object is open.");
+  add("Update", "owner", owned_by("TESTER", record.update_owner_query), opened_twice);
+  add("Delete", "owner", owned_by("TESTER", record.delete_owner_query), opened_twice);
+  add("Update", "owned_by_another", owned_by("OTHER", record.update_owner_query), stage::refused(10000016));
+  add("Delete", "owned_by_another", owned_by("OTHER", record.delete_owner_query), stage::refused(10000016));
 }
 
 }  // namespace
 
 std::vector<Scene> masterdata_scenes() {
   std::vector<Scene> scenes;
-  add_key_record(scenes, "CRevAddr", "Select * From REVADDR Where AddrNo='A1'");
-  add_key_record(scenes, "CSTKController", "Select * From STKCONTROLLER Where CONTROLLERNO='A1'");
-  add_key_record(scenes, "CStkShipNote",
-                 "Select STKSHIPNOTE.* From STKSHIPNOTE Where STKSHIPNOTE.TRANNO='A1'");
+  add_key_record(
+      scenes, {"CRevAddr", "Select * From REVADDR Where AddrNo='A1'",
+               "Select ADDBY from REVADDR WHERE ADDRNO='A1'", "Select ADDBY from REVADDR WHERE ADDRNO='A1'"});
+  add_key_record(scenes, {"CSTKController", "Select * From STKCONTROLLER Where CONTROLLERNO='A1'",
+                          "Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='A1'",
+                          "Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='A1'"});
+  add_key_record(scenes,
+                 {"CStkShipNote", "Select STKSHIPNOTE.* From STKSHIPNOTE Where STKSHIPNOTE.TRANNO='A1'",
+                  "Select ADDBY from STKSHIPNOTE WHERE STKSHIPNOTE.TRANNO='A1' AND "
+                  "STKSHIPNOTE.TRANTYPE='STK030SHIPN'",
+                  "Select ADDBY from STKSHIPNOTE WHERE TRANNO='A1'"});
   return scenes;
 }
 

@@ -37,6 +37,11 @@ void own_header(Stage& stage, const char* condition) {
              {{"ADDBY"}, {{"TESTER"}}});
 }
 
+// An owner test that finds no header lets the user through.
+void own_nothing(Stage& stage) {
+  stage.set("Owner", 1);
+}
+
 // A part short, one without difference, one without quantity, one over.
 void counted_sheet(Stage& stage) {
   stage.set("CanApproved", 1).set("wording.StatusApproved", "Approved").set("wording.NameCheck", "Counted");
@@ -74,6 +79,8 @@ void add_head(std::vector<Scene>& scenes) {
   scenes.push_back({"CCheckHead", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
   scenes.push_back(
       {"CCheckHead", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
+  scenes.push_back({"CCheckHead", "Delete", "owner_without_header", own_nothing, remove});
+  scenes.push_back({"CCheckHead", "Update", "owner_without_header", own_nothing, update_head("")});
   scenes.push_back(
       {"CCheckHead", "Update", "edit", [](Stage& stage) { stage.set("CanUpdate", 1); }, update_head("")});
   scenes.push_back({"CCheckHead", "Update", "owner",
@@ -110,6 +117,8 @@ void add_detail(std::vector<Scene>& scenes) {
       {"CCheckDetail", "Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); }, with_line("Update")});
   scenes.push_back({"CCheckDetail", "Update", "owner",
                     [](Stage& stage) { own_header(stage, "STKCHECKHD.CHECKNO"); }, with_line("Update")});
+  scenes.push_back({"CCheckDetail", "Update", "owner_without_header", own_nothing, with_line("Update")});
+  scenes.push_back({"CCheckDetail", "Delete", "owner_without_header", own_nothing, remove});
   scenes.push_back({"CCheckDetail", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
   scenes.push_back(
       {"CCheckDetail", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
