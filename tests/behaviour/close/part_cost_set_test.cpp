@@ -53,6 +53,20 @@ TEST_P(PartCostSetOnSqlite, ASettingLivesItsWholeLifeAlsoUnderANegativeNumber) {
   }
 }
 
+TEST_P(PartCostSetOnSqlite, AFailedStatementChangesNothing) {
+  company.run({"INSERT INTO PARTCOSTSET(MTYPESN,MTYPENM) VALUES(7,'Raw')",
+               "CREATE TRIGGER NO_NEW AFTER INSERT ON PARTCOSTSET BEGIN SELECT RAISE(ABORT,'settled'); END",
+               "CREATE TRIGGER KEPT AFTER DELETE ON PARTCOSTSET BEGIN SELECT RAISE(ABORT,'settled'); END"});
+  Fields setting{{"MTYPESN", 8}};
+  const Object settings = company.client("CPartCostSet");
+  for (const Outcome& outcome :
+       {play("Insert", 8, setting), stage::outcome_of(settings, settings.call("Delete", 7))}) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_NE(outcome.description.find("settled"), std::string::npos) << outcome.description;
+  }
+  EXPECT_EQ(stored(), "7|Raw|0\n");
+}
+
 TEST_P(PartCostSetOnSqlite, ATagAsksForItsRightAndChangesWhatAnEditDoes) {
   company.grant("EDITOR", "CANUPDATE,OWNER");
   company.grant("BOSS", "CANAPPROVED");

@@ -61,7 +61,53 @@ TEST_P(ShipNoteOnSqlite, AnOwnerEndsInTheTrapWhateverTheTypeOfTheNote) {
   EXPECT_EQ(play("Update", "T3", change, "OWNER").number, 10000016);
   EXPECT_EQ(remove("T1", "OWNER").number, 3705);
   EXPECT_EQ(remove("T2", "OWNER").number, 10000016);
+  EXPECT_EQ(play("Update", "NONE", change, "OWNER").number, 3705) << "no note, no owner to differ from";
+  EXPECT_EQ(remove("NONE", "OWNER").number, 3705);
   EXPECT_EQ(stored(), before);
+}
+
+TEST_P(ShipNoteOnSqlite, ANoteWithoutCreatorHasNoOwner) {
+  company.grant("OWNER", "OWNER");
+  company.run(
+      {"INSERT INTO STKSHIPNOTE(TRANNO,TRANTYPE,ADDBY) VALUES('T1','STK030SHIPN',NULL),"
+       "('T2','STK030SHIPN','')"});
+  const std::string before = stored();
+  Fields change{{"NOTES", "x"}};
+  for (const char* number : {"T1", "T2"}) {
+    EXPECT_EQ(play("Update", number, change, "OWNER").number, 10000016) << number;
+    EXPECT_EQ(remove(number, "OWNER").number, 10000016) << number;
+  }
+  EXPECT_EQ(stored(), before);
+}
+
+TEST_P(ShipNoteOnSqlite, ARightToInsertOfTwoIsNoneHereAndOneForAddresses) {
+  company.run({"INSERT INTO USERRIGHTS(USERID,FUNCCODE,CANINSERT) VALUES('CLERK','*',2)"});
+  Fields note{{"TRANNO", "T1"}, {"NOTES", "x"}};
+  EXPECT_EQ(play("Insert", "T1", note, "CLERK").number, 10000016);
+  EXPECT_EQ(stored(), "");
+  Fields address{{"ADDRNO", "A1"}};
+  const Object addresses = company.client("CRevAddr", "CLERK");
+  EXPECT_EQ(
+      stage::outcome_of(addresses, addresses.call("Insert", "A1", ref(address.names), ref(address.values))),
+      done);
+}
+
+TEST_P(ShipNoteOnSqlite, AnEmptyNumberIsANumberAndAnApostropheBreaksTheStatement) {
+  Fields note{{"TRANNO", ""}, {"NOTES", "of no document"}};
+  EXPECT_EQ(play("Insert", "", note), done);
+  Fields change{{"NOTES", "changed"}};
+  EXPECT_EQ(play("Update", "", change), done);
+  EXPECT_EQ(stored(), "|NULL|changed|NULL\n");
+  Fields read;
+  for (const Outcome& outcome : {play("Read", "O'Neil", read), play("Insert", "O'Neil", note),
+                                 play("Update", "O'Neil", change), remove("O'Neil")}) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.number, stage::narrowed(-2147217900)) << outcome.description;
+  }
+  EXPECT_EQ(read.text(), "");
+  EXPECT_EQ(stored(), "|NULL|changed|NULL\n");
+  EXPECT_EQ(remove(""), done);
+  EXPECT_EQ(stored(), "");
 }
 
 TEST_P(ShipNoteOnSqlite, AFailedInsertLeavesNothing) {

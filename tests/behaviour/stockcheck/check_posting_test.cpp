@@ -45,6 +45,45 @@ TEST_P(CheckPostingOnSqlite, APartIsPostedWithWhatWasCountedLessWhatMoved) {
             "P6|4|1.5\n");
 }
 
+TEST_P(CheckPostingOnSqlite, ALineWithoutQuantityIsNoDifferenceEvenAgainstNothing) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "NULL");
+  company.counted("S1", "P2", "0");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.postings(), "0|0");
+}
+
+TEST_P(CheckPostingOnSqlite, ASumOfZeroOrLessCountsAsNothing) {
+  company.check("S1", "2024-03-31", "10");
+  for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "5");
+  company.counted("S1", "P4", "0");
+  company.moves("T1", "STK020MISS", "2024-03-10", "10", "", "P1", "4");
+  company.moves("T2", "STK021RTN1", "2024-03-10", "10", "", "P1", "-4");
+  company.moves("T3", "STK020MISS", "2024-03-10", "10", "", "P2", "3");
+  company.moves("T4", "STK024MRPL", "2024-03-10", "20", "10", "P2", "-2");
+  company.moves("T5", "STK021RTN1", "2024-03-10", "10", "", "P3", "-2");
+  company.moves("T6", "STK024MRPL", "2024-03-10", "20", "10", "P3", "3");
+  company.moves("T7", "STK021RTN1", "2024-03-10", "10", "", "P4", "-3");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|5|1.5\nP2|2|1.5\nP3|2|1.5\n");
+}
+
+TEST_P(CheckPostingOnSqlite, TheTimeOfDayOfTheCheckCounts) {
+  company.check("S1", "2024-03-31", "10");
+  company.check("S2", "2024-03-31 12:00:00", "20");
+  company.counted("S1", "P1", "10");
+  company.counted("S2", "P1", "10");
+  company.moves("T1", "STK020MISS", "2024-03-31 00:00:00", "10", "", "P1", "1");
+  company.moves("T2", "STK020MISS", "2024-03-31 00:00:01", "10", "", "P1", "2");
+  company.moves("T3", "STK020MISS", "2024-03-31 12:00:00", "20", "", "P1", "3");
+  company.moves("T4", "STK020MISS", "2024-03-31 12:00:01", "20", "", "P1", "4");
+  expect_posted(company.approve("S1"));
+  expect_posted(company.approve("S2"));
+  EXPECT_EQ(company.posted_lines(), "P1|9|1.5\nP1|7|1.5\n");
+  EXPECT_EQ(company.rows("SELECT TRANDT FROM STKTRANHD WHERE TRANTYPE='STKCHECKISS' ORDER BY 1"),
+            "2024/03/31\n2024/03/31 12:00:00\n");
+}
+
 TEST_P(CheckPostingOnSqlite, TheDocumentSaysWhereItComesFrom) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P2", "5");
@@ -195,6 +234,20 @@ TEST_P(CheckPostingOnSqlite, AnErrorAmongTheLinesLeavesNothingBehind) {
   EXPECT_EQ(outcome.result, 0);
   EXPECT_NE(outcome.description.find("P3 is not allowed"), std::string::npos) << outcome.description;
   EXPECT_EQ(company.everything(), before);
+}
+
+TEST_P(CheckPostingOnSqlite, AnErrorWhileItIsTakenBackLeavesThePosting) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  expect_posted(company.approve("S1"));
+  company.run(
+      {"CREATE TRIGGER KEPT BEFORE DELETE ON STKTRANHD BEGIN SELECT RAISE(ABORT,'the document is kept'); "
+       "END"});
+  const std::string before = company.everything();
+  const stage::Outcome outcome = company.update("S1", "UNAPPROVED");
+  EXPECT_EQ(outcome.result, 0);
+  EXPECT_NE(outcome.description.find("the document is kept"), std::string::npos) << outcome.description;
+  EXPECT_EQ(company.everything(), before) << "its lines and the status of the check too";
 }
 
 TEST_P(CheckPostingOnSqlite, DeletingAnApprovedCheckLeavesItsPosting) {

@@ -152,6 +152,74 @@ TEST_P(CheckRecordOnSqlite, OwnersChangeWhatTheyHaveCreated) {
   EXPECT_EQ(company.everything(), "");
 }
 
+TEST_P(CheckRecordOnSqlite, OwnersAreComparedWithoutBlanksAndAHeaderWithoutCreatorHasNone) {
+  company.grant("CLERK", "OWNER");
+  const struct {
+    const char* creator;
+    double number;
+  } rows[] = {{"' CLERK  '", 0}, {"'CLERK'", 0}, {"'clerk'", 10000016}, {"''", 10000016}, {"NULL", 10000016}};
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "1");
+  Fields recount{{"QTY", 9}};
+  for (const auto& [creator, number] : rows) {
+    company.run({"UPDATE STKCHECKHD SET ADDBY=" + std::string(creator)});
+    EXPECT_EQ(company.update("S1", "", "CLERK").number, number) << creator;
+    EXPECT_EQ(line("Update", "S1", "P1", recount, " CLERK ").number, number) << creator;
+  }
+  EXPECT_EQ(remove_line("S1", "P1", "CLERK").number, 10000016);
+  EXPECT_EQ(remove_head("S1", "CLERK").number, 10000016);
+}
+
+TEST_P(CheckRecordOnSqlite, ATagInAnotherCaseNeedsTheRightOfAnEdit) {
+  company.grant("BOSS", "CANAPPROVED");
+  company.grant("EDITOR", "CANUPDATE");
+  company.grant("CLERK", "OWNER");
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  EXPECT_EQ(company.update("S1", "approved", "BOSS").number, 10000016);
+  EXPECT_EQ(company.update("S1", "APPROVED", "EDITOR").number, 10000016);
+  EXPECT_EQ(company.update("S1", "approved", "EDITOR"), done);
+  EXPECT_EQ(company.update("S1", "approved", "CLERK"), done);
+  EXPECT_EQ(company.postings(), "0|0");
+  expect_posted(company.update("S1", "APPROVED", "BOSS"));
+  EXPECT_EQ(company.postings(), "1|1");
+}
+
+TEST_P(CheckRecordOnSqlite, AnEmptyKeyIsAKeyAndAnApostropheBreaksTheStatement) {
+  Fields header = sheet("");
+  EXPECT_EQ(head("Insert", "", header), done);
+  EXPECT_EQ(head("Insert", "", header).number, 10000004);
+  Fields read;
+  EXPECT_EQ(head("Read", "", read), done);
+  EXPECT_TRUE(read.text().starts_with("CHECKNO='' ")) << read.text();
+  const std::string before = company.everything();
+  Fields recount{{"QTY", 9}};
+  for (const Outcome& outcome :
+       {head("Read", "O'Neil", read), head("Insert", "O'Neil", header), company.update("O'Neil", ""),
+        company.update("O'Neil", "APPROVED"), company.update("O'Neil", "UNAPPROVED"), remove_head("O'Neil"),
+        line("Read", "S1", "1/4' nut", read), line("Insert", "S1", "1/4' nut", recount),
+        line("Update", "S1", "1/4' nut", recount), remove_line("S1", "1/4' nut")}) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_EQ(outcome.number, stage::narrowed(-2147217900)) << outcome.description;
+  }
+  EXPECT_EQ(company.everything(), before);
+  EXPECT_EQ(remove_head(""), done);
+  EXPECT_EQ(company.everything(), "");
+}
+
+TEST_P(CheckRecordOnSqlite, HeaderAndLinesAreDeletedTogetherOrNotAtAll) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "1");
+  company.run(
+      {"CREATE TRIGGER KEPT BEFORE DELETE ON STKCHECKDT BEGIN SELECT RAISE(ABORT,'the line is kept'); END"});
+  const std::string before = company.everything();
+  for (const Outcome& outcome : {remove_head("S1"), remove_line("S1", "P1")}) {
+    EXPECT_EQ(outcome.result, 0);
+    EXPECT_NE(outcome.description.find("the line is kept"), std::string::npos) << outcome.description;
+  }
+  EXPECT_EQ(company.everything(), before);
+}
+
 TEST_P(CheckRecordOnSqlite, AnOwnerTestWithoutAHeaderPasses) {
   company.grant("CLERK", "OWNER");
   company.counted("S9", "P1", "1");
