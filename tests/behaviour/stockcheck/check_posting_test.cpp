@@ -236,6 +236,33 @@ TEST_P(CheckPostingOnSqlite, AnErrorAmongTheLinesLeavesNothingBehind) {
   EXPECT_EQ(company.everything(), before);
 }
 
+TEST_P(CheckPostingOnSqlite, TheHeaderReadAfterwardsTellsWhetherTheApprovalIsStored) {
+  const Object head = company.client("CCheckHead");
+  const auto approve_at = [&](double moment) {
+    Fields fields{{"STATUSSN", 1}, {"STATUSDT", automation::Date{moment}}};
+    Value tag = "APPROVED";
+    return stage::outcome_of(head,
+                             head.call("Update", "S1", ref(fields.names), ref(fields.values), ref(tag)));
+  };
+  const auto header_tells = [&](const std::string& moment) {
+    Fields read;
+    EXPECT_EQ(stage::outcome_of(head, head.call("Read", "S1", ref(read.names), ref(read.values))), done);
+    return read.text().find("STATUSSN=1 STATUSBY=Null STATUSDT=" + moment + " ") != std::string::npos;
+  };
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "5");
+  expect_posted(approve_at(45387.5));
+  EXPECT_TRUE(header_tells("2024/04/05 12:00:00"));
+  EXPECT_EQ(company.postings(), "1|1");
+
+  company.counted("S1", "P2", "5");
+  company.run({"CREATE TRIGGER FULL BEFORE INSERT ON STKTRANDT BEGIN SELECT RAISE(ABORT,'full'); END"});
+  EXPECT_EQ(approve_at(45388.5).result, 0);
+  EXPECT_FALSE(header_tells("2024/04/06 12:00:00"));
+  EXPECT_TRUE(header_tells("2024/04/05 12:00:00")) << "still the first approval's";
+  EXPECT_EQ(company.postings(), "1|1");
+}
+
 TEST_P(CheckPostingOnSqlite, AnErrorWhileItIsTakenBackLeavesThePosting) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");

@@ -49,6 +49,8 @@ class Stage {
   // Another user, or other session values, than the stage begins with.
   std::string user = "TESTER";
   std::string connection_string = "DSN=x";
+  // A data source that takes a commit without a transaction as nothing; ADO's own say that there is none.
+  bool ignores_needless_commits = false;
   // How many document numbers can be issued: K001, K002, ...
   int document_numbers = 1000;
   // How many requests for a number come back empty before one is issued.

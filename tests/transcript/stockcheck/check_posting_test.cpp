@@ -145,6 +145,14 @@ TEST(CheckPosting, ACheckWithoutDifferencesGetsNoDocumentAndIsCommittedTwiceAllT
   EXPECT_TRUE(check.stage.transcript().ends_with("R4.Close\nC1.CommitTrans\nC1.CommitTrans\n"));
 }
 
+TEST(CheckPosting, WhereTheSecondCommitIsNoErrorTheApprovalSucceeds) {
+  StocktakingStage check;
+  check.stage.ignores_needless_commits = true;
+  check.sheet({{"A", 3.0}});
+  EXPECT_EQ(check.approve(), done);
+  EXPECT_TRUE(check.stage.database_calls().ends_with(" | -1\nC1.CommitTrans\nC1.CommitTrans\nC1.Close\n"));
+}
+
 TEST(CheckPosting, ACheckWithoutLinesIsCommittedOnceAndSucceeds) {
   StocktakingStage check;
   EXPECT_EQ(check.approve(), done);
