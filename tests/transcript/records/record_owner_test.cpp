@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "tests/transcript/records/record_stage.h"
 
 // Changing and deleting with nothing but the owner right.
