@@ -12,9 +12,7 @@ using automation::Error;
 using automation::Value;
 
 std::string later_closes(const DateLiteral& literal, const Value& date) {
-  std::string text;
-  automation::append_concatenated(text, date);
-  return sql("Select * From STKCLOSEHD Where CLOSEDT>={}", literal.of_text(text));
+  return sql("Select * From STKCLOSEHD Where CLOSEDT>={}", literal.of_text(automation::to_text(date)));
 }
 
 // The number stands even when its text cannot be had.

@@ -9,8 +9,8 @@ namespace tallyra::frame {
 // How a class asks whether a month close covers a document date. Two classes do, and clients know the two by
 // their differences.
 struct ClosingDateGuard {
-  // A value that has no text form raises to the caller when the statement is built before the error trap is
-  // armed; inside the trap it is an error like any other.
+  // A value that has no text form, Null among them, raises to the caller when the statement is built before
+  // the error trap is armed; inside the trap it is an error like any other.
   enum class Statement { before_trap, inside_trap } statement;
   // Either set up when this object has not yet done so, or taken as an earlier method on the thread left
   // them.

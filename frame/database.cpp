@@ -56,10 +56,13 @@ Recordset::Recordset() : object_(automation::create("ADODB.Recordset")) {}
 
 void Recordset::set_cursor_location(CursorLocation location) {
   object_.put("CursorLocation", number(location));
+  location_ = location;
+  location_due_ = false;
 }
 
 void Recordset::open(const automation::Value& statement, const Connection& connection, CursorType cursor,
                      LockType lock) {
+  if (location_due_) set_cursor_location(*location_);
   members_.open.of(object_).call(statement, connection.object(), number(cursor), number(lock),
                                  unspecified_options);
   opened_ = true;
@@ -105,6 +108,7 @@ void Recordset::replace(automation::Object object) {
   if (object == object_) return;
   object_ = std::move(object);
   members_ = {};
+  location_due_ = location_.has_value();
 }
 
 automation::Value RepeatedField::value(const Recordset& recordset) {

@@ -90,7 +90,8 @@ class Recordset {
   automation::Object fields() const;
 
   const automation::Object& object() const { return object_; }
-  // A collaborator may hand another recordset back.
+  // A collaborator may hand another recordset back. When that is opened again, its cursor is where the first
+  // one's was.
   void replace(automation::Object object);
 
  private:
@@ -107,6 +108,9 @@ class Recordset {
   automation::Object object_;
   mutable Members members_;
   bool opened_ = false;
+  std::optional<CursorLocation> location_;
+  // Whether the object has not been told the location yet; one that is open cannot be.
+  bool location_due_ = false;
 };
 
 // A column of a recordset that is opened again and again, with new field objects each time. They are all of

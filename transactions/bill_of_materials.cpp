@@ -1,6 +1,9 @@
 #include "transactions/bill_of_materials.h"
 
+#include <utility>
+
 #include "automation/error.h"
+#include "automation/folded_name.h"
 
 namespace tallyra::transactions {
 namespace {
@@ -22,9 +25,43 @@ void BillOfMaterials::order(const std::string& part, double quantity) {
 
 void BillOfMaterials::add(const std::string& assembly, const std::string& component, double quantity) {
   if (parts_.empty() || parts_[last_assembly_].number != assembly) last_assembly_ = index_of(assembly);
+  std::size_t& lot = parts_[last_assembly_].lot;
+  if (lot == 0) lot = lot_;
+  if (lot != lot_) return;
   const std::size_t used = index_of(component);
   ++parts_[used].uses;
   parts_[last_assembly_].bill.push_back({used, quantity});
+}
+
+std::optional<BillOfMaterials::Spellings> BillOfMaterials::two_spellings(const std::string& part) const {
+  std::unordered_map<std::string, const std::string*> seen;
+  seen.reserve(parts_.size() + 1);
+  seen.emplace(automation::folded(part), &part);
+  for (const Part& each : parts_) {
+    const auto [found, added] = seen.try_emplace(automation::folded(each.number), &each.number);
+    if (!added && *found->second != each.number) return Spellings{*found->second, each.number};
+  }
+  return std::nullopt;
+}
+
+void BillOfMaterials::unite_spellings() {
+  const std::vector<Part> apart = std::exchange(parts_, {});
+  indexes_.clear();
+  united_ = true;
+  std::vector<std::size_t> united;
+  united.reserve(apart.size());
+  for (const Part& part : apart) {
+    const auto [found, added] = indexes_.try_emplace(automation::folded(part.number), parts_.size());
+    if (added) parts_.push_back({.number = part.number});
+    united.push_back(found->second);
+  }
+  for (std::size_t i = 0; i < apart.size(); ++i) {
+    Part& whole = parts_[united[i]];
+    whole.ordered += apart[i].ordered;
+    whole.uses += apart[i].uses;
+    for (const Component& component : apart[i].bill)
+      whole.bill.push_back({united[component.part], component.quantity});
+  }
 }
 
 std::optional<double> BillOfMaterials::requirement(const std::string& part) const {
@@ -47,7 +84,7 @@ std::optional<double> BillOfMaterials::requirement(const std::string& part) cons
     }
   if (settled.size() < parts_.size()) report_cycle(open_uses);
 
-  const auto found = indexes_.find(part);
+  const auto found = indexes_.find(united_ ? automation::folded(part) : part);
   if (found == indexes_.end()) return std::nullopt;
   return required[found->second];
 }

@@ -1,5 +1,7 @@
 #include "transactions/line_copy.h"
 
+#include <array>
+
 #include "automation/clock.h"
 #include "automation/convert.h"
 #include "frame/find_field.h"
@@ -59,6 +61,13 @@ void copy_lines(Call& call, const frame::FieldCollections& header, const DateLit
     const Line line(lines);
     Value statement;
     for (; !lines.at_end(); lines.move_next()) {
+      // In the order of the columns: braces keep it, the arguments of a call do not.
+      const std::array<Value, 9> copied{
+          line.reference.value(),      line.number.value(),           line.part.value(),
+          line.reference_part.value(), line.production_order.value(), line.quantity.value(),
+          line.v_quantity.value(),     line.unit_price.value(),       line.notes.value()};
+      const auto& [reference, number, part, reference_part, order, quantity, v_quantity, price, notes] =
+          copied;
       const std::string added = literal.of_time_stamp(automation::now());
       const std::string edited = literal.of_time_stamp(automation::now());
       // A number that is Null leaves a gap in the text; the database refuses it and the copy is given up.
@@ -66,10 +75,8 @@ void copy_lines(Call& call, const frame::FieldCollections& header, const DateLit
                         "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,REFPARTNO,MONO,QTY,VQTY,UPRICE,"
                         "NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
                         " VALUES('{}','{}',{},'{}','{}','{}',{},{},{},'{}','{}',{},'{}',{})",
-                        to, line.reference.value(), line.number.value(), line.part.value(),
-                        line.reference_part.value(), line.production_order.value(), line.quantity.value(),
-                        line.v_quantity.value(), line.unit_price.value(), line.notes.value(), user, added,
-                        user, edited);
+                        to, reference, number, part, reference_part, order, quantity, v_quantity, price,
+                        notes, user, added, user, edited);
       call.connection.execute(statement);
     }
   }

@@ -15,6 +15,7 @@ namespace tallyra::transactions {
 namespace {
 
 using automation::to_double;
+using automation::Value;
 using frame::Call;
 using frame::CursorType;
 using frame::Field;
@@ -44,13 +45,26 @@ class PartText {
 std::optional<double> production_order_requirement(Call& call, const std::string& order,
                                                    const std::string& part) {
   Recordset& rows = call.recordset();
+  // A sum with Null is Null and drops out of the first select, so a line of which only one quantity is known
+  // counts in one of the others. The two kinds of database share no function that would do.
   rows.open(sql("Select CODETAIL.PARTNO,SUM(CODETAIL.COQTY+CODETAIL.TEMPLETQTY) AS QTY From CODETAIL"
                 " Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='{}'"
-                " And CODETAIL.PARTNO='{}' And COHD.STATUSSN=1 Group By CODETAIL.PARTNO",
-                order, part),
+                " And CODETAIL.PARTNO='{}' And COHD.STATUSSN=1 Group By CODETAIL.PARTNO"
+                " Union All Select CODETAIL.PARTNO,SUM(CODETAIL.COQTY) AS QTY From CODETAIL"
+                " Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='{}'"
+                " And CODETAIL.PARTNO='{}' And COHD.STATUSSN=1 And CODETAIL.TEMPLETQTY Is Null"
+                " Group By CODETAIL.PARTNO"
+                " Union All Select CODETAIL.PARTNO,SUM(CODETAIL.TEMPLETQTY) AS QTY From CODETAIL"
+                " Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='{}'"
+                " And CODETAIL.PARTNO='{}' And COHD.STATUSSN=1 And CODETAIL.COQTY Is Null"
+                " Group By CODETAIL.PARTNO",
+                order, part, order, part, order, part),
             call.connection, CursorType::static_copy);
   std::optional<double> quantity;
-  if (!rows.at_end()) quantity = to_double(rows.value(column::quantity));
+  for (; !rows.at_end(); rows.move_next()) {
+    const Value sum = rows.value(column::quantity);
+    quantity = quantity.value_or(0) + (sum.is_null() ? 0 : to_double(sum));
+  }
   rows.close();
   return quantity;
 }
@@ -62,20 +76,22 @@ void load_order(Call& call, const std::string& order, BillOfMaterials& bill) {
   if (!rows.at_end()) {
     PartText part(rows.field(column::part));
     const Field quantity = rows.field(column::quantity);
-    for (; !rows.at_end(); rows.move_next()) bill.order(part.of_current_row(), to_double(quantity.value()));
+    for (; !rows.at_end(); rows.move_next()) {
+      const std::string& number = part.of_current_row();
+      bill.order(number, to_double(quantity.value()));
+    }
   }
   rows.close();
 }
 
 // These part numbers come out of the database and are not for a client to spell, so an apostrophe is doubled.
-void append_list_item(std::string& list, const std::string& part) {
-  if (!list.empty()) list += ',';
-  list += '\'';
+void append_literal(std::string& text, const std::string& part) {
+  text += '\'';
   for (const char c : part) {
-    if (c == '\'') list += c;
-    list += c;
+    if (c == '\'') text += c;
+    text += c;
   }
-  list += '\'';
+  text += '\'';
 }
 
 void load_bills(Call& call, const std::string& assemblies, BillOfMaterials& bill) {
@@ -91,12 +107,31 @@ void load_bills(Call& call, const std::string& assemblies, BillOfMaterials& bill
     const Field usage = rows.field(column::usage_rate);
     const Field waste = rows.field(column::waste_rate);
     for (; !rows.at_end(); rows.move_next()) {
-      const double per_piece =
-          to_double(quantity.value()) * to_double(usage.value()) * (1 + to_double(waste.value()));
-      bill.add(assembly.of_current_row(), component.of_current_row(), per_piece);
+      // In the order of the select list.
+      const std::string& whole = assembly.of_current_row();
+      const std::string& used = component.of_current_row();
+      const double pieces = to_double(quantity.value());
+      const double rate = to_double(usage.value());
+      const double share = to_double(waste.value());
+      bill.add(whole, used, pieces * rate * (1 + share));
     }
   }
   rows.close();
+}
+
+// An engine that does not care for case, as the two kinds of database mostly do not, finds one part in the
+// part master under both spellings.
+bool are_one_part(Call& call, const BillOfMaterials::Spellings& spellings) {
+  std::string one;
+  std::string other;
+  append_literal(one, spellings.one);
+  append_literal(other, spellings.other);
+  Recordset& rows = call.recordset();
+  rows.open(sql("Select PARTS.PARTNO From PARTS Where PARTS.PARTNO={} And PARTS.PARTNO={}", one, other),
+            call.connection, CursorType::static_copy);
+  const bool found = !rows.at_end();
+  rows.close();
+  return found;
 }
 
 std::optional<double> sales_order_requirement(Call& call, const std::string& order, const std::string& part) {
@@ -108,9 +143,15 @@ std::optional<double> sales_order_requirement(Call& call, const std::string& ord
   for (std::size_t asked = 0; asked < bill.parts();) {
     const std::size_t end = std::min(bill.parts(), asked + bills_per_query);
     assemblies.clear();
-    for (; asked < end; ++asked) append_list_item(assemblies, bill.part(asked));
+    for (; asked < end; ++asked) {
+      if (!assemblies.empty()) assemblies += ',';
+      append_literal(assemblies, bill.part(asked));
+    }
     load_bills(call, assemblies, bill);
+    bill.next_lot();
   }
+  const auto spellings = bill.two_spellings(part);
+  if (spellings && are_one_part(call, *spellings)) bill.unite_spellings();
   return bill.requirement(part);
 }
 

@@ -83,7 +83,7 @@ TEST_F(CheckHeadGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
               {"MSACCESS", automation::Date{45382}, "#2024/03/31#"},
               {"MSSQLSERVER", automation::Date{45382.5}, "'2024/03/31 12:00:00'"},
               {"MSACCESS", "the 31st", "#the 31st#"},
-              {"MSACCESS", Null{}, "##"}};
+              {"MSACCESS", Value(), "##"}};
   for (const auto& [kind, date, literal] : rows) {
     Stage each(kind);
     EXPECT_EQ(stockcheck_test::ask(each.client("CCheckHead"), date), open_date) << literal;
@@ -133,8 +133,9 @@ TEST(CheckHeadGuardAlone, WithoutAnyMessageObjectOnTheThreadACoveredDateEndsInTh
 }
 
 TEST_F(CheckHeadGuard, AValueWithoutATextIsAnErrorInsideTheTrap) {
+  EXPECT_EQ(ask(Null{}), (Verdict{trapped(94, "Invalid use of Null")}));
   EXPECT_EQ(ask(Object()), (Verdict{trapped(91, "Object variable or With block variable not set")}));
-  EXPECT_TRUE(stage.transcript().ends_with("R2.CursorLocation = 2\nC2.State\n"));
+  EXPECT_TRUE(stage.transcript().ends_with("R3.CursorLocation = 2\nC3.State\n"));
 }
 
 TEST_F(CheckHeadGuard, ClearsTheErrorFieldsOfTheCallBefore) {

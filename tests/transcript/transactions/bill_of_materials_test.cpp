@@ -86,6 +86,60 @@ TEST(BillOfMaterialsTest, ACycleIsNamedWhateverPartIsAskedFor) {
   }
 }
 
+TEST(BillOfMaterialsTest, LeavesABillOutThatComesAgain) {
+  BillOfMaterials bill;
+  bill.order("a1", 1);
+  bill.add("A1", "B", 2);
+  bill.add("a1", "A1", 1);
+  bill.add("A1", "C", 1);
+  bill.next_lot();
+  bill.add("A1", "B", 2);
+  bill.add("B", "D", 1);
+  EXPECT_EQ(bill.requirement("B"), 2);
+  EXPECT_EQ(bill.requirement("D"), 2);
+}
+
+TEST(BillOfMaterialsTest, FindsTwoSpellingsOfAPart) {
+  BillOfMaterials bill;
+  bill.order("a1", 1);
+  bill.order("B", 1);
+  bill.order("a1 ", 1);
+  EXPECT_FALSE(bill.two_spellings("B"));
+  EXPECT_FALSE(bill.two_spellings("nowhere"));
+  const auto asked = bill.two_spellings("A1");
+  ASSERT_TRUE(asked);
+  EXPECT_EQ(asked->one + "," + asked->other, "A1,a1");
+  bill.add("B", "b", 1);
+  const auto held = bill.two_spellings("B");
+  ASSERT_TRUE(held);
+  EXPECT_EQ(held->one + "," + held->other, "B,b");
+}
+
+TEST(BillOfMaterialsTest, UnitesSpellings) {
+  BillOfMaterials bill;
+  bill.order("Chair", 2);
+  bill.order("SCREW", 5);
+  bill.add("CHAIR", "leg", 4);
+  bill.add("chair", "screw", 1);
+  bill.add("Leg", "Screw", 3);
+  bill.unite_spellings();
+  EXPECT_EQ(bill.requirement("chair"), 2);
+  EXPECT_EQ(bill.requirement("LEG"), 8);
+  EXPECT_EQ(bill.requirement("screw"), 5 + 2 + 8 * 3);
+  EXPECT_EQ(bill.requirement("glue"), std::nullopt);
+  EXPECT_FALSE(bill.two_spellings("SCREW") && bill.two_spellings("Screw"));
+}
+
+TEST(BillOfMaterialsTest, ACycleMayRunThroughTwoSpellings) {
+  BillOfMaterials bill;
+  bill.order("A", 1);
+  bill.add("A", "b", 1);
+  bill.add("B", "a", 1);
+  EXPECT_EQ(bill.requirement("b"), 1);
+  bill.unite_spellings();
+  EXPECT_THROW(bill.requirement("b"), automation::Error);
+}
+
 TEST(BillOfMaterialsTest, AnEmptyOrderRequiresNothing) {
   EXPECT_EQ(BillOfMaterials().requirement("A"), std::nullopt);
 }

@@ -95,6 +95,9 @@ TEST_P(IssuedOrReturned, LeavesTheErrorFieldsOfTheMethodBefore) {
   stage.finds(of_part("STK020MISS"), issued);
   EXPECT_EQ(issued_or_returned(detail, "T1", "M1", "P1", "STK020MISS"),
             (Outcome{5, 10000016, "text of Msg10000016"}));
+  stage.fails("C3.Open", Error(-2147217900, "bad"));
+  EXPECT_EQ(issued_or_returned(detail, "T1", "M1", "P1", "STK020MISS"),
+            (Outcome{0, 10000016, "text of Msg10000016"}));
 }
 
 TEST_P(IssuedOrReturned, AnErrorIsZeroAndLeavesNoTrace) {

@@ -138,6 +138,40 @@ TEST_F(LineCopy, WritesNullAsNothingAndNumbersBare) {
                                "R1.Close\nC1.CommitTrans\nC1.Close\n");
 }
 
+TEST_F(LineCopy, ReadsTheColumnsInTheirOrder) {
+  // Of two values without a text the one that stands first is met first, and both before the time is taken.
+  const automation::ScopedClock clock([]() -> automation::Date { throw Error(77, "no time"); });
+  stage.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
+  EXPECT_EQ(play(stage, {{"X", 1}}), trapped(77, "no time"));
+  const char* in_order[] = {"REFERENCE", "SN",   "PARTNO", "REFPARTNO", "MONO",
+                            "QTY",       "VQTY", "UPRICE", "NOTES"};
+  for (std::size_t first = 0; first < std::size(in_order); ++first) {
+    Stage each;
+    on_stage(each);
+    each.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
+    for (std::size_t i = first; i < std::size(in_order); ++i)
+      each.fails(std::string("(") + in_order[i] + ").Value", Error(static_cast<std::int32_t>(i) + 100, "x"));
+    EXPECT_EQ(play(each, {{"X", 1}}), trapped(static_cast<double>(first) + 100, "x"));
+  }
+}
+
+TEST_F(LineCopy, IsReadServerSideAlsoWithTheRecordsetOfTheBuilder) {
+  stage.set("rights.GetInsertSQL replaces 4", another_recordset());
+  EXPECT_EQ(play(stage, {{"X", 1}}), done);
+  EXPECT_TRUE(
+      stage.database_calls().ends_with("R1.Close\n"
+                                       "C2.BeginTrans\n"
+                                       "C2.Execute <GetInsertSQL STKTRANHD> | -1\n"
+                                       "R1.CursorLocation = 2\n"
+                                       "R1.Open " +
+                                       query +
+                                       " | C2 3 1 -1\n"
+                                       "R1.Close\n"
+                                       "C2.CommitTrans\n"
+                                       "C2.Close\n"))
+      << stage.database_calls();
+}
+
 TEST_F(LineCopy, AFailureInTheMiddleLeavesTheTransactionUncommitted) {
   stage.finds(query,
               {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}, {"T0", "", 2, "B", "", "", 1, 1, 1, ""}}});

@@ -12,10 +12,16 @@ TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
 const std::string opened =
     "C1.Open 'DSN=x' '' '' -1\n"
     "R1.CursorLocation = 2\n";
-const std::string of_production_order =
-    "Select CODETAIL.PARTNO,SUM(CODETAIL.COQTY+CODETAIL.TEMPLETQTY) AS QTY From CODETAIL Inner Join COHD On "
-    "CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='N1' And CODETAIL.PARTNO='P1' And COHD.STATUSSN=1 Group By "
-    "CODETAIL.PARTNO";
+std::string sum_of(const std::string& quantity, const std::string& condition) {
+  return "Select CODETAIL.PARTNO,SUM(" + quantity +
+         ") AS QTY From CODETAIL Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='N1' And "
+         "CODETAIL.PARTNO='P1' And COHD.STATUSSN=1" +
+         condition + " Group By CODETAIL.PARTNO";
+}
+const std::string of_production_order = sum_of("CODETAIL.COQTY+CODETAIL.TEMPLETQTY", "") + " Union All " +
+                                        sum_of("CODETAIL.COQTY", " And CODETAIL.TEMPLETQTY Is Null") +
+                                        " Union All " +
+                                        sum_of("CODETAIL.TEMPLETQTY", " And CODETAIL.COQTY Is Null");
 const std::string of_sales_order =
     "Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where SODTBOM.SONO='N1'";
 std::string bills(const std::string& assemblies) {
@@ -40,6 +46,21 @@ TEST_P(MaterialRequirement, OfAProductionOrderStandsInItsOwnList) {
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(12.5));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
     EXPECT_EQ(each.rights_calls().find("PowerCheck"), std::string::npos);
+  }
+}
+
+TEST_P(MaterialRequirement, OfAProductionOrderLineCountsTheQuantityThatIsKnown) {
+  const struct {
+    std::vector<std::vector<Value>> sums;
+    double required;
+  } rows[] = {{{{"P1", 12.5}, {"P1", 3}, {"P1", 0.25}}, 15.75},
+              {{{"P1", Null{}}, {"P1", 3}}, 3},
+              {{{"P1", Null{}}, {"P1", Null{}}, {"P1", Null{}}}, 0}};
+  for (const auto& [sums, required] : rows) {
+    Stage each(GetParam());
+    each.finds(of_production_order, {{"PARTNO", "QTY"}, sums});
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), quantity(required));
+    EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
   }
 }
 
@@ -72,8 +93,38 @@ TEST_P(MaterialRequirement, OfNobodyIsReported) {
 
 TEST_P(MaterialRequirement, OfAnotherPartOnlyIsReported) {
   stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
-  stage.finds(bills("'A'"), {bill_columns, {{"A", "p1", 2, 1, 0}}});
+  stage.finds(bills("'A'"), {bill_columns, {{"A", "P2", 2, 1, 0}}});
   EXPECT_EQ(requirement(client(), "N1", "P1"), refused(10000024));
+}
+
+std::string both(const std::string& one, const std::string& other) {
+  return "Select PARTS.PARTNO From PARTS Where PARTS.PARTNO=" + one + " And PARTS.PARTNO=" + other;
+}
+
+TEST_P(MaterialRequirement, OfAPartInTwoSpellingsIsOneIfThePartMasterSaysSo) {
+  for (const bool one_part : {true, false}) {
+    Stage each(GetParam());
+    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
+    each.finds(bills("'A'"), {bill_columns, {{"A", "p1", 2, 1, 0}, {"A", "P1", 1, 1, 0}}});
+    if (one_part) each.finds(both("'P1'", "'p1'"), {{"PARTNO"}, {{"P1"}}});
+    EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), quantity(one_part ? 30 : 10));
+    EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + asked(of_sales_order) +
+                                         asked(bills("'A'")) + asked(bills("'p1','P1'")) +
+                                         asked(both("'P1'", "'p1'")) + "C1.Close\n");
+  }
+}
+
+// As an engine answers that finds a bill under any spelling of the assembly.
+TEST_P(MaterialRequirement, OfAnAssemblyInTwoSpellingsCountsItsBillOnce) {
+  const Rows bill{bill_columns, {{"it's B", "P1", 3, 1, 0}, {"IT'S b", "C", 1, 1, 0}}};
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 2}, {"it's B", 1}}});
+  stage.finds(
+      bills("'A','it''s B'"),
+      {bill_columns, {{"A", "IT'S b", 5, 1, 0}, {"it's B", "P1", 3, 1, 0}, {"IT'S b", "C", 1, 1, 0}}});
+  stage.finds(bills("'IT''S b','P1','C'"), bill);
+  stage.finds(both("'it''s B'", "'IT''S b'"), {{"PARTNO"}, {{"It's B"}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), quantity((1 + 2 * 5) * 3));
+  EXPECT_EQ(requirement(client(), "N1", "C"), quantity(1 + 2 * 5));
 }
 
 TEST_P(MaterialRequirement, OfZeroIsARequirement) {
@@ -121,14 +172,16 @@ TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 1}}}).finds(bills("'A'"), {bill_columns, {line}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), outcome);
   }
-  stage.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", Null{}}}});
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", Null{}}}});
   EXPECT_EQ(requirement(client(), "N1", "P1"), trapped(94, "Invalid use of Null"));
+  stage.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", "many"}}});
+  EXPECT_EQ(requirement(client(), "N1", "P1"), trapped(13, "Type mismatch"));
 }
 
 TEST_P(MaterialRequirement, AnErrorOfTheDatabaseComesBack) {
-  for (const char* failing : {"From CODETAIL", "From SODTBOM", "From ASSMBOM", "C1.Close"}) {
+  for (const char* failing : {"From CODETAIL", "From SODTBOM", "From ASSMBOM", "From PARTS", "C1.Close"}) {
     Stage each(GetParam());
-    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 1}}})
+    each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 1}, {"p1", 1}}})
         .fails(failing, Error(-2147217865, "no table"));
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), trapped(-2147217865, "no table"))
         << failing;

@@ -168,13 +168,56 @@ TEST_P(ReturnLineInsert, ABuilderErrorIsCopiedAndNothingIsExecuted) {
 }
 
 TEST_P(ReturnLineInsert, RollsTheWholeShiftBackWhenAnyOfItFails) {
-  for (const char* failing : {"SN>=1", "SET SN=4", "SET SN=2", "<GetInsertSQL", "CommitTrans"}) {
+  for (const char* failing :
+       {"BeginTrans", "SN>=1", "SET SN=4", "SET SN=2", "<GetInsertSQL", "CommitTrans"}) {
     Stage each(GetParam());
     each.set("CanInsert", 1).fails(failing, Error(-2147217900, "locked"));
     each.finds(line_query("1"), {{"SN"}, {{1}}}).finds(lines_from("1"), {{"SN"}, {{3}, {2}, {1}}});
     EXPECT_EQ(insert_return(each.client("CTranDetail"), "T1", 1, fields), trapped(-2147217900, "locked"));
     EXPECT_TRUE(each.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n")) << failing;
   }
+}
+
+TEST_P(ReturnLineInsert, AnErrorBeforeTheTransactionIsNotRolledBack) {
+  // The second Close is that of the look-up which found the number taken.
+  stage.finds(line_query("1"), {{"SN"}, {{1}}}).fails("R1.Close", Error(-2147217900, "gone"), 2);
+  EXPECT_EQ(play(1), trapped(-2147217900, "gone"));
+  EXPECT_EQ(stage.database_calls(), opened + structure + "R1.Open " + line_query("1") +
+                                        " | C1 3 1 -1\n"
+                                        "R1.Close ! gone\n");
+}
+
+TEST_P(ReturnLineInsert, FindsThePartBeforeItAsksForTheSupplier) {
+  Fields::add(fields.names, Object());
+  Fields::add(fields.values, 1);
+  EXPECT_EQ(play(1, 1), trapped(91, "Object variable or With block variable not set"));
+  EXPECT_EQ(stage.database_calls(), opened);
+}
+
+TEST_P(ReturnLineInsert, ReadsServerSideAlsoWithTheRecordsetOfTheBuilder) {
+  stage.set("rights.GetInsertSQL replaces 4", another_recordset());
+  stage.clear();
+  stage.finds(line_query("1"), {{"SN"}, {{1}}}).finds(lines_from("1"), {{"SN"}, {{1}}});
+  EXPECT_EQ(play(1), done);
+  EXPECT_TRUE(
+      stage.database_calls().ends_with("R2.Open Select TOP 1 * From STKTRANDT | C2 3 1 -1\n"
+                                       "R1.Close\n"
+                                       "R1.CursorLocation = 2\n"
+                                       "R1.Open " +
+                                       line_query("1") +
+                                       " | C2 3 1 -1\n"
+                                       "R1.Close\n"
+                                       "C2.BeginTrans\n"
+                                       "R1.Open " +
+                                       lines_from("1") +
+                                       " | C2 3 1 -1\n"
+                                       "C2.Execute UPDATE STKTRANDT SET SN=2 Where TRANNO='T1' AND "
+                                       "SN=1 | -1\n"
+                                       "R1.Close\n"
+                                       "C2.Execute <GetInsertSQL STKTRANDT> | -1\n"
+                                       "C2.CommitTrans\n"
+                                       "C2.Close\n"))
+      << stage.database_calls();
 }
 
 TEST_P(ReturnLineInsert, APlainInsertThatFailsIsLetGoUnclosed) {

@@ -129,7 +129,7 @@ TEST_P(ReturnLineUpdate, ABuilderErrorIsCopiedBeforeAnyTransaction) {
 }
 
 TEST_P(ReturnLineUpdate, RollsBackAndClosesOnceTheStatementIsMade) {
-  for (const char* failing : {"Execute", "CommitTrans"}) {
+  for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
     Stage each(GetParam());
     each.set("CanUpdate", 1).fails(failing, Error(-2147217900, "locked"));
     EXPECT_EQ(update_return(each.client("CTranDetail"), "T1", 2, fields), trapped(-2147217900, "locked"));

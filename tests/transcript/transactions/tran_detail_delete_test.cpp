@@ -74,7 +74,7 @@ TEST_P(TranDetailDelete, OnlyTheNumberOneIsARight) {
 }
 
 TEST_P(TranDetailDelete, RollsBackAndClosesWhenItFails) {
-  for (const char* failing : {"Execute", "CommitTrans"}) {
+  for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
     Stage each(GetParam());
     each.set("CanDelete", 1).fails(failing, Error(-2147217900, "locked"));
     EXPECT_EQ(delete_line(each.client("CTranDetail"), {}), trapped(-2147217900, "locked"));

@@ -73,7 +73,7 @@ TEST_P(TranHeadDelete, OnlyTheNumberOneIsARight) {
 }
 
 TEST_P(TranHeadDelete, RollsBackAndClosesWhicheverStatementFails) {
-  for (const char* failing : {"STKTRANHD", "STKTRANDT", "STKSHIPNOTE", "CommitTrans"}) {
+  for (const char* failing : {"BeginTrans", "STKTRANHD", "STKTRANDT", "STKSHIPNOTE", "CommitTrans"}) {
     Stage other(GetParam());
     other.set("CanDelete", 1).fails(failing, Error(-2147217900, "locked"));
     EXPECT_EQ(delete_head(other.client("CTranHead"), "T1", "STK010POREV"), trapped(-2147217900, "locked"));

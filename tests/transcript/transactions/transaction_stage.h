@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "automation/create.h"
 #include "tests/transcript/stage/stage.h"
 #include "tests/transcript/transactions/methods.h"
 
@@ -37,6 +38,15 @@ class TransactionStage : public testing::TestWithParam<const char*> {
 
 // Rights that are none: a right is the number 1 and nothing else.
 inline const Value no_rights[] = {0, 2, -1, 1.5, Null{}, true};
+
+// An open recordset on a connection of its own, as a builder may hand it back: R1 and C1 when it comes first.
+inline Object another_recordset() {
+  const Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", "DSN=other", "", "", -1);
+  const Object recordset = automation::create("ADODB.Recordset");
+  recordset.call("Open", "Select", connection, 0, 1, -1);
+  return recordset;
+}
 
 #define TALLYRA_ON_BOTH_KINDS(fixture)                                                 \
   INSTANTIATE_TEST_SUITE_P(Kinds, fixture, testing::Values("MSACCESS", "MSSQLSERVER"), \
