@@ -54,6 +54,13 @@ std::uint64_t count_rows(const std::string& database, const std::string& query) 
       automation::to_double(automation::to_object(fields.call("Item", "N")).get("Value")));
 }
 
+void execute(const std::string& database, const std::vector<std::string>& statements) {
+  const Object connection = connect(database);
+  connection.call("BeginTrans");
+  for (const std::string& statement : statements) connection.call("Execute", statement);
+  connection.call("CommitTrans");
+}
+
 void settle(const std::string& database) {
   const Object rows = automation::create("ADODB.Recordset");
   rows.call("Open", "PRAGMA wal_checkpoint(TRUNCATE)", connect(database));

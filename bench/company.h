@@ -19,6 +19,9 @@ void require_success(const automation::Object& object, const automation::Value& 
 // The column N of the first row.
 std::uint64_t count_rows(const std::string& database, const std::string& query);
 
+// Executes the statements in one transaction.
+void execute(const std::string& database, const std::vector<std::string>& statements);
+
 // Brings everything into the database file itself, so that it can be copied alone.
 void settle(const std::string& database);
 

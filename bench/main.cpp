@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "bench/comparison.h"
+#include "bench/material_requirement.h"
 #include "bench/month_close.h"
 #include "bench/record_maintenance.h"
 #include "bench/stock_check.h"
@@ -58,7 +59,7 @@ int main(int argc, char** argv) {
   using namespace tallyra::bench;
   std::vector<Scenario> scenarios{month_close(5, 200, 5'000, schema),
                                   record_maintenance(quick ? 200 : 2'000, schema),
-                                  stock_check(20, 2'000, 200'000, 3, schema)};
+                                  stock_check(20, 2'000, 200'000, 3, schema), material_requirement(schema)};
   if (!quick) {
     scenarios.push_back(month_close(20, 2'000, 200'000, schema));
     // The same movements a month, with five months of history.

@@ -39,6 +39,13 @@ class Requirement : public Company {
     return "Insert Into ASSMBOM(ASSMNO,SN,PARTNO,ENGQTY,URATE,WSRATE) Values('" + assembly + "'," +
            std::to_string(sn) + ",'" + part + "'," + factors + ")";
   }
+  // The columns of a table for another in which case does not count.
+  std::string columns_of(const std::string& table) const {
+    std::string columns = rows(
+        "Select Group_Concat(name||' '||type||' Collate NoCase') From pragma_table_info('" + table + "')");
+    columns.pop_back();
+    return columns;
+  }
   Outcome ask(const char* part, const Value& type = omitted) const {
     return requirement(detail(), "N1", part, type);
   }
@@ -59,6 +66,18 @@ TEST_P(Requirement, OfAnApprovedProductionOrderIsItsSum) {
 TEST_P(Requirement, OfAProductionOrderThatIsNotApprovedIsNone) {
   production_order(0);
   EXPECT_EQ(ask("A"), no_requirement);
+}
+
+TEST_P(Requirement, OfAProductionOrderLineCountsTheQuantityThatIsKnown) {
+  given({"Insert Into COHD(CONO,STATUSSN) Values('N1',1)", "Insert Into COHD(CONO,STATUSSN) Values('N2',1)"});
+  const char* lines[] = {"'N1',1,'HALF',Null,Null", "'N1',2,'HALF',4,Null",    "'N1',3,'HALF',Null,0.5",
+                         "'N1',4,'HALF',10,1",      "'N1',5,'NONE',Null,Null", "'N1',6,'MORE',7,Null",
+                         "'N2',1,'HALF',100,Null"};
+  for (const char* line : lines)
+    given({std::string("Insert Into CODETAIL(CONO,SN,PARTNO,COQTY,TEMPLETQTY) Values(") + line + ")"});
+  EXPECT_EQ(ask("HALF"), quantity(15.5));
+  EXPECT_EQ(ask("NONE"), quantity(0));
+  EXPECT_EQ(ask("MORE"), quantity(7));
 }
 
 TEST_P(Requirement, OfASalesOrderIsFollowedThroughItsAssemblies) {
@@ -102,6 +121,30 @@ TEST_P(Requirement, OfANullFactorIsAnError) {
   EXPECT_EQ(ask("B"), Failure{94});
 }
 
+TEST_P(Requirement, CaresForCaseAsTheEngineDoes) {
+  const std::vector<std::string> bill{bill_line("CHAIR", 1, "LEG", "4,1,0"),
+                                      bill_line("CHAIR", 2, "leg", "2,1,0"),
+                                      bill_line("Leg", 1, "SCREW", "3,1,0")};
+  sales_order({{"CHAIR", 1}, {"Chair", 1}});
+  given({"Insert Into PARTS(PARTNO) Values('CHAIR')", "Insert Into PARTS(PARTNO) Values('LEG')",
+         "Insert Into PARTS(PARTNO) Values('SCREW')"});
+  given(bill);
+  EXPECT_EQ(ask("CHAIR"), quantity(1));
+  EXPECT_EQ(ask("leg"), quantity(2));
+  EXPECT_EQ(ask("SCREW"), no_requirement);
+
+  // The same bills on tables that are compared without regard to case.
+  for (const char* table : {"ASSMBOM", "PARTS"}) {
+    const std::string name = table;
+    given({"Alter Table " + name + " Rename To OLD", "Create Table " + name + "(" + columns_of(name) + ")",
+           "Insert Into " + name + " Select * From OLD", "Drop Table OLD"});
+  }
+  EXPECT_EQ(ask("CHAIR"), quantity(2));
+  EXPECT_EQ(ask("leg"), quantity(12));
+  EXPECT_EQ(ask("SCREW"), quantity(36));
+  EXPECT_EQ(ask("screw"), quantity(36));
+}
+
 // Five levels, 10,000 lines and as many parts, each assembly of ten components.
 TEST_P(Requirement, OfALargeBillTakesFewQueries) {
   std::vector<std::string> statements{"Begin"};
@@ -111,12 +154,22 @@ TEST_P(Requirement, OfALargeBillTakesFewQueries) {
       statements.push_back(
           bill_line("P" + std::to_string(assembly), sn, "P" + std::to_string(parts++), "2,1,0"));
   for (int i = 1; i <= 20; ++i) statements.push_back(bill_line("P9000", i, "SCREW", "1,0.5,0"));
+  // Ten pieces with a quarter of waste, on the second level.
+  statements.push_back(bill_line("P1", 11, "SCREW", "10,1,0.25"));
   statements.push_back("Commit");
   sales_order({{"P0", 1}});
   given(statements);
   const QueryCount count;
-  EXPECT_EQ(ask("SCREW"), quantity(16 * 10));
+  EXPECT_EQ(ask("SCREW"), quantity(16 * 10 + 2 * 12.5));
   EXPECT_LE(count.queries, 60);
+  EXPECT_EQ(ask("P9999"), quantity(16));
+  EXPECT_EQ(ask("P10001"), no_requirement);
+
+  given({bill_line("P9000", 21, "P0", "1,1,0")});
+  const Outcome outcome = ask("SCREW");
+  EXPECT_EQ(outcome, Failure{28});
+  EXPECT_NE(outcome.description.find("P0 > P8 > P89 > P899 > P9000"), std::string::npos)
+      << outcome.description;
 }
 
 TEST_P(Requirement, OfADeepBillIsFound) {
