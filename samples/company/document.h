@@ -17,6 +17,7 @@ struct DocumentType {
 
 inline constexpr DocumentType purchase_receipt = {"STK010POREV", "PR", "Purchase receipt"};
 inline constexpr DocumentType purchase_return = {"STK011PORTN", "PT", "Purchase return"};
+inline constexpr DocumentType order_return = {"STK010PORTN", "RO", "Return against order"};
 inline constexpr DocumentType production_issue = {"STK020MISS", "MI", "Material issue"};
 inline constexpr DocumentType sales_issue = {"STK020MISSSO", "SI", "Material issue for sales order"};
 inline constexpr DocumentType production_return = {"STK021RTN1", "MR", "Material return"};

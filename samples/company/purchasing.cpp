@@ -83,17 +83,25 @@ int Purchasing::deliver(Order& order, const Task& task) {
 int Purchasing::send_back(const Task& task) {
   const auto receipt = receipts_.take(desk_.random);
   if (!receipt) return 0;
-  Document document{&purchase_return,      task.day, receipt->department, -1, receipt->partner,
-                    receipt->partner_name, {}};
+  const bool against_order = desk_.random.chance(40);
+  Document document{against_order ? &order_return : &purchase_return,
+                    task.day,
+                    receipt->department,
+                    -1,
+                    receipt->partner,
+                    receipt->partner_name,
+                    {}};
   for (const Line& line : receipt->lines) {
     const double quantity =
         std::min(quarter_of(line.quantity), desk_.ledger.stock().of(receipt->department, line.part));
     if (quantity <= 0 || static_cast<int>(document.lines.size()) == std::min(task.max_lines, 3)) continue;
-    document.lines.push_back({line.part, -quantity, line.price, receipt->reference, ""});
+    document.lines.push_back(
+        {line.part, -quantity, line.price, receipt->reference, "", against_order ? line.sn : 0});
   }
   if (document.lines.empty()) return 0;
   const std::string number = desk_.ledger.write(document);
-  returns_.add({number, document.department, document.partner, document.partner_name, document.lines});
+  if (!against_order)
+    returns_.add({number, document.department, document.partner, document.partner_name, document.lines});
   return static_cast<int>(document.lines.size());
 }
 

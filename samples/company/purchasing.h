@@ -17,7 +17,8 @@ class Purchasing {
   // Receives what is still due of an open order, or orders anew and receives all or part of it.
   int receive(const Task& task);
 
-  // Sends part of an earlier receipt back to its supplier.
+  // Sends part of an earlier receipt back to its supplier: as a purchase return, to be replaced, or counted
+  // against the lines of the order.
   int send_back(const Task& task);
 
   // Receives replacements; the lines refer to the return instead of an order.

@@ -97,6 +97,15 @@ TEST(Plans, FindASingleLineWithoutReadingItsDocument) {
             Plan{"SEARCH STKTRANDT USING INDEX STKTRANDT_BY_PART (PARTNO=? AND TRANNO=?)"});
 }
 
+TEST(Plans, FollowABillByTheKeyOfItsAssemblies) {
+  const CompanyFolder folder;
+  company::Database database(folder.empty_database());
+  EXPECT_EQ(plan_of(database,
+                    "Select ASSMBOM.ASSMNO,ASSMBOM.PARTNO,ASSMBOM.ENGQTY,ASSMBOM.URATE,ASSMBOM.WSRATE From "
+                    "ASSMBOM Where ASSMBOM.ASSMNO In ('A','B')"),
+            Plan{"SEARCH ASSMBOM USING PRIMARY KEY (ASSMNO=?)"});
+}
+
 TEST(Plans, FindWhatMovedForAnOrderByItsReference) {
   const CompanyFolder folder;
   company::Database database(folder.empty_database());
