@@ -138,20 +138,20 @@ TEST_F(LineCopy, WritesNullAsNothingAndNumbersBare) {
                                "R1.Close\nC1.CommitTrans\nC1.Close\n");
 }
 
-TEST_F(LineCopy, ReadsTheColumnsInTheirOrder) {
-  // Of two values without a text the one that stands first is met first, and both before the time is taken.
-  const automation::ScopedClock clock([]() -> automation::Date { throw Error(77, "no time"); });
-  stage.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
-  EXPECT_EQ(play(stage, {{"X", 1}}), trapped(77, "no time"));
-  const char* in_order[] = {"REFERENCE", "SN",   "PARTNO", "REFPARTNO", "MONO",
-                            "QTY",       "VQTY", "UPRICE", "NOTES"};
-  for (std::size_t first = 0; first < std::size(in_order); ++first) {
+TEST_F(LineCopy, ReadsTheColumnsInTheirOrderAndThenTheTime) {
+  const char* columns_read[] = {"REFERENCE", "SN",   "PARTNO", "REFPARTNO", "MONO",
+                                "QTY",       "VQTY", "UPRICE", "NOTES"};
+  constexpr std::size_t time = std::size(columns_read);
+  // Everything from one column on fails, the time always: the first of them is what the client is told.
+  for (std::size_t first = 0; first <= time; ++first) {
     Stage each;
     on_stage(each);
     each.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
-    for (std::size_t i = first; i < std::size(in_order); ++i)
-      each.fails(std::string("(") + in_order[i] + ").Value", Error(static_cast<std::int32_t>(i) + 100, "x"));
-    EXPECT_EQ(play(each, {{"X", 1}}), trapped(static_cast<double>(first) + 100, "x"));
+    for (std::size_t i = first; i < time; ++i)
+      each.fails(std::string("(") + columns_read[i] + ").Value", Error(100 + static_cast<int>(i), "failed"));
+    const automation::ScopedClock no_clock(
+        []() -> automation::Date { throw Error(100 + static_cast<int>(time), "failed"); });
+    EXPECT_EQ(play(each, {{"X", 1}}), trapped(100 + static_cast<double>(first), "failed"));
   }
 }
 
