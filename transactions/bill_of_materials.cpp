@@ -1,5 +1,6 @@
 #include "transactions/bill_of_materials.h"
 
+#include <string_view>
 #include <utility>
 
 #include "automation/error.h"
@@ -10,6 +11,11 @@ namespace {
 
 // The number of a recursion that does not end, which is what following such a bill would be.
 constexpr std::int32_t endless_recursion = 28;
+
+// What all spellings of a part number have in common.
+std::string common_form(std::string_view number) {
+  return automation::folded(number.substr(0, number.find_last_not_of(' ') + 1));
+}
 
 }  // namespace
 
@@ -36,9 +42,9 @@ void BillOfMaterials::add(const std::string& assembly, const std::string& compon
 std::optional<BillOfMaterials::Spellings> BillOfMaterials::two_spellings(const std::string& part) const {
   std::unordered_map<std::string, const std::string*> seen;
   seen.reserve(parts_.size() + 1);
-  seen.emplace(automation::folded(part), &part);
+  seen.emplace(common_form(part), &part);
   for (const Part& each : parts_) {
-    const auto [found, added] = seen.try_emplace(automation::folded(each.number), &each.number);
+    const auto [found, added] = seen.try_emplace(common_form(each.number), &each.number);
     if (!added && *found->second != each.number) return Spellings{*found->second, each.number};
   }
   return std::nullopt;
@@ -51,7 +57,7 @@ void BillOfMaterials::unite_spellings() {
   std::vector<std::size_t> united;
   united.reserve(apart.size());
   for (const Part& part : apart) {
-    const auto [found, added] = indexes_.try_emplace(automation::folded(part.number), parts_.size());
+    const auto [found, added] = indexes_.try_emplace(common_form(part.number), parts_.size());
     if (added) parts_.push_back({.number = part.number});
     united.push_back(found->second);
   }
@@ -84,7 +90,7 @@ std::optional<double> BillOfMaterials::requirement(const std::string& part) cons
     }
   if (settled.size() < parts_.size()) report_cycle(open_uses);
 
-  const auto found = indexes_.find(united_ ? automation::folded(part) : part);
+  const auto found = indexes_.find(united_ ? common_form(part) : part);
   if (found == indexes_.end()) return std::nullopt;
   return required[found->second];
 }

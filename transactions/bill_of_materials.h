@@ -23,8 +23,8 @@ class BillOfMaterials {
   std::size_t parts() const { return parts_.size(); }
   const std::string& part(std::size_t index) const { return parts_[index].number; }
 
-  // Two part numbers, of those that came up and the given one, that differ in the case of letters A to Z and
-  // in nothing else, if there are such.
+  // Two part numbers, of those that came up and the given one, that differ in the case of letters A to Z or
+  // in trailing blanks and in nothing else, if there are such.
   struct Spellings {
     std::string one;
     std::string other;
@@ -56,7 +56,7 @@ class BillOfMaterials {
   [[noreturn]] void report_cycle(const std::vector<std::size_t>& open_uses) const;
 
   std::vector<Part> parts_;
-  // By number, or by its lower-case form once spellings are united.
+  // By number, or by what all its spellings have in common once they are united.
   std::unordered_map<std::string, std::size_t> indexes_;
   bool united_ = false;
   std::size_t lot_ = 1;

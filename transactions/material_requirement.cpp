@@ -119,8 +119,8 @@ void load_bills(Call& call, const std::string& assemblies, BillOfMaterials& bill
   rows.close();
 }
 
-// An engine that does not care for case, as the two kinds of database mostly do not, finds one part in the
-// part master under both spellings.
+// An engine that does not care for case or trailing blanks, as the two kinds of database mostly do not, finds
+// one part in the part master under both spellings.
 bool are_one_part(Call& call, const BillOfMaterials::Spellings& spellings) {
   std::string one;
   std::string other;

@@ -173,13 +173,17 @@ void query_scenes(std::vector<Scene>& scenes) {
                       stage.finds(
                           "Select ASSMBOM.ASSMNO,ASSMBOM.PARTNO,ASSMBOM.ENGQTY,ASSMBOM.URATE,"
                           "ASSMBOM.WSRATE From ASSMBOM Where ASSMBOM.ASSMNO In ('A')",
-                          {{"ASSMNO", "PARTNO", "ENGQTY", "URATE", "WSRATE"}, {{"A", "P1", 3, 1, 0}}});
+                          {{"ASSMNO", "PARTNO", "ENGQTY", "URATE", "WSRATE"},
+                           {{"A", "P1", 3, 1, 0}, {"A", "p1", 1, 1, 0}}});
+                      stage.finds(
+                          "Select PARTS.PARTNO From PARTS Where PARTS.PARTNO='P1' And PARTS.PARTNO='p1'",
+                          {{"PARTNO"}, {{"P1"}}});
                     },
                     [](const Object& object, Fields&) {
                       Value part = "P1";
                       return object.call("GetMRPQty", "N1", ref(part));
                     },
-                    stage::Outcome{6, 0, ""}});
+                    stage::Outcome{8, 0, ""}});
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "automation/convert.h"
 #include "automation/create.h"
+#include "frame/collaborators.h"
 #include "server/register.h"
 #include "standins/ado/register.h"
 #include "standins/corvane/register.h"
@@ -46,6 +47,7 @@ TEST(OrderQuantities, ShowWhatWasReceivedAndSentBackOfAnOrderLine) {
     EXPECT_LE(-automation::to_double(returned), automation::to_double(received)) << line[0];
     EXPECT_LE(automation::to_double(received), automation::to_double(ordered)) << line[0];
   }
+  tallyra::frame::collaborators() = {};
 }
 
 }  // namespace
