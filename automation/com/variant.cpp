@@ -3,6 +3,8 @@
 #include <cstring>
 #include <memory>
 
+#include "automation/bytes.h"
+#include "automation/com/byte_array.h"
 #include "automation/com/failure.h"
 #include "automation/com/object_passage.h"
 #include "automation/com/opaque_variant.h"
@@ -66,6 +68,10 @@ Value content_of(const VARIANT& variant, const void* data, Role role) {
     case VT_ERROR:
       if (read<SCODE>(data) == DISP_E_PARAMNOTFOUND) return Missing{};
       return opaque(variant);
+    case VT_ARRAY | VT_UI1: {
+      const auto bytes = bytes_in(read<SAFEARRAY*>(data));
+      return bytes ? Opaque(std::make_shared<const Bytes>(*bytes)) : opaque(variant);
+    }
     default: return opaque(variant);
   }
 }
@@ -99,6 +105,8 @@ struct Writer {
     set(VT_DISPATCH, V_DISPATCH(&out), dispatch_of(value, role).detach());
   }
   void operator()(const Opaque& value) const {
+    if (const auto* bytes = dynamic_cast<const Bytes*>(value.get()))
+      return set(VT_ARRAY | VT_UI1, V_ARRAY(&out), new_byte_array(bytes->content()));
     const auto* kept = dynamic_cast<const OpaqueVariant*>(value.get());
     if (!kept) throw error_of(DISP_E_BADVARTYPE);
     out = kept->copy().detach();

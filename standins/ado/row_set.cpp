@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "standins/ado/bytes.h"
+#include "automation/bytes.h"
 
 namespace tallyra::standins::ado {
 namespace {
@@ -43,7 +43,7 @@ automation::Value RowSet::value(std::size_t row_index, std::size_t column) const
       if (const auto decimal = automation::Decimal::parse(cell.view())) return *decimal;
       return cell.view();
     case Cell::Kind::text: return cell.view();
-    case Cell::Kind::bytes: return automation::Opaque(std::make_shared<Bytes>(cell.view()));
+    case Cell::Kind::bytes: return automation::Opaque(std::make_shared<automation::Bytes>(cell.view()));
   }
   return {};
 }

@@ -3,8 +3,8 @@
 #include <memory>
 #include <optional>
 
+#include "automation/bytes.h"
 #include "automation/convert.h"
-#include "standins/ado/bytes.h"
 #include "standins/ado/odbc_environment.h"
 #include "standins/ado/odbc_handle.h"
 #include "standins/ado/statement_scope.h"
@@ -28,7 +28,8 @@ class RowReaderTest : public Stage, public testing::WithParamInterface<DriverTra
   }
 
   std::unique_ptr<RowSet> read(std::string_view sql) {
-    const SQLRETURN result = SQLExecDirect(handle(), odbc_text(sql.data()), static_cast<SQLINTEGER>(sql.size()));
+    const SQLRETURN result =
+        SQLExecDirect(handle(), odbc_text(sql.data()), static_cast<SQLINTEGER>(sql.size()));
     if (result != SQL_NO_DATA) statement->require(result);
     SQLSMALLINT columns = 0;
     statement->require(SQLNumResultCols(handle(), &columns));
@@ -86,7 +87,7 @@ TEST_P(RowReaderTest, ReadsLongValuesBetweenShortOnes) {
     EXPECT_EQ(rows->value(0, 2), Value(2));
     const Value bytes = rows->value(0, 3);
     ASSERT_TRUE(bytes.holds<automation::Opaque>());
-    EXPECT_EQ(dynamic_cast<const Bytes&>(**bytes.get_if<automation::Opaque>()).content(),
+    EXPECT_EQ(dynamic_cast<const automation::Bytes&>(**bytes.get_if<automation::Opaque>()).content(),
               std::string_view("\0\xFF\x10", 3));
     EXPECT_EQ(rows->value(0, 4), Value("end"));
     EXPECT_EQ(rows->value(1, 1), Value(automation::Null{}));

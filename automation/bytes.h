@@ -5,10 +5,10 @@
 
 #include "automation/value.h"
 
-namespace tallyra::standins::ado {
+namespace tallyra::automation {
 
-// The content of a binary column.
-class Bytes : public automation::OpaqueData {
+// A row of bytes, the content of a binary column for example.
+class Bytes : public OpaqueData {
  public:
   explicit Bytes(std::string_view content) : content_(content) {}
   std::string_view kind() const override { return "bytes"; }
@@ -18,4 +18,4 @@ class Bytes : public automation::OpaqueData {
   std::string content_;
 };
 
-}  // namespace tallyra::standins::ado
+}  // namespace tallyra::automation
