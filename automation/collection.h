@@ -2,13 +2,14 @@
 
 #include <vector>
 
+#include "automation/enumerable.h"
 #include "automation/member_table.h"
 
 namespace tallyra::automation {
 
 // An ordered collection of values as classic clients know it: Add, Count, Item (the default member, counted
 // from 1), Remove. Errors: 9 for a position that does not exist.
-class Collection : public Implements<Collection> {
+class Collection : public Implements<Collection>, public Enumerable {
  public:
   static const MemberTable<Collection>& members();
 
@@ -17,7 +18,8 @@ class Collection : public Implements<Collection> {
   Value item(Arguments arguments);
   Value remove(Arguments arguments);
 
-  const std::vector<Value>& items() const { return items_; }
+  std::size_t item_count() const override { return items_.size(); }
+  Value item_at(std::size_t position) const override { return items_[position]; }
 
  private:
   std::vector<Value>::iterator at(const Value& position);

@@ -99,6 +99,11 @@ std::int32_t hresult_from_number(std::int32_t number) {
   if (number < 0) return number;
   for (const auto& known : known_codes)
     if (known.number == number) return static_cast<std::int32_t>(known.hresult);
+  return hresult_of_raised(number);
+}
+
+std::int32_t hresult_of_raised(std::int32_t number) {
+  if (number < 0) return number;
   return static_cast<std::int32_t>(facility_control | (static_cast<std::uint32_t>(number) & 0xFFFFU));
 }
 

@@ -4,12 +4,13 @@
 #include <new>
 #include <string>
 
-#include "automation/collection.h"
 #include "automation/com/enumerator.h"
 #include "automation/com/failure.h"
 #include "automation/com/incoming_arguments.h"
 #include "automation/com/text.h"
 #include "automation/com/variant.h"
+#include "automation/enumerable.h"
+#include "automation/folded_name.h"
 
 namespace tallyra::automation::com {
 namespace {
@@ -27,10 +28,10 @@ const IID& own_object_id() {
   return id;
 }
 
-constexpr std::wstring_view enumerator_name = L"_NewEnum";
+constexpr std::string_view enumerator_name = "_NewEnum";
 
-bool is_collection(const Object& object) {
-  return dynamic_cast<const Collection*>(object.dispatch()) != nullptr;
+bool is_enumerable(const Object& object) {
+  return dynamic_cast<const Enumerable*>(object.dispatch()) != nullptr;
 }
 
 }  // namespace
@@ -98,8 +99,8 @@ HRESULT ComObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISP
   if (!names[0]) return E_POINTER;
   try {
     const std::string name = to_utf8(names[0]);
-    ids[0] =
-        is_collection(object_) && equals_folded(name, "_NewEnum") ? DISPID_NEWENUM : object_.resolve(name);
+    ids[0] = is_enumerable(object_) && equals_folded(name, enumerator_name) ? DISPID_NEWENUM
+                                                                            : object_.resolve(name);
   } catch (...) {
     const Error error = current_error();
     return error.number() == error_number::no_such_member ? DISP_E_UNKNOWNNAME
@@ -136,7 +137,7 @@ HRESULT ComObject::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARA
 }
 
 HRESULT ComObject::run(DISPID id, Access access, const DISPPARAMS& parameters, VARIANT* result) {
-  if (id == DISPID_NEWENUM && access == Access::read && is_collection(object_)) {
+  if (id == DISPID_NEWENUM && access == Access::read && is_enumerable(object_)) {
     if (!result) return S_OK;
     V_UNKNOWN(result) = Enumerator::make(object_).detach();
     V_VT(result) = VT_UNKNOWN;

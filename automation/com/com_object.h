@@ -12,7 +12,7 @@
 
 namespace tallyra::automation::com {
 
-// An object of this module as other modules see it. Collections can be enumerated.
+// An object of this module as other modules see it. What is Enumerable can be walked by a For Each.
 class ComObject final : public IDispatch {
  public:
   static Pointer<IDispatch> make(const Object& object, Role role);

@@ -1,5 +1,7 @@
 #include "automation/com/com_proxy.h"
 
+#include <algorithm>
+
 #include "automation/com/failure.h"
 #include "automation/com/outgoing_arguments.h"
 #include "automation/com/text.h"
@@ -23,37 +25,74 @@ WORD flags_of(Access access) {
 
 }  // namespace
 
+// What came back from one call.
+struct ComProxy::Answer {
+  HRESULT code = S_OK;
+  Variant result = {};
+  EXCEPINFO failure = {};
+  UINT argument_at_fault = none_at_fault;
+};
+
+HRESULT ComProxy::look_up(std::string_view name, DISPID& id) {
+  if (!engine_object_) {
+    std::wstring wide = to_utf16(name);
+    LPOLESTR names = wide.data();
+    const HRESULT code = target_->GetIDsOfNames(IID_NULL, &names, 1, language_neutral, &id);
+    if (code != E_NOTIMPL) return code;
+    engine_object_ = query<IDispatchEx>(target_.get());
+    if (!engine_object_) return code;
+  }
+  const Variant text(Value(name), Role::caller);
+  return engine_object_->GetDispID(V_BSTR(&text.raw()), fdexNameCaseInsensitive, &id);
+}
+
 MemberId ComProxy::resolve(std::string_view name) {
   for (const auto& [known, id] : known_names_)
     if (known == name) return id;
-  std::wstring wide = to_utf16(name);
-  LPOLESTR names = wide.data();
   DISPID id = DISPID_UNKNOWN;
-  throw_if_failed(target_->GetIDsOfNames(IID_NULL, &names, 1, language_neutral, &id));
+  throw_if_failed(look_up(name, id));
   known_names_.emplace_back(name, id);
   return id;
 }
 
-Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
+ComProxy::Answer ComProxy::ask(MemberId id, WORD flags, DISPPARAMS& parameters) {
+  Answer answer;
+  VARIANT* const result = (flags & DISPATCH_PROPERTYGET) != 0 ? &answer.result.raw() : nullptr;
   // The callee may let go of everything that leads here, this object included.
-  const Pointer<IDispatch> target = target_;
+  if (const Pointer<IDispatchEx> engine_object = engine_object_)
+    answer.code =
+        engine_object->InvokeEx(id, language_neutral, flags, &parameters, result, &answer.failure, nullptr);
+  else
+    answer.code = Pointer<IDispatch>(target_)->Invoke(id, IID_NULL, language_neutral, flags, &parameters,
+                                                      result, &answer.failure, &answer.argument_at_fault);
+  return answer;
+}
+
+// A variable of a script's object is neither run nor changed by being read, so asking again is safe; a
+// function that has failed is not run again but given as an object, which is no variable's content here.
+bool ComProxy::may_be_variable(const Answer& answer, Access access, Arguments arguments) const {
+  return answer.code == E_FAIL && access == Access::read && arguments.empty() &&
+         query<IDispatchEx>(target_.get());
+}
+
+Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
+  const Object alive(this);
   OutgoingArguments outgoing(arguments, access);
-  Variant result;
-  EXCEPINFO failure{};
-  UINT argument_at_fault = none_at_fault;
-  const HRESULT code =
-      target->Invoke(id, IID_NULL, language_neutral, flags_of(access), &outgoing.parameters(),
-                     access == Access::read ? &result.raw() : nullptr, &failure, &argument_at_fault);
-  if (FAILED(code)) {
-    Error error = code == DISP_E_EXCEPTION ? error_of(failure) : error_of(code);
-    if (argument_at_fault < arguments.size())
-      error.blame_argument(static_cast<int>(arguments.size() - argument_at_fault));
+  Answer answer = ask(id, flags_of(access), outgoing.parameters());
+  if (may_be_variable(answer, access, arguments)) {
+    Answer again = ask(id, DISPATCH_PROPERTYGET, outgoing.parameters());
+    if (SUCCEEDED(again.code) && V_VT(&again.result.raw()) != VT_DISPATCH) answer = std::move(again);
+  }
+  if (FAILED(answer.code)) {
+    Error error = answer.code == DISP_E_EXCEPTION ? error_of(answer.failure) : error_of(answer.code);
+    if (answer.argument_at_fault < arguments.size())
+      error.blame_argument(static_cast<int>(arguments.size() - answer.argument_at_fault));
     // A variable that the callee has set before it failed is set.
     outgoing.take_back();
     throw error;
   }
   outgoing.take_back();
-  return value_of(result.raw(), Role::caller);
+  return value_of(answer.result.raw(), Role::caller);
 }
 
 }  // namespace tallyra::automation::com

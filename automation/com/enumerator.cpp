@@ -3,25 +3,20 @@
 #include <algorithm>
 #include <new>
 
-#include "automation/collection.h"
 #include "automation/com/failure.h"
 #include "automation/com/variant.h"
 
 namespace tallyra::automation::com {
-namespace {
 
-const std::vector<Value>& items_of(const Object& collection) {
-  return static_cast<const Collection*>(collection.dispatch())->items();
-}
+Enumerator::Enumerator(const Object& object, std::size_t position)
+    : object_(object), items_(dynamic_cast<const Enumerable&>(*object.dispatch())), position_(position) {}
 
-}  // namespace
-
-Pointer<IUnknown> Enumerator::make(const Object& collection) {
-  return Pointer<IUnknown>::adopt(new Enumerator(collection, 0));
+Pointer<IUnknown> Enumerator::make(const Object& object) {
+  return Pointer<IUnknown>::adopt(new Enumerator(object, 0));
 }
 
 std::size_t Enumerator::left() const {
-  const std::size_t size = items_of(collection_).size();
+  const std::size_t size = items_.item_count();
   return size - std::min(position_, size);
 }
 
@@ -52,7 +47,7 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* items, ULONG* fetched) {
   ULONG done = 0;
   try {
     for (; done < count && left() > 0; ++done) {
-      items[done] = Variant(items_of(collection_)[position_], Role::callee).detach();
+      items[done] = Variant(items_.item_at(position_), Role::callee).detach();
       ++position_;
     }
   } catch (...) {
@@ -67,9 +62,13 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* items, ULONG* fetched) {
 }
 
 HRESULT Enumerator::Skip(ULONG count) {
-  const std::size_t skipped = std::min<std::size_t>(count, left());
-  position_ += skipped;
-  return skipped == count ? S_OK : S_FALSE;
+  try {
+    const std::size_t skipped = std::min<std::size_t>(count, left());
+    position_ += skipped;
+    return skipped == count ? S_OK : S_FALSE;
+  } catch (...) {
+    return hresult_from_number(current_error().number());
+  }
 }
 
 HRESULT Enumerator::Reset() {
@@ -79,7 +78,7 @@ HRESULT Enumerator::Reset() {
 
 HRESULT Enumerator::Clone(IEnumVARIANT** copy) {
   if (!copy) return E_POINTER;
-  *copy = new (std::nothrow) Enumerator(collection_, position_);
+  *copy = new (std::nothrow) Enumerator(object_, position_);
   return *copy ? S_OK : E_OUTOFMEMORY;
 }
 

@@ -6,14 +6,14 @@
 
 #include "automation/com/module.h"
 #include "automation/com/pointer.h"
-#include "automation/object.h"
+#include "automation/enumerable.h"
 
 namespace tallyra::automation::com {
 
-// Walks a collection for a client's For Each, item by item, as the collection is at that moment.
+// Walks an object that is Enumerable for a client's For Each, item by item, as the object is at that moment.
 class Enumerator final : public IEnumVARIANT {
  public:
-  static Pointer<IUnknown> make(const Object& collection);
+  static Pointer<IUnknown> make(const Object& object);
 
   STDMETHODIMP QueryInterface(REFIID id, void** out) override;
   STDMETHODIMP_(ULONG) AddRef() override;
@@ -24,13 +24,14 @@ class Enumerator final : public IEnumVARIANT {
   STDMETHODIMP Clone(IEnumVARIANT** copy) override;
 
  private:
-  Enumerator(const Object& collection, std::size_t position) : collection_(collection), position_(position) {}
+  Enumerator(const Object& object, std::size_t position);
   ~Enumerator() = default;
 
   std::size_t left() const;
 
   std::atomic<ULONG> references_ = 1;
-  Object collection_;
+  Object object_;
+  const Enumerable& items_;  // the same object
   std::size_t position_;
   ModuleUse module_use_;
 };

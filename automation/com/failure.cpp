@@ -36,7 +36,7 @@ Error error_of(EXCEPINFO& description) {
 
 void describe(EXCEPINFO& out, const Error& error, const std::string& source) {
   out = {};
-  out.scode = hresult_from_number(error.number());
+  out.scode = hresult_of_raised(error.number());
   out.bstrSource = new_bstr(source);
   out.bstrDescription = new_bstr(error.description());
 }

@@ -58,6 +58,11 @@ HRESULT current_code() {
 
 }  // namespace
 
+HRESULT Dispatcher::Failure::code() const {
+  const std::int32_t number = error.number();
+  return in_member ? automation::hresult_of_raised(number) : automation::hresult_from_number(number);
+}
+
 Dispatcher::Dispatcher(std::string_view class_name, REFIID interface_id)
     : class_name_(class_name),
       interface_id_(interface_id),
@@ -117,7 +122,7 @@ HRESULT Dispatcher::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* p
       return S_OK;
     }
     if (failed->argument_at_fault && argument_at_fault) *argument_at_fault = *failed->argument_at_fault;
-    if (!failed->in_member || !failure) return automation::hresult_from_number(failed->error.number());
+    if (!failed->in_member || !failure) return failed->code();
     automation::com::describe(*failure, failed->error, source());
     return DISP_E_EXCEPTION;
   } catch (...) {
@@ -133,7 +138,7 @@ HRESULT Dispatcher::call(DISPID id, Access access, const DISPPARAMS& parameters,
   } catch (...) {
     // The code alone has to do.
   }
-  return automation::hresult_from_number(failed->error.number());
+  return failed->code();
 }
 
 std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, const DISPPARAMS& parameters,

@@ -39,6 +39,8 @@ class Dispatcher {
     // Whether the member itself has failed, in contrast to the way it was called.
     bool in_member = false;
     std::optional<UINT> argument_at_fault = {};
+
+    HRESULT code() const;
   };
 
   std::optional<Failure> run(DISPID id, automation::Access access, const DISPPARAMS& parameters,

@@ -30,7 +30,11 @@ Value Fields::item(automation::Arguments arguments) {
 }
 
 Value Fields::count() {
-  return static_cast<std::int32_t>(cursor_->columns().size());
+  return static_cast<std::int32_t>(item_count());
+}
+
+Value Fields::item_at(std::size_t position) const {
+  return automation::make_object<Field>(cursor_, position);
 }
 
 const automation::MemberTable<Field>& Field::members() {

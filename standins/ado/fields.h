@@ -4,13 +4,14 @@
 #include <memory>
 #include <utility>
 
+#include "automation/enumerable.h"
 #include "standins/ado/ado_object.h"
 #include "standins/ado/cursor.h"
 
 namespace tallyra::standins::ado {
 
-// The columns of an open recordset: Count, Item by name or by position from 0 (the default member).
-class Fields : public AdoObject<Fields> {
+// The columns of an open recordset: Count, Item by name or by position from 0 (the default member), For Each.
+class Fields : public AdoObject<Fields>, public automation::Enumerable {
  public:
   static const automation::MemberTable<Fields>& members();
 
@@ -18,6 +19,9 @@ class Fields : public AdoObject<Fields> {
 
   automation::Value item(automation::Arguments arguments);
   automation::Value count();
+
+  std::size_t item_count() const override { return cursor_->columns().size(); }
+  automation::Value item_at(std::size_t position) const override;
 
  private:
   std::shared_ptr<const Cursor> cursor_;

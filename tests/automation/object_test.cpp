@@ -139,6 +139,9 @@ TEST(ErrorNumbers, FollowTheHresultThatCarriesThem) {
     EXPECT_EQ(number_from_hresult(hresult_from_number(number)), number);
   }
   EXPECT_EQ(static_cast<std::uint32_t>(hresult_from_number(3705)), 0x800A0E79U);
+  EXPECT_EQ(static_cast<std::uint32_t>(hresult_of_raised(438)), 0x800A01B6U);
+  EXPECT_EQ(static_cast<std::uint32_t>(hresult_of_raised(3705)), 0x800A0E79U);
+  EXPECT_EQ(hresult_of_raised(-2147217900), -2147217900);
   EXPECT_EQ(Error(13).description(), "Type mismatch");
   EXPECT_EQ(Error(-5).description(), "");
 }

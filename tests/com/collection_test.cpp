@@ -98,6 +98,20 @@ TEST_F(CollectionOverCom, AnEnumeratorSkipsStartsAgainAndIsCopied) {
   EXPECT_EQ(value_in(item.raw()), Value("c"));
 }
 
+TEST_F(CollectionOverCom, AnEnumeratorSeesTheCollectionAsItIs) {
+  fill();
+  const auto items = enumerator(DISPATCH_METHOD);
+  Variant item;
+  ASSERT_EQ(items->Next(1, &item.raw(), nullptr), S_OK);
+  object_.call("Remove", 3);
+  object_.call("Remove", 2);
+  Variant none;
+  EXPECT_EQ(items->Next(1, &none.raw(), nullptr), S_FALSE);
+  object_.call("Add", "late");
+  ASSERT_EQ(items->Next(1, &none.raw(), nullptr), S_OK);
+  EXPECT_EQ(value_in(none.raw()), Value("late"));
+}
+
 TEST_F(CollectionOverCom, AnEnumeratorRefusesNullPointers) {
   const auto items = enumerator(DISPATCH_METHOD);
   VARIANT item;

@@ -61,7 +61,7 @@ class FullCollection : public automation::Collection {
  public:
   explicit FullCollection(std::size_t room) : room_(room) {}
   Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
-    if (id == 1 && items().size() == room_) throw Error(7);
+    if (id == 1 && item_count() == room_) throw Error(7);
     return automation::Collection::invoke(id, access, arguments);
   }
 
