@@ -11,6 +11,8 @@
 #   start_wine                      keeps Wine's services up until 5 minutes after the last program
 #   stop_wine                       ends what still runs in the prefix
 #
+# $TALLYRA_TEST_LOCALE makes the programs believe in a user of another country, de_DE.UTF-8 for example.
+#
 # All but the first work in the prefix $TALLYRA_WINE_PREFIX (build/wine/prefix unless the caller sets it).
 
 wine_root=${TALLYRA_WINE_ROOT:-${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/tallyra/wine-root}
@@ -67,16 +69,17 @@ set_wine_environment() {
   unset DISPLAY WAYLAND_DISPLAY WINESERVER WINELOADER WINEDLLPATH
   export WINEPREFIX=$TALLYRA_WINE_PREFIX HOME=$TALLYRA_WINE_PREFIX WINEARCH=win32
   export WINEDEBUG=${WINEDEBUG:--all,err+module}
-  export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d" LC_ALL=${LC_ALL:-C.UTF-8}
+  export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d" LC_ALL=C.UTF-8
 }
 
-# Runs `wine` or `wineserver`, wherever they are.
+# Runs `wine` or `wineserver`, wherever they are. Wine takes a user's country from LC_ALL, whether this machine has
+# that locale or not; a shell would complain about one that it has not, so it hears of it last.
 wine_command() (
-  name=$1
+  name=$1 locale=${TALLYRA_TEST_LOCALE:-C.UTF-8}
   shift
   set_wine_environment
-  if wine_is_unpacked; then in_wine_root "/usr/lib/wine/$name" "$@"
-  else "$name" "$@"; fi
+  if wine_is_unpacked; then in_wine_root env LC_ALL="$locale" "/usr/lib/wine/$name" "$@"
+  else env LC_ALL="$locale" "$name" "$@"; fi
 )
 
 # A prefix takes seconds and 590 MB to make, so it is made once and copied.

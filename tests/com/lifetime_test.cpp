@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
 #include "tallyra.h"
+#include "tests/com/heap_blocks.h"
 #include "tests/com/server_dll.h"
 #include "tests/com/wire_call.h"
 
@@ -13,36 +12,16 @@ namespace tallyra::tests::com {
 namespace {
 
 constexpr int rounds = 10'000;
-
-// Blocks in use in all heaps of the process.
-long blocks_in_use() {
-  HANDLE heaps[64];
-  const DWORD count = GetProcessHeaps(64, heaps);
-  long blocks = 0;
-  for (DWORD i = 0; i < count; ++i) {
-    PROCESS_HEAP_ENTRY entry{};
-    HeapLock(heaps[i]);
-    while (HeapWalk(heaps[i], &entry))
-      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++blocks;
-    HeapUnlock(heaps[i]);
-  }
-  return blocks;
-}
+// Nothing that happens in every round, or in every hundredth.
+constexpr long few = 20;
 
 TEST(LeakCounter, SeesALeak) {
   const long before = blocks_in_use();
   BSTR leaked[1000];
   for (BSTR& each : leaked) each = SysAllocString(L"a text that is long enough for a block of its own");
-  EXPECT_GE(blocks_in_use() - before, 900) << "the system keeps a few freed texts at hand";
+  EXPECT_EQ(blocks_in_use() - before, 1000);
   for (BSTR each : leaked) SysFreeString(each);
-}
-
-// Runs the body many times and says how many blocks it has left behind.
-long leaked_by(const std::function<void()>& body) {
-  for (int i = 0; i < 100; ++i) body();
-  const long before = blocks_in_use();
-  for (int i = 0; i < rounds; ++i) body();
-  return blocks_in_use() - before;
+  EXPECT_EQ(blocks_in_use() - before, 0);
 }
 
 class Lifetime : public testing::Test {
@@ -61,7 +40,7 @@ TEST_F(Lifetime, ObjectsAreCreatedCalledAndReleasedWithoutALeak) {
     SysFreeString(description);
     SysFreeString(text);
   };
-  EXPECT_LT(leaked_by(round), rounds / 100);
+  EXPECT_LT(leaked_by(rounds, round), few);
   EXPECT_EQ(dll_.can_unload_now(), S_OK);
 }
 
@@ -82,7 +61,7 @@ TEST_F(Lifetime, CallsByNameWithReplacedAndRefusedArgumentsLeaveNothing) {
     WireCall mismatch{.id = 11, .arguments = {text.raw(), reference(VT_DISPATCH, &object), text.raw()}};
     EXPECT_EQ(mismatch.on(address.get()), DISP_E_TYPEMISMATCH);
   };
-  EXPECT_LT(leaked_by(round), rounds / 100);
+  EXPECT_LT(leaked_by(rounds, round), few);
   collection.get()->AddRef();
   EXPECT_EQ(collection.get()->Release(), 1U);
 }
@@ -141,10 +120,7 @@ TEST(Unloading, TheDllComesAndGoesWithoutALeak) {
     EXPECT_EQ(object->put_Language(text), S_OK);
     SysFreeString(text);
   };
-  for (int i = 0; i < 10; ++i) round();
-  const long before = blocks_in_use();
-  for (int i = 0; i < 100; ++i) round();
-  EXPECT_LT(blocks_in_use() - before, 50);
+  EXPECT_LT(leaked_by(100, round), few);
 }
 
 }  // namespace
