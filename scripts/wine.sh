@@ -90,7 +90,7 @@ make_wine_template() {
     flock 9
     [ ! -f "$wine_template/$wine_mark" ] || exit 0
     say "Making the Wine prefix that tests start from (a few seconds)"
-    TALLYRA_WINE_PREFIX=$wine_template.new
+    TALLYRA_WINE_PREFIX=$wine_template.new TALLYRA_TEST_LOCALE=
     rm -rf "$TALLYRA_WINE_PREFIX" "$wine_template"
     mkdir "$TALLYRA_WINE_PREFIX"
     if ! wine_command wine wineboot -i </dev/null >"$wine_template.log" 2>&1; then

@@ -2,30 +2,13 @@
 
 // Month close and costing.
 
-#include "server/com/business_object.h"
 #include "server/com/connection_point.h"
+#include "server/com/record_object.h"
 #include "tallyra.h"
 
 namespace tallyra::server::com {
 
-class PartCostSetObject final : public BusinessObject<_CPartCostSet> {
- public:
-  using BusinessObject::BusinessObject;
-
-  STDMETHODIMP Read(LONG* iMTypeSN, IDispatch** colFieldName, IDispatch** colFieldValue,
-                    float* result) override {
-    return call(11, result, iMTypeSN, colFieldName, colFieldValue);
-  }
-  STDMETHODIMP Update(LONG iMTypeSN, IDispatch** colFieldName, IDispatch** colFieldValue, BSTR* strOprTag,
-                      float* result) override {
-    return call(12, result, iMTypeSN, colFieldName, colFieldValue, strOprTag);
-  }
-  STDMETHODIMP Insert(LONG iMTypeSN, IDispatch** colFieldName, IDispatch** colFieldValue,
-                      float* result) override {
-    return call(13, result, iMTypeSN, colFieldName, colFieldValue);
-  }
-  STDMETHODIMP Delete(LONG iMTypeSN, float* result) override { return call(14, result, iMTypeSN); }
-};
+using PartCostSetObject = RecordObject<_CPartCostSet, LONG*, LONG, BSTR*>;
 
 // Clients can connect to its events.
 class StockCloseObject final : public BusinessObject<_CStockClose> {

@@ -2,28 +2,15 @@
 
 // Stock checks and reports.
 
-#include "server/com/business_object.h"
+#include "server/com/record_object.h"
 #include "tallyra.h"
 
 namespace tallyra::server::com {
 
-class CheckHeadObject final : public BusinessObject<_CCheckHead> {
+class CheckHeadObject final : public RecordObject<_CCheckHead, BSTR*, BSTR, BSTR*> {
  public:
-  using BusinessObject::BusinessObject;
+  using RecordObject::RecordObject;
 
-  STDMETHODIMP Read(BSTR* cCHECKNO, IDispatch** colFieldName, IDispatch** colFieldValue,
-                    float* result) override {
-    return call(11, result, cCHECKNO, colFieldName, colFieldValue);
-  }
-  STDMETHODIMP Update(BSTR cCHECKNO, IDispatch** colFieldName, IDispatch** colFieldValue, BSTR* strOprTag,
-                      float* result) override {
-    return call(12, result, cCHECKNO, colFieldName, colFieldValue, strOprTag);
-  }
-  STDMETHODIMP Insert(BSTR cCHECKNO, IDispatch** colFieldName, IDispatch** colFieldValue,
-                      float* result) override {
-    return call(13, result, cCHECKNO, colFieldName, colFieldValue);
-  }
-  STDMETHODIMP Delete(BSTR cCHECKNO, float* result) override { return call(14, result, cCHECKNO); }
   STDMETHODIMP ValidCloseDT(VARIANT vTranDT, VARIANT* result) override { return call(15, result, vTranDT); }
 };
 

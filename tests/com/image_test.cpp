@@ -78,6 +78,8 @@ TEST(Image, TellsItsVersion) {
   UINT size = 0;
   ASSERT_TRUE(VerQueryValueW(data.data(), L"\\StringFileInfo\\040904B0\\ProductName", &found, &size));
   EXPECT_STREQ(static_cast<wchar_t*>(found), L"Tallyra");
+  ASSERT_TRUE(VerQueryValueW(data.data(), L"\\StringFileInfo\\040904B0\\OriginalFilename", &found, &size));
+  EXPECT_STREQ(static_cast<wchar_t*>(found), L"Tallyra.dll");
   ASSERT_TRUE(VerQueryValueW(data.data(), L"\\", &found, &size));
   const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(found);
   EXPECT_EQ(fixed->dwFileVersionMS, MAKELONG(0, 1)) << "1.0";

@@ -112,6 +112,15 @@ TEST_F(Lifetime, ClassObjectsRefuseWhatTheyDoNotKnow) {
   EXPECT_EQ(dll_.can_unload_now(), S_OK);
 }
 
+TEST_F(Lifetime, NoObjectClaimsToBeSafeForScripting) {
+  const auto object = dll_.create<IUnknown>(CLSID_CRevAddr);
+  constexpr IID object_safety = {
+      0xCB5BDC81, 0x93C1, 0x11CF, {0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64}};
+  void* out = this;
+  EXPECT_EQ(object->QueryInterface(object_safety, &out), E_NOINTERFACE);
+  EXPECT_EQ(out, nullptr);
+}
+
 TEST(Unloading, TheDllComesAndGoesWithoutALeak) {
   const auto round = [] {
     const ServerDll dll;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cwctype>
 #include <set>
 
 #include "automation/com/text.h"
@@ -62,6 +63,18 @@ std::wstring guid_text(REFGUID guid) {
   return text;
 }
 
+// What is there now and was not before, in small letters: a key keeps the case in which somebody else has
+// made it.
+std::set<std::wstring> added(const std::set<std::wstring>& before, const std::set<std::wstring>& now) {
+  std::set<std::wstring> lines;
+  for (std::wstring line : now) {
+    if (before.contains(line)) continue;
+    for (wchar_t& letter : line) letter = static_cast<wchar_t>(std::towlower(letter));
+    lines.insert(line);
+  }
+  return lines;
+}
+
 class Registration : public testing::Test {
  protected:
   Registration() : was_registered_(text_at(HKEY_LOCAL_MACHINE, L"Tallyra.CRevAddr\\CLSID") != L"(none)") {
@@ -114,6 +127,47 @@ TEST_F(Registration, ForTheMachineMakesEveryClassCreatableByItsName) {
   EXPECT_EQ(dll_.unregister_server(), S_OK) << "what is not there is no error";
 }
 
+TEST_F(Registration, NamesTheTypeLibraryAndTheMarshalerOfEveryInterface) {
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  const std::wstring path = ServerDll::path();
+  const std::wstring library = L"TypeLib\\" + guid_text(LIBID_Tallyra) + L"\\1.0";
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, library), L"Tallyra stock management 1.0");
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, library + L"\\0\\win32"), path);
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, library + L"\\FLAGS"), L"0");
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, library + L"\\HELPDIR"), path.substr(0, path.rfind(L'\\')));
+  struct Interface {
+    IID id;
+    const wchar_t* name;
+    const wchar_t* marshaler;
+  };
+  const Interface interfaces[] = {
+      {IID__CRevAddr, L"_CRevAddr", L"{00020424-0000-0000-C000-000000000046}"},
+      {IID__CTranDetail, L"_CTranDetail", L"{00020424-0000-0000-C000-000000000046}"},
+      {DIID___CStockClose, L"__CStockClose", L"{00020420-0000-0000-C000-000000000046}"},
+  };
+  for (const auto& each : interfaces) {
+    const std::wstring key = L"Interface\\" + guid_text(each.id);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key), each.name);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\ProxyStubClsid32"), each.marshaler);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\TypeLib"), guid_text(LIBID_Tallyra));
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\TypeLib", L"Version"), L"1.0");
+  }
+  ASSERT_EQ(dll_.unregister_server(), S_OK);
+}
+
+TEST_F(Registration, ForTheUserWritesWhatItWritesForTheMachine) {
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  const auto for_machine = added(machine_before_, registered(HKEY_LOCAL_MACHINE));
+  ASSERT_EQ(dll_.unregister_server(), S_OK);
+  ASSERT_EQ(dll_.install(true, L"user"), S_OK);
+  auto for_user = added(user_before_, registered(HKEY_CURRENT_USER));
+  // A user without any class has not even these.
+  for (const wchar_t* container : {L"\\clsid", L"\\interface", L"\\typelib"}) for_user.erase(container);
+  EXPECT_EQ(for_user, for_machine);
+  EXPECT_GT(for_machine.size(), 200U);
+  ASSERT_EQ(dll_.install(false, L"user"), S_OK);
+}
+
 TEST_F(Registration, ForTheUserLeavesTheMachineAlone) {
   ASSERT_EQ(dll_.install(true, L"user"), S_OK);
   EXPECT_NE(text_at(HKEY_CURRENT_USER, L"Tallyra.CStockClose\\CLSID"), L"(none)");
@@ -142,16 +196,27 @@ TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
 }
 
 TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
-  // Nothing lasting can be made below a key that does not last.
-  const std::wstring path = std::wstring(classes_path) + L"\\Tallyra.CSTKController";
-  HKEY obstacle = nullptr;
-  ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                            nullptr, &obstacle, nullptr),
-            ERROR_SUCCESS);
-  RegCloseKey(obstacle);
-  const HRESULT code = dll_.register_server();
-  EXPECT_EQ(code, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
-  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+  // Nothing lasting can be made below a key that does not last: such a key refuses a class, the library, an
+  // interface.
+  const std::wstring obstacles[] = {
+      L"Tallyra.CSTKController",
+      L"CLSID\\" + guid_text(CLSID_CTranHead),
+      L"TypeLib\\" + guid_text(LIBID_Tallyra),
+      L"Interface\\" + guid_text(IID__CStockClose),
+  };
+  for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER})
+    for (const auto& name : obstacles) {
+      SCOPED_TRACE(testing::PrintToString(name));
+      HKEY obstacle = nullptr;
+      ASSERT_EQ(RegCreateKeyExW(root, (std::wstring(classes_path) + L"\\" + name).c_str(), 0, nullptr,
+                                REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &obstacle, nullptr),
+                ERROR_SUCCESS);
+      RegCloseKey(obstacle);
+      const HRESULT code = root == HKEY_LOCAL_MACHINE ? dll_.register_server() : dll_.install(true, L"user");
+      EXPECT_EQ(code, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+      EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+      EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
+    }
 }
 
 }  // namespace
