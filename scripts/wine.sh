@@ -72,14 +72,26 @@ set_wine_environment() {
   export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d" LC_ALL=C.UTF-8
 }
 
-# Runs `wine` or `wineserver`, wherever they are. Wine takes a user's country from LC_ALL, whether this machine has
-# that locale or not; a shell would complain about one that it has not, so it hears of it last.
+# A machine need not have a locale for Wine to know the country; it does need one to read file names, for which any in
+# UTF-8 will do. So this makes a locale of that name out of the one that every machine has.
+stand_in_locale() {
+  local folder=$repository/build/wine/locale
+  mkdir -p "$folder"
+  ln -sfn /usr/lib/locale/C.utf8 "$folder/$1"
+  echo "$folder"
+}
+
+# Runs `wine` or `wineserver`, wherever they are. A shell would complain about a locale that it has not, so it hears of
+# it last.
 wine_command() (
-  name=$1 locale=${TALLYRA_TEST_LOCALE:-C.UTF-8}
+  name=$1
   shift
   set_wine_environment
-  if wine_is_unpacked; then in_wine_root env LC_ALL="$locale" "/usr/lib/wine/$name" "$@"
-  else env LC_ALL="$locale" "$name" "$@"; fi
+  country=()
+  [ -z "${TALLYRA_TEST_LOCALE:-}" ] ||
+    country=(env LOCPATH="$(stand_in_locale "$TALLYRA_TEST_LOCALE")" LC_ALL="$TALLYRA_TEST_LOCALE")
+  if wine_is_unpacked; then in_wine_root "${country[@]}" "/usr/lib/wine/$name" "$@"
+  else "${country[@]}" "$name" "$@"; fi
 )
 
 # A prefix takes seconds and 590 MB to make, so it is made once and copied.
