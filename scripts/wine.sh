@@ -214,17 +214,6 @@ wine_works() {
 # Does nothing where it works already.
 install_wine() { wine_works || "$repository/scripts/install-wine.sh"; }
 
-# A user's language decides how Windows writes numbers and dates by default. Wine takes it from LC_ALL, but file names
-# keep their letters only if the locale is really there. With it, `LOCPATH=$german_locale_folder LC_ALL=de_DE.UTF-8`
-# makes a German user of whoever runs something.
-german_locale_folder=$repository/build/wine/locale
-install_german_locale() {
-  [ ! -d "$german_locale_folder/de_DE.UTF-8" ] || return 0
-  install_packages locales
-  mkdir -p "$german_locale_folder"
-  localedef -i de_DE -f UTF-8 "$german_locale_folder/de_DE.UTF-8"
-}
-
 install_cross_compiler() { install_packages g++-mingw-w64-i686-posix mingw-w64-tools googletest; }
 
 # The interface descriptions (IDL) of the system, which the cross compiler lacks: unpacked, because the
