@@ -7,7 +7,9 @@
 namespace tallyra::automation {
 namespace {
 
-thread_local std::function<Date()> thread_clock;
+// The clock itself lies in the ScopedClock: a thread-local with a destructor would keep the DLL loaded for as
+// long as the thread lives.
+thread_local const std::function<Date()>* thread_clock = nullptr;
 
 Date system_clock() {
   const std::time_t seconds = std::time(nullptr);
@@ -25,7 +27,7 @@ Date system_clock() {
 }  // namespace
 
 Date now() {
-  return thread_clock ? thread_clock() : system_clock();
+  return thread_clock ? (*thread_clock)() : system_clock();
 }
 
 Date today() {
@@ -33,10 +35,10 @@ Date today() {
 }
 
 ScopedClock::ScopedClock(std::function<Date()> clock)
-    : previous_(std::exchange(thread_clock, std::move(clock))) {}
+    : clock_(std::move(clock)), previous_(std::exchange(thread_clock, &clock_)) {}
 
 ScopedClock::~ScopedClock() {
-  thread_clock = std::move(previous_);
+  thread_clock = previous_;
 }
 
 }  // namespace tallyra::automation

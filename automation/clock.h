@@ -11,7 +11,7 @@ Date now();
 // The same day at midnight.
 Date today();
 
-// Replaces the clock of this thread for as long as it lives.
+// Replaces the clock of this thread for as long as it lives; ends in the reverse order of others of its kind.
 class ScopedClock {
  public:
   explicit ScopedClock(std::function<Date()> clock);
@@ -20,7 +20,8 @@ class ScopedClock {
   ScopedClock& operator=(const ScopedClock&) = delete;
 
  private:
-  std::function<Date()> previous_;
+  std::function<Date()> clock_;
+  const std::function<Date()>* previous_;
 };
 
 }  // namespace tallyra::automation

@@ -8,7 +8,8 @@ namespace tallyra::automation {
 // unless a handler has been set. A handler must not throw.
 void yield();
 
-// Replaces what yield does on this thread for as long as it lives.
+// Replaces what yield does on this thread for as long as it lives; ends in the reverse order of others of its
+// kind.
 class ScopedYield {
  public:
   explicit ScopedYield(std::function<void()> handler);
@@ -17,7 +18,8 @@ class ScopedYield {
   ScopedYield& operator=(const ScopedYield&) = delete;
 
  private:
-  std::function<void()> previous_;
+  std::function<void()> handler_;
+  const std::function<void()>* previous_;
 };
 
 }  // namespace tallyra::automation

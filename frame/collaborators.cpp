@@ -9,31 +9,24 @@ namespace tallyra::frame {
 namespace {
 
 #ifdef _WIN32
-constexpr bool ends_with_thread = false;
+// A thread-local with a destructor would keep the DLL loaded for as long as the thread lives.
+using Holder = Collaborators*;
 #else
-constexpr bool ends_with_thread = true;
+using Holder = std::unique_ptr<Collaborators>;
 #endif
 
-struct ThreadSet {
-  std::unique_ptr<Collaborators> set;
-
-  ~ThreadSet() {
-    if constexpr (!ends_with_thread) static_cast<void>(set.release());
-  }
-};
-
-thread_local ThreadSet of_thread;
+thread_local Holder of_thread{};
 
 }  // namespace
 
 Collaborators& collaborators() {
-  if (!of_thread.set) of_thread.set = std::make_unique<Collaborators>();
-  return *of_thread.set;
+  if (!of_thread) of_thread = Holder(new Collaborators);
+  return *of_thread;
 }
 
 void release_collaborators() noexcept {
   // Out of reach before the last references go: letting them go may run any code.
-  const auto released = std::move(of_thread.set);
+  const std::unique_ptr<Collaborators> released(std::exchange(of_thread, nullptr));
 }
 
 void InitObjects(const std::string& Language, const std::string& SystemDatabase,

@@ -7,7 +7,9 @@
 namespace tallyra::automation {
 namespace {
 
-thread_local std::function<void()> thread_handler;
+// The handler itself lies in the ScopedYield: a thread-local with a destructor would keep the DLL loaded for
+// as long as the thread lives.
+thread_local const std::function<void()>* thread_handler = nullptr;
 
 // Everything that waits in the caller's queue now. A request to quit stays for the caller's own loop.
 void pump_messages() {
@@ -25,15 +27,15 @@ void pump_messages() {
 }  // namespace
 
 void yield() {
-  if (thread_handler) return thread_handler();
+  if (thread_handler) return (*thread_handler)();
   if (HIWORD(GetQueueStatus(QS_ALLINPUT)) != 0) pump_messages();
 }
 
 ScopedYield::ScopedYield(std::function<void()> handler)
-    : previous_(std::exchange(thread_handler, std::move(handler))) {}
+    : handler_(std::move(handler)), previous_(std::exchange(thread_handler, &handler_)) {}
 
 ScopedYield::~ScopedYield() {
-  thread_handler = std::move(previous_);
+  thread_handler = previous_;
 }
 
 }  // namespace tallyra::automation

@@ -5,19 +5,19 @@
 namespace tallyra::automation {
 namespace {
 
-thread_local std::function<void()> thread_handler;
+thread_local const std::function<void()>* thread_handler = nullptr;
 
 }  // namespace
 
 void yield() {
-  if (thread_handler) thread_handler();
+  if (thread_handler) (*thread_handler)();
 }
 
 ScopedYield::ScopedYield(std::function<void()> handler)
-    : previous_(std::exchange(thread_handler, std::move(handler))) {}
+    : handler_(std::move(handler)), previous_(std::exchange(thread_handler, &handler_)) {}
 
 ScopedYield::~ScopedYield() {
-  thread_handler = std::move(previous_);
+  thread_handler = previous_;
 }
 
 }  // namespace tallyra::automation
