@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "automation/com/failure.h"
-#include "automation/com/outgoing_arguments.h"
 #include "automation/com/text.h"
 
 namespace tallyra::automation::com {
@@ -23,13 +22,21 @@ WORD flags_of(Access access) {
   }
 }
 
+// Objects of script languages may describe themselves too, but not what their functions take.
+ReferenceForm form_for(IDispatch& callee) {
+  if (query<IDispatchEx>(&callee)) return ReferenceForm::variant;
+  Pointer<ITypeInfo> description;
+  const HRESULT code = callee.GetTypeInfo(0, language_neutral, description.out());
+  return SUCCEEDED(code) && description ? ReferenceForm::typed : ReferenceForm::variant;
+}
+
 }  // namespace
 
 // What came back from one call.
 struct ComProxy::Answer {
   HRESULT code = S_OK;
   Variant result = {};
-  EXCEPINFO failure = {};
+  std::optional<Error> failure = {};
   UINT argument_at_fault = none_at_fault;
 };
 
@@ -46,25 +53,42 @@ HRESULT ComProxy::look_up(std::string_view name, DISPID& id) {
   return engine_object_->GetDispID(V_BSTR(&text.raw()), fdexNameCaseInsensitive, &id);
 }
 
+ReferenceForm ComProxy::reference_form(Arguments arguments) {
+  const bool matters = std::any_of(arguments.begin(), arguments.end(), [](const Argument& each) {
+    return each.is_reference() && !each.get().is_empty();
+  });
+  if (!matters) return ReferenceForm::variant;
+  if (!reference_form_) reference_form_ = form_for(*target_.get());
+  return *reference_form_;
+}
+
 MemberId ComProxy::resolve(std::string_view name) {
   for (const auto& [known, id] : known_names_)
     if (known == name) return id;
+  // The callee may let go of everything that leads here, this object included.
+  const Object alive(this);
   DISPID id = DISPID_UNKNOWN;
   throw_if_failed(look_up(name, id));
   known_names_.emplace_back(name, id);
   return id;
 }
 
+// The caller keeps this object alive: the callee may let go of everything that leads here.
 ComProxy::Answer ComProxy::ask(MemberId id, WORD flags, DISPPARAMS& parameters) {
   Answer answer;
+  EXCEPINFO description{};
   VARIANT* const result = (flags & DISPATCH_PROPERTYGET) != 0 ? &answer.result.raw() : nullptr;
-  // The callee may let go of everything that leads here, this object included.
-  if (const Pointer<IDispatchEx> engine_object = engine_object_)
+  if (engine_object_)
     answer.code =
-        engine_object->InvokeEx(id, language_neutral, flags, &parameters, result, &answer.failure, nullptr);
+        engine_object_->InvokeEx(id, language_neutral, flags, &parameters, result, &description, nullptr);
   else
-    answer.code = Pointer<IDispatch>(target_)->Invoke(id, IID_NULL, language_neutral, flags, &parameters,
-                                                      result, &answer.failure, &answer.argument_at_fault);
+    answer.code = target_->Invoke(id, IID_NULL, language_neutral, flags, &parameters, result, &description,
+                                  &answer.argument_at_fault);
+  if (answer.code == DISP_E_EXCEPTION)
+    answer.failure = error_of(description);
+  else if (FAILED(answer.code))
+    answer.failure = error_of(answer.code);
+  free_texts(description);
   return answer;
 }
 
@@ -77,19 +101,18 @@ bool ComProxy::may_be_variable(const Answer& answer, Access access, Arguments ar
 
 Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
   const Object alive(this);
-  OutgoingArguments outgoing(arguments, access);
+  OutgoingArguments outgoing(arguments, access, reference_form(arguments));
   Answer answer = ask(id, flags_of(access), outgoing.parameters());
   if (may_be_variable(answer, access, arguments)) {
     Answer again = ask(id, DISPATCH_PROPERTYGET, outgoing.parameters());
-    if (SUCCEEDED(again.code) && V_VT(&again.result.raw()) != VT_DISPATCH) answer = std::move(again);
+    if (!again.failure && V_VT(&again.result.raw()) != VT_DISPATCH) answer = std::move(again);
   }
-  if (FAILED(answer.code)) {
-    Error error = answer.code == DISP_E_EXCEPTION ? error_of(answer.failure) : error_of(answer.code);
+  if (answer.failure) {
     if (answer.argument_at_fault < arguments.size())
-      error.blame_argument(static_cast<int>(arguments.size() - answer.argument_at_fault));
+      answer.failure->blame_argument(static_cast<int>(arguments.size() - answer.argument_at_fault));
     // A variable that the callee has set before it failed is set.
     outgoing.take_back();
-    throw error;
+    throw *answer.failure;
   }
   outgoing.take_back();
   return value_of(answer.result.raw(), Role::caller);

@@ -2,10 +2,12 @@
 
 #include <dispex.h>
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "automation/com/outgoing_arguments.h"
 #include "automation/com/pointer.h"
 #include "automation/value.h"
 
@@ -30,12 +32,14 @@ class ComProxy : public Dispatch {
   struct Answer;
 
   HRESULT look_up(std::string_view name, DISPID& id);
+  ReferenceForm reference_form(Arguments arguments);
   Answer ask(MemberId id, WORD flags, DISPPARAMS& parameters);
   bool may_be_variable(const Answer& answer, Access access, Arguments arguments) const;
 
   Pointer<IDispatch> target_;
   Pointer<IDispatchEx> engine_object_;  // in place of an IDispatch that is there in name only
   std::vector<std::pair<std::string, MemberId>> known_names_;
+  std::optional<ReferenceForm> reference_form_;  // as soon as somebody wanted to know
 };
 
 }  // namespace tallyra::automation::com

@@ -27,11 +27,15 @@ Error error_of(EXCEPINFO& description) {
     number = number_from_hresult(DISP_E_EXCEPTION);
   const bool described = description.bstrDescription != nullptr;
   std::string text = text_of(description.bstrDescription);
+  free_texts(description);
+  return described ? Error(number, std::move(text)) : Error(number);
+}
+
+void free_texts(EXCEPINFO& description) noexcept {
   SysFreeString(description.bstrSource);
   SysFreeString(description.bstrDescription);
   SysFreeString(description.bstrHelpFile);
   description = {};
-  return described ? Error(number, std::move(text)) : Error(number);
 }
 
 void describe(EXCEPINFO& out, const Error& error, const std::string& source) {

@@ -15,6 +15,7 @@ void throw_if_failed(HRESULT code);
 
 // The error that a callee has described. Frees the texts of the description.
 Error error_of(EXCEPINFO& description);
+void free_texts(EXCEPINFO& description) noexcept;
 
 // Describes an error to a caller; the texts belong to the caller then.
 void describe(EXCEPINFO& out, const Error& error, const std::string& source);

@@ -8,11 +8,16 @@
 
 namespace tallyra::automation::com {
 
-// The arguments of a call on their way out, in the order of the wire: the last one first. Arguments by
-// reference go as references to variants. Used by one call and gone with it.
+// What an argument by reference refers to on the wire. A compiled client passes its typed variables, which a
+// callee whose Invoke goes by a type library insists on; a callee without one, such as a class written in a
+// script language, gives new contents to variants alone.
+enum class ReferenceForm { typed, variant };
+
+// The arguments of a call on their way out, in the order of the wire: the last one first. Used by one call
+// and gone with it.
 class OutgoingArguments {
  public:
-  OutgoingArguments(Arguments arguments, Access access);
+  OutgoingArguments(Arguments arguments, Access access, ReferenceForm form);
   OutgoingArguments(const OutgoingArguments&) = delete;
   OutgoingArguments& operator=(const OutgoingArguments&) = delete;
 

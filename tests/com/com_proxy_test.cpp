@@ -8,6 +8,7 @@
 #include "automation/com/com_object.h"
 #include "automation/com/text.h"
 #include "automation/error.h"
+#include "tests/com/heap_blocks.h"
 #include "tests/com/wire_call.h"
 
 namespace tallyra::tests::com {
@@ -37,6 +38,7 @@ class ForeignObject : public IDispatch {
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* ids) override {
     ++lookups;
     lookup_locale = locale;
+    if (during_lookup) during_lookup();
     if (std::wstring_view(names[0]) != L"Member") return DISP_E_UNKNOWNNAME;
     *ids = 42;
     return S_OK;
@@ -54,6 +56,7 @@ class ForeignObject : public IDispatch {
   ULONG references = 1;
   int lookups = 0;
   LCID lookup_locale = 99;
+  std::function<void()> during_lookup;
   DISPID id = 0;
   WORD flags = 0;
   std::vector<VARTYPE> types;
@@ -197,6 +200,29 @@ TEST_F(ForeignProxy, FailuresAreReadAsAClassicClientReadsThem) {
     EXPECT_EQ(error.number(), each.number);
     EXPECT_EQ(error.description(), each.description);
   }
+}
+
+TEST_F(ForeignProxy, TextsThatCameWithAnyFailureAreFreed) {
+  for (const HRESULT code : {DISP_E_EXCEPTION, DISP_E_TYPEMISMATCH, E_FAIL}) {
+    SCOPED_TRACE(code);
+    foreign_.answer = [code](DISPPARAMS&, VARIANT*, EXCEPINFO* failure, UINT*) {
+      for (BSTR* text : {&failure->bstrSource, &failure->bstrDescription, &failure->bstrHelpFile})
+        *text = SysAllocString(L"a text that is long enough for a block of its own");
+      return code;
+    };
+    const auto fail = [this] { failure_of([this] { object_.get("Member"); }); };
+    for (int i = 0; i < 100; ++i) fail();
+    const long before = blocks_in_use();
+    for (int i = 0; i < 1000; ++i) fail();
+    EXPECT_LT(blocks_in_use() - before, 100);
+  }
+}
+
+TEST_F(ForeignProxy, ALookUpThatLosesTheLastReferenceReachesItsEnd) {
+  foreign_.during_lookup = [this] { object_ = {}; };
+  auto* const proxy = object_.dispatch();
+  EXPECT_EQ(proxy->resolve("Member"), 42);
+  EXPECT_FALSE(object_);
 }
 
 HRESULT WINAPI describe_later(EXCEPINFO* failure) {
