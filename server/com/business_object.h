@@ -33,7 +33,11 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
   STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() override {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) {
+      // What goes with the object may take references of its own and let them go.
+      references_ = 1;
+      delete this;
+    }
     return left;
   }
 

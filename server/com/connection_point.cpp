@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/error.h"
 #include "server/com/snapshot_enumerator.h"
@@ -17,6 +18,12 @@ HRESULT current_code() {
 }
 
 }  // namespace
+
+ConnectionPoint::~ConnectionPoint() {
+  ending_ = true;
+  // Letting the sinks go may run code that comes back here.
+  const std::vector<Connection> ended = std::move(connections_);
+}
 
 HRESULT ConnectionPoint::QueryInterface(REFIID id, void** out) {
   if (!out) return E_POINTER;
@@ -44,6 +51,7 @@ HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer**
 HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (!sink || !cookie) return E_POINTER;
   *cookie = 0;
+  if (ending_) return CONNECT_E_CANNOTCONNECT;
   // Clients of late-bound events answer to IDispatch alone.
   Pointer<IUnknown> events;
   if (FAILED(sink->QueryInterface(events_, events.out_void())) &&

@@ -16,7 +16,7 @@ class ConnectionPoint final : public IConnectionPoint {
   ConnectionPoint(IConnectionPointContainer& owner, REFIID events) : owner_(owner), events_(events) {}
   ConnectionPoint(const ConnectionPoint&) = delete;
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
-  ~ConnectionPoint() = default;
+  ~ConnectionPoint();
 
   STDMETHODIMP QueryInterface(REFIID id, void** out) override;
   STDMETHODIMP_(ULONG) AddRef() override { return owner_.AddRef(); }
@@ -40,6 +40,7 @@ class ConnectionPoint final : public IConnectionPoint {
   IID events_;
   std::vector<Connection> connections_;
   DWORD last_cookie_ = 0;
+  bool ending_ = false;
 };
 
 // The container of an object that has one connection point.

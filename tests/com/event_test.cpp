@@ -71,6 +71,53 @@ TEST_F(Events, ConnectionsEndWithTheObject) {
   EXPECT_EQ(sink.references, 1U);
 }
 
+// Uses the object that lets it go, as if that were a call like any other.
+class LingeringSink : public Sink {
+ public:
+  LingeringSink(IConnectionPointContainer& object, IConnectionPoint& point)
+      : Sink(IID_IDispatch), object_(object), point_(point) {}
+
+  STDMETHODIMP_(ULONG) Release() override {
+    if (references == 2 && !let_go) {
+      let_go = true;
+      // References of its own, taken and let go.
+      found_object = static_cast<bool>(query<_CStockClose>(&object_));
+      const Pointer<IConnectionPoint> held(&point_);
+      unadvise_code = point_.Unadvise(cookie);
+      DWORD again = 0;
+      advise_code = point_.Advise(this, &again);
+    }
+    return Sink::Release();
+  }
+
+  DWORD cookie = 0;
+  bool let_go = false;
+  bool found_object = false;
+  HRESULT unadvise_code = S_OK;
+  HRESULT advise_code = S_OK;
+
+ private:
+  IConnectionPointContainer& object_;
+  IConnectionPoint& point_;
+};
+
+TEST_F(Events, ASinkMayUseTheObjectThatLetsItGo) {
+  LingeringSink first(*container_.get(), *point().get());
+  LingeringSink second(*container_.get(), *point().get());
+  for (LingeringSink* sink : {&first, &second}) ASSERT_EQ(point()->Advise(sink, &sink->cookie), S_OK);
+  const long uses = automation::com::module_uses();
+  container_ = {};
+  close_ = {};
+  EXPECT_EQ(automation::com::module_uses(), uses - 1) << "the object is gone, and went once";
+  for (const LingeringSink* sink : {&first, &second}) {
+    EXPECT_TRUE(sink->let_go);
+    EXPECT_TRUE(sink->found_object);
+    EXPECT_EQ(sink->unadvise_code, CONNECT_E_NOCONNECTION);
+    EXPECT_EQ(sink->advise_code, CONNECT_E_CANNOTCONNECT);
+    EXPECT_EQ(sink->references, 1U);
+  }
+}
+
 TEST_F(Events, TheConnectionPointKeepsItsObjectAlive) {
   const auto kept = point();
   container_ = {};
