@@ -11,6 +11,14 @@
 
 using namespace tallyra::automation;
 
+namespace {
+
+bool is_same_word(std::wstring_view word, std::wstring_view known) {
+  return word.size() == known.size() && _wcsnicmp(word.data(), known.data(), word.size()) == 0;
+}
+
+}  // namespace
+
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID id, void** out) {
   if (!out) return E_POINTER;
   *out = nullptr;
@@ -36,13 +44,24 @@ STDAPI DllUnregisterServer() {
   return com::unregister_module(com::served_module(), com::Scope::machine);
 }
 
-// Words of the command line: "user" for the current user alone, "replace" to take a ProgID from another
-// class.
+// Words of the command line, in any case: "user" for the current user alone, "replace" to take a ProgID from
+// another class. Any other word is E_INVALIDARG.
 STDAPI DllInstall(BOOL install, PCWSTR command_line) {
-  const std::wstring_view words = command_line ? command_line : L"";
-  const auto has = [words](std::wstring_view word) { return words.find(word) != std::wstring_view::npos; };
-  const com::Scope scope = has(L"user") ? com::Scope::user : com::Scope::machine;
+  com::Scope scope = com::Scope::machine;
+  com::Conflict conflict = com::Conflict::refuse;
+  constexpr std::wstring_view blanks = L" \t";
+  std::wstring_view rest = command_line ? command_line : L"";
+  while (rest.find_first_not_of(blanks) != rest.npos) {
+    rest.remove_prefix(rest.find_first_not_of(blanks));
+    const std::wstring_view word = rest.substr(0, rest.find_first_of(blanks));
+    rest.remove_prefix(word.size());
+    if (is_same_word(word, L"user"))
+      scope = com::Scope::user;
+    else if (is_same_word(word, L"replace"))
+      conflict = com::Conflict::replace;
+    else
+      return E_INVALIDARG;
+  }
   if (!install) return com::unregister_module(com::served_module(), scope);
-  return com::register_module(com::served_module(), scope,
-                              has(L"replace") ? com::Conflict::replace : com::Conflict::refuse);
+  return com::register_module(com::served_module(), scope, conflict);
 }

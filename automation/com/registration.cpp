@@ -2,6 +2,11 @@
 
 #include <oleauto.h>
 
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include "automation/com/failure.h"
 #include "automation/com/module.h"
 #include "automation/com/registry_key.h"
@@ -44,10 +49,38 @@ void write_class(const ClassesBranch& branch, const ServedClass& served, const S
   branch.set(versioned(served) + L"\\CLSID", nullptr, guid_text(served.class_id));
 }
 
+std::array<std::wstring, 2> prog_ids(const ServedClass& served) {
+  return {served.prog_id, versioned(served)};
+}
+
 // Whether a ProgID belongs to some other class.
 bool is_foreign(const ClassesBranch& branch, const std::wstring& prog_id, const ServedClass& served) {
   const std::wstring owner = branch.text(prog_id + L"\\CLSID");
   return !owner.empty() && _wcsicmp(owner.c_str(), guid_text(served.class_id).c_str()) != 0;
+}
+
+// Programs find a ProgID in both branches, the user's first.
+bool is_foreign_anywhere(const std::wstring& prog_id, const ServedClass& served) {
+  return is_foreign(branch_of(Scope::machine), prog_id, served) ||
+         is_foreign(branch_of(Scope::user), prog_id, served);
+}
+
+bool takes_from_others(const ServedModule& module) {
+  for (const auto& served : module.classes)
+    for (const auto& prog_id : prog_ids(served))
+      if (is_foreign_anywhere(prog_id, served)) return true;
+  return false;
+}
+
+// Where a class keeps what a ProgID was before it took the ProgID from another class.
+std::wstring replaced_key(const ServedClass& served, const std::wstring& prog_id) {
+  return class_key(served) + L"\\Replaced\\" + prog_id;
+}
+
+void keep_replaced(const ClassesBranch& branch, const ServedClass& served) {
+  for (const auto& prog_id : prog_ids(served))
+    if (is_foreign(branch, prog_id, served))
+      branch.restore(replaced_key(served, prog_id), branch.copy(prog_id));
 }
 
 Pointer<ITypeLib> type_library_in(const std::wstring& path) {
@@ -56,25 +89,53 @@ Pointer<ITypeLib> type_library_in(const std::wstring& path) {
   return library;
 }
 
+// The state of all keys that a registration may write to.
+class StateBefore {
+ public:
+  StateBefore(const ClassesBranch& branch, const ServedModule& module, ITypeLib* library) : branch_(branch) {
+    for (const auto& served : module.classes) {
+      keep(class_key(served));
+      for (const auto& prog_id : prog_ids(served)) keep(prog_id);
+    }
+    if (library)
+      for (const auto& key : type_library_keys(*library)) keep(key);
+  }
+
+  // Goes on after a failure.
+  void restore() const noexcept {
+    for (const auto& [key, tree] : keys_) try {
+        branch_.restore(key, tree);
+      } catch (...) {
+        // The error that has led here is the one to tell.
+      }
+  }
+
+ private:
+  void keep(const std::wstring& key) { keys_.emplace_back(key, branch_.copy(key)); }
+
+  const ClassesBranch& branch_;
+  std::vector<std::pair<std::wstring, std::optional<RegistryTree>>> keys_;
+};
+
 }  // namespace
 
 HRESULT register_module(const ServedModule& module, Scope scope, Conflict conflict) {
   const ClassesBranch branch = branch_of(scope);
+  std::optional<StateBefore> before;
   try {
-    for (const auto& served : module.classes)
-      if (conflict == Conflict::refuse &&
-          (is_foreign(branch, served.prog_id, served) || is_foreign(branch, versioned(served), served)))
-        return HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS);
-  } catch (...) {
-    return hresult_from_number(current_error().number());
-  }
-  try {
+    if (conflict == Conflict::refuse && takes_from_others(module))
+      return HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS);
     const std::wstring path = module_path();
-    for (const auto& served : module.classes) write_class(branch, served, module, path);
-    if (module.type_library) write_type_library(branch, *type_library_in(path).get(), path);
+    const auto library = module.type_library ? type_library_in(path) : Pointer<ITypeLib>();
+    before.emplace(branch, module, library.get());
+    for (const auto& served : module.classes) {
+      keep_replaced(branch, served);
+      write_class(branch, served, module, path);
+    }
+    if (library) write_type_library(branch, *library.get(), path);
   } catch (...) {
     const HRESULT code = hresult_from_number(current_error().number());
-    unregister_module(module, scope);
+    if (before) before->restore();
     return code;
   }
   return S_OK;
@@ -83,19 +144,30 @@ HRESULT register_module(const ServedModule& module, Scope scope, Conflict confli
 HRESULT unregister_module(const ServedModule& module, Scope scope) {
   const ClassesBranch branch = branch_of(scope);
   HRESULT first_failure = S_OK;
-  const auto note = [&first_failure](HRESULT code) {
+  const auto attempt = [&first_failure](const auto& step) {
+    HRESULT code = S_OK;
+    try {
+      code = step();
+    } catch (...) {
+      code = hresult_from_number(current_error().number());
+    }
     if (FAILED(code) && SUCCEEDED(first_failure)) first_failure = code;
   };
-  try {
-    for (const auto& served : module.classes) {
-      note(branch.remove(class_key(served)));
-      for (const auto& prog_id : {served.prog_id, versioned(served)})
-        if (!is_foreign(branch, prog_id, served)) note(branch.remove(prog_id));
-    }
-    if (module.type_library) note(remove_type_library(branch, *type_library_in(module_path()).get()));
-  } catch (...) {
-    note(hresult_from_number(current_error().number()));
+  for (const auto& served : module.classes) {
+    for (const auto& prog_id : prog_ids(served))
+      attempt([&] {
+        if (!is_foreign(branch, prog_id, served))
+          branch.restore(prog_id, branch.copy(replaced_key(served, prog_id)));
+        return S_OK;
+      });
+    attempt([&] { return branch.remove(class_key(served)); });
   }
+  if (module.type_library)
+    attempt([&] {
+      for (const auto& key : type_library_keys(*type_library_in(module_path()).get()))
+        attempt([&] { return branch.remove(key); });
+      return S_OK;
+    });
   return first_failure;
 }
 

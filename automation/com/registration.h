@@ -8,15 +8,16 @@ namespace tallyra::automation::com {
 // For every user of the machine, or for the current one.
 enum class Scope { machine, user };
 
-// What happens to a ProgID that some other class has already.
+// What happens to a ProgID that some other class has already, for the machine or for the current user. One
+// that is replaced goes back to its former class when the module is unregistered.
 enum class Conflict { refuse, replace };
 
-// All or nothing: when anything fails, whatever has been written is taken away again and the code says why
-// (0x80070005 without the rights, 0x800700B7 for a ProgID of another class).
+// All or nothing: when anything fails, everything is again as it was before and the code says why (0x80070005
+// without the rights, 0x800700B7 for a ProgID of another class).
 HRESULT register_module(const ServedModule& module, Scope scope, Conflict conflict);
 
-// Takes everything away that register_module has written; what is not there is no error. Goes on after a
-// failure and returns the first.
+// Takes everything away that register_module has written, and gives back what it has replaced; what is not
+// there is no error. Goes on after a failure and returns the first.
 HRESULT unregister_module(const ServedModule& module, Scope scope);
 
 }  // namespace tallyra::automation::com

@@ -34,6 +34,23 @@ HRESULT ClassesBranch::remove(const std::wstring& key) const {
   return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
 }
 
+std::optional<RegistryTree> ClassesBranch::copy(const std::wstring& key) const {
+  HKEY opened = nullptr;
+  const LSTATUS status = RegOpenKeyExW(root_, path(key).c_str(), 0, KEY_READ, &opened);
+  if (status == ERROR_FILE_NOT_FOUND) return std::nullopt;
+  throw_if_failed(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
+  return read_tree(OpenKey(opened));
+}
+
+void ClassesBranch::restore(const std::wstring& key, const std::optional<RegistryTree>& copy) const {
+  if (!copy) return throw_if_failed(remove(key));
+  HKEY opened = nullptr;
+  throw_if_failed(HRESULT_FROM_WIN32(
+      static_cast<DWORD>(RegCreateKeyExW(root_, path(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                         KEY_READ | KEY_WRITE, nullptr, &opened, nullptr))));
+  write_tree(OpenKey(opened), *copy);
+}
+
 void ClassesBranch::remove_if_empty(const std::wstring& key) const {
   HKEY opened = nullptr;
   if (RegOpenKeyExW(root_, path(key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;

@@ -2,7 +2,10 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
+
+#include "automation/com/registry_tree.h"
 
 namespace tallyra::automation::com {
 
@@ -19,6 +22,11 @@ class ClassesBranch {
   // Removes the key with everything below it, and the key above it when that is empty then; one that is not
   // there is no error.
   HRESULT remove(const std::wstring& key) const;
+
+  // The key with everything below it; nothing when it is not there. Throws Error.
+  std::optional<RegistryTree> copy(const std::wstring& key) const;
+  // Makes the key what it was when it was copied. Throws Error.
+  void restore(const std::wstring& key, const std::optional<RegistryTree>& copy) const;
 
  private:
   static std::wstring path(const std::wstring& key) { return L"Software\\Classes\\" + key; }

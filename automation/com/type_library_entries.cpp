@@ -86,13 +86,10 @@ void write_type_library(const ClassesBranch& branch, ITypeLib& library, const st
   }
 }
 
-HRESULT remove_type_library(const ClassesBranch& branch, ITypeLib& library) {
-  HRESULT first_failure = branch.remove(L"TypeLib\\" + id_of(library).guid);
-  for (const auto& each : interfaces_of(library)) {
-    const HRESULT code = branch.remove(each.key);
-    if (FAILED(code) && SUCCEEDED(first_failure)) first_failure = code;
-  }
-  return first_failure;
+std::vector<std::wstring> type_library_keys(ITypeLib& library) {
+  std::vector<std::wstring> keys{L"TypeLib\\" + id_of(library).guid};
+  for (const auto& each : interfaces_of(library)) keys.push_back(each.key);
+  return keys;
 }
 
 }  // namespace tallyra::automation::com

@@ -2,6 +2,9 @@
 
 #include <oaidl.h>
 
+#include <string>
+#include <vector>
+
 #include "automation/com/registry_key.h"
 
 // The entries of a type library and its interfaces in the registry. The system's own functions for that write
@@ -12,7 +15,8 @@ namespace tallyra::automation::com {
 // that. Throws Error.
 void write_type_library(const ClassesBranch& branch, ITypeLib& library, const std::wstring& path);
 
-// Goes on after a failure and returns the first.
-HRESULT remove_type_library(const ClassesBranch& branch, ITypeLib& library);
+// The keys that write_type_library writes to, each of which with everything below it is the library's own.
+// Throws Error.
+std::vector<std::wstring> type_library_keys(ITypeLib& library);
 
 }  // namespace tallyra::automation::com

@@ -178,12 +178,54 @@ TEST_F(Registration, ForTheUserLeavesTheMachineAlone) {
   EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
 }
 
-TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
-  const std::wstring path = std::wstring(classes_path) + L"\\Tallyra.CStockClose\\CLSID";
-  const std::wstring owner = L"{11111111-2222-3333-4444-555555555555}";
-  ASSERT_EQ(RegSetKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), nullptr, REG_SZ, owner.c_str(),
-                            static_cast<DWORD>((owner.size() + 1) * sizeof(wchar_t))),
+void set_text(HKEY root, const std::wstring& path, const std::wstring& text) {
+  const std::wstring whole = std::wstring(classes_path) + L"\\" + path;
+  EXPECT_EQ(RegSetKeyValueW(root, whole.c_str(), nullptr, REG_SZ, text.c_str(),
+                            static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))),
             ERROR_SUCCESS);
+}
+
+// Another class of somebody's that has a ProgID, for as long as it lives.
+class ForeignOwner {
+ public:
+  ForeignOwner(HKEY root, std::wstring prog_id) : root_(root), prog_id_(std::move(prog_id)) {
+    set_text(root_, prog_id_, L"Somebody's own");
+    set_text(root_, prog_id_ + L"\\CLSID", L"{11111111-2222-3333-4444-555555555555}");
+    set_text(root_, prog_id_ + L"\\CurVer", prog_id_ + L".6");
+    set_text(root_, prog_id_ + L"\\DefaultIcon", L"own.dll,1");
+  }
+  ~ForeignOwner() { RegDeleteTreeW(root_, (std::wstring(classes_path) + L"\\" + prog_id_).c_str()); }
+  ForeignOwner(const ForeignOwner&) = delete;
+  ForeignOwner& operator=(const ForeignOwner&) = delete;
+
+ private:
+  HKEY root_;
+  std::wstring prog_id_;
+};
+
+// A key in the way of a class registered late: nothing lasting can be made below a key that does not last.
+class Obstacle {
+ public:
+  explicit Obstacle(HKEY root = HKEY_LOCAL_MACHINE, const std::wstring& name = L"Tallyra.CSTKController")
+      : root_(root), path_(std::wstring(classes_path) + L"\\" + name) {
+    RegDeleteTreeW(root_, path_.c_str());
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr,
+                              &key, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(key);
+  }
+  ~Obstacle() { RegDeleteTreeW(root_, path_.c_str()); }
+  Obstacle(const Obstacle&) = delete;
+  Obstacle& operator=(const Obstacle&) = delete;
+
+ private:
+  HKEY root_;
+  std::wstring path_;
+};
+
+TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
+  const ForeignOwner owner(HKEY_LOCAL_MACHINE, L"Tallyra.CStockClose");
   const auto before = registered(HKEY_LOCAL_MACHINE);
   EXPECT_EQ(dll_.register_server(), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
   EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
@@ -191,13 +233,62 @@ TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
   EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before) << "nor is it taken away";
   EXPECT_EQ(dll_.install(true, L"replace"), S_OK);
   EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, L"Tallyra.CStockClose\\CLSID"), guid_text(CLSID_CStockClose));
+  EXPECT_EQ(dll_.register_server(), S_OK) << "again, over itself";
   EXPECT_EQ(dll_.unregister_server(), S_OK);
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before) << "what was replaced is given back";
+}
+
+TEST_F(Registration, TheWordsOfTheCommandLineAreWholeAndKnown) {
+  EXPECT_EQ(dll_.install(true, L"\tUSER  Replace "), S_OK);
+  EXPECT_NE(text_at(HKEY_CURRENT_USER, L"Tallyra.CStockClose\\CLSID"), L"(none)");
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+  EXPECT_EQ(dll_.install(false, L"User"), S_OK);
+  for (const wchar_t* words : {L"users", L"user replaced", L"/user", L"user,replace"}) {
+    EXPECT_EQ(dll_.install(true, words), E_INVALIDARG);
+    EXPECT_EQ(dll_.install(false, words), E_INVALIDARG);
+  }
+  EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
   EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
 }
 
+TEST_F(Registration, AClassOfTheOtherBranchKeepsItsNameToo) {
+  for (const auto& [foreign, words] : {std::pair(HKEY_LOCAL_MACHINE, L"user"), {HKEY_CURRENT_USER, L""}}) {
+    const ForeignOwner owner(foreign, L"Tallyra.CStockClose.1");
+    const auto machine = registered(HKEY_LOCAL_MACHINE);
+    const auto user = registered(HKEY_CURRENT_USER);
+    EXPECT_EQ(dll_.install(true, words), HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS));
+    EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine);
+    EXPECT_EQ(registered(HKEY_CURRENT_USER), user);
+    EXPECT_EQ(dll_.install(true, (std::wstring(words) + L" replace").c_str()), S_OK);
+    EXPECT_EQ(dll_.install(false, words), S_OK);
+    EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine);
+    EXPECT_EQ(registered(HKEY_CURRENT_USER), user);
+  }
+}
+
+TEST_F(Registration, AFailureGivesBackWhatItHasReplaced) {
+  const ForeignOwner owner(HKEY_LOCAL_MACHINE, L"Tallyra.CTranHead");
+  const Obstacle obstacle;
+  const auto before = registered(HKEY_LOCAL_MACHINE);
+  EXPECT_EQ(dll_.install(true, L"replace"), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
+}
+
+TEST_F(Registration, AFailureLeavesAnEarlierRegistrationAsItWas) {
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  set_text(HKEY_LOCAL_MACHINE, L"Tallyra.CTranHead", L"An earlier description");
+  {
+    const Obstacle obstacle;
+    const auto before = registered(HKEY_LOCAL_MACHINE);
+    EXPECT_EQ(dll_.register_server(), HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
+    EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
+    EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, L"Tallyra.CTranHead"), L"An earlier description");
+  }
+  EXPECT_EQ(dll_.unregister_server(), S_OK);
+}
+
 TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
-  // Nothing lasting can be made below a key that does not last: such a key refuses a class, the library, an
-  // interface.
+  // An obstacle refuses a class, the library, an interface.
   const std::wstring obstacles[] = {
       L"Tallyra.CSTKController",
       L"CLSID\\" + guid_text(CLSID_CTranHead),
@@ -207,15 +298,13 @@ TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
   for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER})
     for (const auto& name : obstacles) {
       SCOPED_TRACE(testing::PrintToString(name));
-      HKEY obstacle = nullptr;
-      ASSERT_EQ(RegCreateKeyExW(root, (std::wstring(classes_path) + L"\\" + name).c_str(), 0, nullptr,
-                                REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &obstacle, nullptr),
-                ERROR_SUCCESS);
-      RegCloseKey(obstacle);
+      const Obstacle obstacle(root, name);
+      const auto machine = registered(HKEY_LOCAL_MACHINE);
+      const auto user = registered(HKEY_CURRENT_USER);
       const HRESULT code = root == HKEY_LOCAL_MACHINE ? dll_.register_server() : dll_.install(true, L"user");
       EXPECT_EQ(code, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
-      EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
-      EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
+      EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine);
+      EXPECT_EQ(registered(HKEY_CURRENT_USER), user);
     }
 }
 
