@@ -4,8 +4,9 @@
 
 namespace tallyra::automation {
 
-// Gives the caller's message loop a turn during long work. Where there is no message loop it does nothing,
-// unless a handler has been set. A handler must not throw.
+// Gives the caller's message loop a turn during long work, a bounded one: a client that posts messages as
+// fast as it handles them does not stop the work. Where there is no message loop it does nothing, unless a
+// handler has been set. A handler must not throw.
 void yield();
 
 // Replaces what yield does on this thread for as long as it lives; ends in the reverse order of others of its

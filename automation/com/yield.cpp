@@ -11,10 +11,14 @@ namespace {
 // as long as the thread lives.
 thread_local const std::function<void()>* thread_handler = nullptr;
 
-// Everything that waits in the caller's queue now. A request to quit stays for the caller's own loop.
+// More than ever wait at once for a client that answers its messages. A window that posts to itself whenever
+// it is called would hold a turn for ever; the rest waits for the next turn.
+constexpr int most_messages_of_a_turn = 100;
+
+// What waits in the caller's queue now. A request to quit stays for the caller's own loop.
 void pump_messages() {
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  for (int i = 0; i < most_messages_of_a_turn && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;

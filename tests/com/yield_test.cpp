@@ -6,10 +6,14 @@
 namespace tallyra::automation {
 namespace {
 
+constexpr UINT self_posting = WM_APP + 1;
+
 int handled = 0;
 
 LRESULT CALLBACK count_messages(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_APP) ++handled;
+  if (message == WM_APP || message == self_posting) ++handled;
+  // Not for ever, so that a turn without an end fails rather than hangs.
+  if (message == self_posting && handled < 100'000) PostMessageW(window, self_posting, 0, 0);
   return DefWindowProcW(window, message, wide, longer);
 }
 
@@ -37,6 +41,18 @@ TEST_F(MessageLoopTurn, GivesEveryWaitingMessageToItsWindow) {
   EXPECT_EQ(handled, 3);
   yield();
   EXPECT_EQ(handled, 3);
+}
+
+TEST_F(MessageLoopTurn, EndsThoughAWindowPostsToItselfWithoutEnd) {
+  PostMessageW(window_, self_posting, 0, 0);
+  yield();
+  const int first_turn = handled;
+  EXPECT_GT(first_turn, 0);
+  EXPECT_LT(first_turn, 1000);
+  yield();
+  EXPECT_GT(handled, first_turn) << "the next turn goes on";
+  handled = 100'000;
+  yield();
 }
 
 TEST_F(MessageLoopTurn, LeavesARequestToQuitToTheCallersOwnLoop) {
