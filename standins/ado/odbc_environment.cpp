@@ -14,7 +14,13 @@ OdbcHandle<SQL_HANDLE_ENV> make_environment() {
 }  // namespace
 
 SQLHENV odbc_environment() {
+#ifdef _WIN32
+  // Left to the process: a DLL's last moment is under the loader's lock, where the driver manager must not be
+  // called.
+  static const auto& environment = *new OdbcHandle<SQL_HANDLE_ENV>(make_environment());
+#else
   static const OdbcHandle<SQL_HANDLE_ENV> environment = make_environment();
+#endif
   return environment.get();
 }
 
