@@ -4,8 +4,8 @@
 
 #include "automation/com/com_object.h"
 #include "automation/com/com_proxy.h"
+#include "automation/com/failure.h"
 #include "automation/com/text.h"
-#include "automation/error.h"
 #include "automation/local/registry.h"
 
 namespace tallyra::automation {
@@ -18,10 +18,9 @@ using com::Pointer;
 Pointer<IDispatch> create_registered(std::string_view prog_id) {
   CLSID class_id;
   Pointer<IDispatch> object;
-  if (FAILED(CLSIDFromProgID(com::to_utf16(prog_id).c_str(), &class_id)) ||
-      FAILED(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
-                              object.out_void())))
-    throw Error(error_number::cannot_create);
+  com::throw_if_failed(CLSIDFromProgID(com::to_utf16(prog_id).c_str(), &class_id));
+  com::throw_if_failed(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                        IID_IDispatch, object.out_void()));
   return object;
 }
 

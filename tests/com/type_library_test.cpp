@@ -62,9 +62,9 @@ std::string type_name(ResultType result) {
 }
 
 // The description language knows but one default for a text by reference, a null pointer: an empty text.
-std::string default_text(const automation::Value& value, ParameterType type) {
+std::string declared_default(const automation::Value& value, bool is_text) {
   const std::string text = automation::to_text(value);
-  return type == ParameterType::text && text == "0" ? "" : text;
+  return is_text && text == "0" ? "" : text;
 }
 
 std::string described(const ClassMember& member) {
@@ -77,7 +77,7 @@ std::string described(const ClassMember& member) {
     line += std::string(parameter.by_reference ? "in out " : "in ") + type_name(parameter);
     // The value of a put has no name of its own.
     if (member.kind != MemberKind::property_put) line += " " + std::string(parameter.name);
-    if (parameter.optional()) line += " = '" + default_text(parameter.when_omitted, parameter.type) + "'";
+    if (parameter.optional()) line += " = '" + automation::to_text(parameter.when_omitted) + "'";
     line += "; ";
   }
   return line + ") -> " + type_name(member.result);
@@ -94,9 +94,7 @@ std::string described(const ELEMDESC& element, const std::string& name) {
     const VARIANT& value = element.paramdesc.pparamdescex->varDefaultValue;
     const bool is_text = element.tdesc.vt == VT_PTR && element.tdesc.lptdesc->vt == VT_BSTR;
     text += " = '" +
-            default_text(automation::com::value_of(value, automation::com::Role::caller),
-                         is_text ? ParameterType::text : ParameterType::int32) +
-            "'";
+            declared_default(automation::com::value_of(value, automation::com::Role::caller), is_text) + "'";
   }
   return text;
 }
