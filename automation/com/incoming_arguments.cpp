@@ -23,12 +23,14 @@ std::span<const DISPID> named_parameters(const DISPPARAMS& parameters) {
 }  // namespace
 
 IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, std::optional<std::size_t> parameter_count)
-    : wire_count_(parameters.cArgs), wire_(parameters.rgvarg) {
-  if (wire_count_ > 0 && !wire_) throw error_of(E_INVALIDARG);
-  place_sources(parameters, parameter_count);
-}
+    : parameters_(parameters),
+      parameter_count_(parameter_count),
+      wire_count_(parameters.cArgs),
+      wire_(parameters.rgvarg) {}
 
 Arguments IncomingArguments::read() {
+  if (wire_count_ > 0 && !wire_) throw error_of(E_INVALIDARG);
+  place_sources();
   // References to the values are taken below, so their places must not move.
   values_.reserve(sources_.size());
   before_.resize(sources_.size());
@@ -51,32 +53,37 @@ Arguments IncomingArguments::read() {
   return arguments_;
 }
 
-void IncomingArguments::place_sources(const DISPPARAMS& parameters,
-                                      std::optional<std::size_t> parameter_count) {
-  if (parameter_count && wire_count_ > *parameter_count) throw error_of(DISP_E_BADPARAMCOUNT);
-  const auto names = named_parameters(parameters);
-  if (!names.empty() && !parameter_count) throw error_of(DISP_E_NONAMEDARGS);
+void IncomingArguments::place_sources() {
+  if (parameter_count_ && wire_count_ > *parameter_count_) throw error_of(DISP_E_BADPARAMCOUNT);
+  const auto names = named_parameters(parameters_);
+  if (!names.empty() && !parameter_count_) throw error_of(DISP_E_NONAMEDARGS);
   const std::size_t positional = wire_count_ - names.size();
-  sources_.resize(names.empty() ? positional : *parameter_count);
+  sources_.resize(names.empty() ? positional : *parameter_count_);
   for (std::size_t i = 0; i < positional; ++i) sources_[i] = &wire_[wire_count_ - 1 - i];
   for (std::size_t i = 0; i < names.size(); ++i) {
     const auto parameter = static_cast<std::size_t>(names[i]);
-    if (names[i] < 0 || parameter >= sources_.size()) throw error_of(DISP_E_PARAMNOTFOUND);
+    if (names[i] < 0 || parameter >= sources_.size()) {
+      unknown_name_ = static_cast<UINT>(i);
+      throw error_of(DISP_E_PARAMNOTFOUND);
+    }
     if (sources_[parameter]) throw error_of(E_INVALIDARG);
     sources_[parameter] = &wire_[i];
   }
 }
 
 void IncomingArguments::write_back() {
+  std::optional<Error> first_failure;
   for (std::size_t i = 0; i < sources_.size(); ++i) {
     if (!arguments_[i].is_reference() || before_[i].is_missing() || values_[i] == before_[i]) continue;
     try {
       store(*sources_[i], values_[i]);
-    } catch (Error& error) {
-      error.blame_argument(static_cast<int>(i) + 1);
-      throw;
+    } catch (...) {
+      if (first_failure) continue;
+      first_failure = current_error();
+      first_failure->blame_argument(static_cast<int>(i) + 1);
     }
   }
+  if (first_failure) throw *first_failure;
 }
 
 std::optional<UINT> IncomingArguments::wire_index(std::size_t parameter) const {

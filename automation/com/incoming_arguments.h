@@ -16,27 +16,34 @@ namespace tallyra::automation::com {
 class IncomingArguments {
  public:
   // `parameter_count` bounds the ids of named arguments and the number of all; without it only positions
-  // count. Throws Error 450 for too many arguments, 448 for a name that no parameter has and 5 for a list
-  // that contradicts itself.
+  // count.
   IncomingArguments(const DISPPARAMS& parameters, std::optional<std::size_t> parameter_count);
   IncomingArguments(const IncomingArguments&) = delete;
   IncomingArguments& operator=(const IncomingArguments&) = delete;
 
-  // Reads the values; to be called once. Throws Error for one that cannot be read, blaming its argument.
+  // Reads the values; to be called once. Throws Error 450 for too many arguments, 448 for a name that no
+  // parameter has, 5 for a list that contradicts itself, and for a value that cannot be read, blaming its
+  // argument.
   Arguments read();
 
   // Gives each replaced argument to the variable that the caller has referred to. Left-out arguments stay as
-  // they are: a caller may use one variable of that kind for all of them.
+  // they are: a caller may use one variable of that kind for all of them. Goes on after one that does not fit
+  // and throws Error for the first such at the end, blaming it.
   void write_back();
 
   // Where the argument of a parameter (from 0) stands in the caller's list; nothing for one that is absent.
   std::optional<UINT> wire_index(std::size_t parameter) const;
+  // Where the argument stands whose name no parameter has; nothing unless read() has found one.
+  std::optional<UINT> unknown_name() const { return unknown_name_; }
 
  private:
-  void place_sources(const DISPPARAMS& parameters, std::optional<std::size_t> parameter_count);
+  void place_sources();
 
-  UINT wire_count_ = 0;
-  VARIANTARG* wire_ = nullptr;
+  const DISPPARAMS& parameters_;
+  std::optional<std::size_t> parameter_count_;
+  UINT wire_count_;
+  VARIANTARG* wire_;
+  std::optional<UINT> unknown_name_;
   std::vector<VARIANTARG*> sources_;  // by parameter; none for one left out
   std::vector<Value> values_;
   std::vector<Value> before_;

@@ -14,6 +14,8 @@
 namespace tallyra::automation::com {
 namespace {
 
+constexpr LCID language_neutral = LOCALE_NEUTRAL;
+
 Currency currency_of(const Value& value) {
   if (const auto* same = value.get_if<Currency>()) return *same;
   const double scaled = std::nearbyint(to_double(value) * 10000.0);
@@ -35,6 +37,25 @@ std::uint8_t byte_of(const Value& value) {
   const std::int32_t number = to_int32(value);
   if (number < 0 || number > std::numeric_limits<std::uint8_t>::max()) throw Error(error_number::overflow);
   return static_cast<std::uint8_t>(number);
+}
+
+// A number that keeps every digit the value has.
+Variant exact_number(const Value& value) {
+  if (value.holds<std::int64_t>() || value.holds<Decimal>() || value.holds<Currency>())
+    return Variant(value, Role::callee);
+  if (const auto* opaque = value.get_if<Opaque>(); opaque && (*opaque)->number())
+    return exact_number(*(*opaque)->number());
+  if (const auto* text = value.get_if<std::string>())
+    if (const auto decimal = Decimal::parse(*text)) return Variant(*decimal, Role::callee);
+  return Variant(to_double(value), Role::callee);
+}
+
+// The kinds of whole numbers that a Value has not, and the wide one, which is more than a double can tell.
+void store_rare_integer(const VARIANTARG& target, const Value& value, std::size_t size) {
+  const auto type = static_cast<VARTYPE>(V_VT(&target) & ~VT_BYREF);
+  Variant number = exact_number(value);
+  throw_if_failed(VariantChangeTypeEx(&number.raw(), &number.raw(), language_neutral, 0, type));
+  std::memcpy(V_BYREF(&target), &V_NONE(&number.raw()), size);
 }
 
 template <class T>
@@ -65,6 +86,12 @@ void store_typed(const VARIANTARG& target, const Value& value) {
     case VT_I4:
     case VT_INT: write(target, to_int32(value)); break;
     case VT_UI1: write(target, byte_of(value)); break;
+    case VT_I1: store_rare_integer(target, value, 1); break;
+    case VT_UI2: store_rare_integer(target, value, 2); break;
+    case VT_UI4:
+    case VT_UINT: store_rare_integer(target, value, 4); break;
+    case VT_I8:
+    case VT_UI8: store_rare_integer(target, value, 8); break;
     case VT_R4: write(target, to_single(value)); break;
     case VT_R8: write(target, to_double(value)); break;
     case VT_DATE: write(target, to_date(value).serial); break;

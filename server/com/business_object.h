@@ -99,12 +99,14 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
   // The interface of the events that the class is the source of; none by default.
   virtual GUID event_interface() const { return {}; }
 
-  // Runs a method with the arguments of its interface member, in their order.
+  // Runs a method with the arguments of its interface member, in their order. A reference to nowhere leaves
+  // an optional argument out: callers of the interface have no other way to do that.
   template <class Result, class... Arguments>
   HRESULT call(DISPID id, Result* result, Arguments... arguments) noexcept {
     if (!result) return E_POINTER;
     *result = Result();
-    if ((points_nowhere(arguments) || ...)) return E_POINTER;
+    std::size_t place = 0;
+    if ((points_nowhere_wrongly(id, place++, arguments) || ...)) return E_POINTER;
     const automation::com::Pointer<BusinessObject> alive(this);
     automation::Value value;
     const HRESULT code = run(id, automation::Access::read, value, arguments...);
@@ -130,7 +132,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     // The wire has the last argument first.
     std::array<VARIANTARG, sizeof...(Arguments) + 1> wire;
     std::size_t place = sizeof...(Arguments);
-    ((wire[--place] = wire_form(arguments)), ...);
+    ((wire[--place] = points_nowhere(arguments) ? left_out_form() : wire_form(arguments)), ...);
     DISPPARAMS parameters{wire.data(), nullptr, sizeof...(Arguments), 0};
     return dispatcher_.call(id, access, parameters, value);
   }
@@ -142,6 +144,11 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
       return argument == nullptr;
     else
       return false;
+  }
+
+  template <class T>
+  bool points_nowhere_wrongly(DISPID id, std::size_t place, const T& argument) const {
+    return points_nowhere(argument) && !dispatcher_.may_be_left_out(id, place);
   }
 
   std::atomic<ULONG> references_ = 1;

@@ -18,6 +18,7 @@ using automation::Error;
 using automation::Value;
 using automation::com::IncomingArguments;
 using automation::com::Role;
+using automation::com::throw_if_failed;
 using automation::com::Variant;
 
 const ClassTable* find_table(std::string_view class_name) {
@@ -141,16 +142,21 @@ HRESULT Dispatcher::call(DISPID id, Access access, const DISPPARAMS& parameters,
   return failed->code();
 }
 
+bool Dispatcher::may_be_left_out(DISPID id, std::size_t parameter) const noexcept {
+  const ClassMember* member = table_ ? table_->find(id, Access::read) : nullptr;
+  return member && parameter < member->parameters.size() && member->parameters[parameter].optional();
+}
+
 std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, const DISPPARAMS& parameters,
                                                    Value& result) noexcept {
-  if (!thread_use_.on_own_thread()) return Failure{automation::com::error_of(RPC_E_WRONG_THREAD)};
   std::optional<IncomingArguments> incoming;
   bool in_member = false;
   try {
+    if (!thread_use_.on_own_thread()) throw_if_failed(RPC_E_WRONG_THREAD);
     const ClassMember* member = table_ ? table_->find(id, access) : nullptr;
-    if (!member) return Failure{automation::com::error_of(missing_member(id, access))};
+    if (!member) throw_if_failed(missing_member(id, access));
     const bool reads_property = member->kind == MemberKind::property_get;
-    if (running_ && !reads_property) return Failure{automation::com::error_of(RPC_E_CALL_REJECTED)};
+    if (running_ && !reads_property) throw_if_failed(RPC_E_CALL_REJECTED);
     incoming.emplace(parameters, member->parameters.size());
     const automation::Arguments arguments = incoming->read();
     const Mark running(running_, !reads_property);
@@ -163,6 +169,8 @@ std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, con
     if (const int argument = failure.error.argument(); argument > 0) {
       failure.in_member = false;
       if (incoming) failure.argument_at_fault = incoming->wire_index(static_cast<std::size_t>(argument) - 1);
+    } else if (incoming && incoming->unknown_name()) {
+      failure.argument_at_fault = incoming->unknown_name();
     }
     return failure;
   }

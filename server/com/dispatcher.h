@@ -32,6 +32,8 @@ class Dispatcher {
   // For a member of the interface: a failure is left as the thread's error object too.
   HRESULT call(DISPID id, automation::Access access, const DISPPARAMS& parameters,
                automation::Value& result) noexcept;
+  // Whether a method has a parameter (from 0) of that place and does without it.
+  bool may_be_left_out(DISPID id, std::size_t parameter) const noexcept;
 
  private:
   struct Failure {

@@ -29,6 +29,12 @@ inline VARIANTARG wire_form(LONG number) {
 inline VARIANTARG wire_form(const VARIANT& variant) {
   return variant;
 }
+inline VARIANTARG left_out_form() {
+  VARIANTARG form;
+  V_VT(&form) = VT_ERROR;
+  V_ERROR(&form) = DISP_E_PARAMNOTFOUND;
+  return form;
+}
 inline VARIANTARG wire_form_of_reference(VARTYPE type, void* target) {
   VARIANTARG form;
   V_VT(&form) = static_cast<VARTYPE>(type | VT_BYREF);

@@ -34,7 +34,10 @@ class ForeignObject : public IDispatch {
   STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
   STDMETHODIMP_(ULONG) Release() override { return --references; }
   STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+    *info = Pointer<ITypeInfo>(description).detach();
+    return *info ? S_OK : E_NOTIMPL;
+  }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* ids) override {
     ++lookups;
     lookup_locale = locale;
@@ -57,6 +60,7 @@ class ForeignObject : public IDispatch {
   int lookups = 0;
   LCID lookup_locale = 99;
   std::function<void()> during_lookup;
+  Pointer<ITypeInfo> description;
   DISPID id = 0;
   WORD flags = 0;
   std::vector<VARTYPE> types;
@@ -128,6 +132,58 @@ TEST_F(ForeignProxy, ArgumentsByReferenceComeBackReplaced) {
   EXPECT_EQ(foreign_.types, (std::vector<VARTYPE>{VT_BYREF | VT_VARIANT, VT_BYREF | VT_VARIANT}));
   EXPECT_EQ(first, Value(7));
   EXPECT_EQ(second, Value("two"));
+}
+
+// Any description will do.
+Pointer<ITypeInfo> some_description() {
+  Pointer<ITypeLib> library;
+  Pointer<ITypeInfo> info;
+  if (FAILED(LoadTypeLib(L"stdole2.tlb", library.out())) || FAILED(library->GetTypeInfo(0, info.out())))
+    throw std::runtime_error("the system's type library cannot be loaded");
+  return info;
+}
+
+TEST_F(ForeignProxy, ACalleeThatDescribesItselfGetsReferencesToTypedVariables) {
+  foreign_.description = some_description();
+  const std::pair<Value, int> forms[] = {
+      {"text", VT_BSTR},
+      {std::uint8_t{1}, VT_UI1},
+      {std::int16_t{1}, VT_I2},
+      {std::int32_t{1}, VT_I4},
+      {1.0F, VT_R4},
+      {1.0, VT_R8},
+      {automation::Currency{1}, VT_CY},
+      {automation::Date{1}, VT_DATE},
+      {true, VT_BOOL},
+      {Object(), VT_DISPATCH},
+      {Value(), VT_VARIANT},
+      {automation::Null{}, VT_VARIANT},
+      {automation::Missing{}, VT_VARIANT},
+      {*automation::Decimal::parse("1.5"), VT_VARIANT},
+      {std::int64_t{1}, VT_VARIANT},
+  };
+  for (const auto& [value, type] : forms) {
+    SCOPED_TRACE(type);
+    Value argument = value;
+    object_.call("Member", automation::ref(argument));
+    EXPECT_EQ(foreign_.types, std::vector<VARTYPE>{static_cast<VARTYPE>(VT_BYREF | type)});
+    EXPECT_EQ(argument, value);
+  }
+  foreign_.answer = [](DISPPARAMS& parameters, VARIANT*, EXCEPINFO*, UINT*) {
+    *V_BOOLREF(&parameters.rgvarg[0]) = VARIANT_TRUE;
+    *V_DATEREF(&parameters.rgvarg[1]) += 1;
+    SysFreeString(*V_BSTRREF(&parameters.rgvarg[2]));
+    *V_BSTRREF(&parameters.rgvarg[2]) = SysAllocString(L"new");
+    return E_FAIL;
+  };
+  Value text("old");
+  Value date(automation::Date{1});
+  Value flag(false);
+  failure_of(
+      [&] { object_.call("Member", automation::ref(text), automation::ref(date), automation::ref(flag)); });
+  EXPECT_EQ(text, Value("new"));
+  EXPECT_EQ(date, Value(automation::Date{2}));
+  EXPECT_EQ(flag, Value(true));
 }
 
 TEST_F(ForeignProxy, AnObjectThatComesBackUnchangedIsTheSameObject) {

@@ -116,6 +116,11 @@ TEST(ComDispatch, NamedArgumentsReachTheirParametersBesideThoseByPosition) {
 
   WireCall unknown{.id = type_exam_id, .arguments = {text.raw()}, .names = {1}};
   EXPECT_EQ(unknown.on(detail.get()), DISP_E_PARAMNOTFOUND);
+  EXPECT_EQ(unknown.argument_at_fault, 0U);
+  WireCall second{
+      .id = reference_quantities_id, .arguments = {text.raw(), sn.raw(), text.raw()}, .names = {1, 9}};
+  EXPECT_EQ(second.on(detail.get()), DISP_E_PARAMNOTFOUND);
+  EXPECT_EQ(second.argument_at_fault, 1U) << "counted as on the wire";
   WireCall negative{.id = type_exam_id, .arguments = {text.raw()}, .names = {-7}};
   EXPECT_EQ(negative.on(detail.get()), DISP_E_PARAMNOTFOUND);
   WireCall twice{.id = reference_quantities_id, .arguments = {text.raw(), sn.raw()}, .names = {0, 0}};

@@ -88,8 +88,6 @@ TEST(InterfaceMember, NullPointersAreAnswered) {
   EXPECT_EQ(result, 0.0F);
   EXPECT_EQ(detail->Read(text.in_out(), text.in_out(), text.in_out(), nullptr, &none, &sn, &result),
             E_POINTER);
-  EXPECT_EQ(detail->Read(text.in_out(), text.in_out(), text.in_out(), &none, &none, nullptr, &result),
-            E_POINTER);
   EXPECT_EQ(detail->Read(text.in_out(), text.in_out(), text.in_out(), &none, &none, &sn, nullptr), E_POINTER);
   EXPECT_EQ(detail->POExam(text.in(), nullptr), E_POINTER);
   EXPECT_EQ(detail->get_ErrNumber(nullptr), E_POINTER);
@@ -116,6 +114,33 @@ TEST(InterfaceMember, NullPointersAreAnswered) {
   EXPECT_EQ(detail->Invoke(11, IID_IUnknown, 0, DISPATCH_METHOD, &empty, nullptr, nullptr, nullptr),
             DISP_E_UNKNOWNINTERFACE);
   EXPECT_EQ(detail->Invoke(11, IID_NULL, 0, 0, &empty, nullptr, nullptr, nullptr), E_INVALIDARG);
+}
+
+TEST(InterfaceMember, ANullPointerLeavesAnOptionalArgumentOut) {
+  const auto detail = new_detail();
+  Text text(L"x");
+  IDispatch* names = nullptr;
+  IDispatch* values = nullptr;
+  float result = 0;
+  TestDetail::last_sn = 0;
+  EXPECT_EQ(detail->Read(text.in_out(), text.in_out(), text.in_out(), &names, &values, nullptr, &result),
+            S_OK);
+  EXPECT_EQ(result, 100.0F);
+  EXPECT_EQ(TestDetail::last_sn, -1) << "what an omitted number stands for";
+  ASSERT_NE(names, nullptr);
+  names->Release();
+
+  LONG sn = 1;
+  double quantities[3] = {};
+  double verdict = 5;
+  EXPECT_EQ(
+      detail->PORefQty(text.in_out(), &sn, &quantities[0], &quantities[1], &quantities[2], nullptr, &verdict),
+      S_OK);
+  EXPECT_EQ(verdict, 0.0) << "an omitted type is an empty one";
+  EXPECT_EQ(quantities[2], -3.5);
+  EXPECT_EQ(detail->PORefQty(text.in_out(), nullptr, &quantities[0], &quantities[1], &quantities[2], nullptr,
+                             &verdict),
+            E_POINTER);
 }
 
 TEST(InterfaceMember, LeavesAnErrorObjectWhenItFails) {

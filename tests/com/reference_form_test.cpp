@@ -94,6 +94,52 @@ TEST_F(ReferenceForm, ATypedVariableTakesTheNewValueConverted) {
   EXPECT_EQ(boolean, VARIANT_TRUE);
 }
 
+TEST_F(ReferenceForm, TheRareKindsOfWholeNumbersTakeTheNewValueToo) {
+  const Value twelve("12");
+  signed char int8 = 1;
+  ASSERT_EQ(replace(reference(VT_I1, &int8), -12.0), S_OK);
+  EXPECT_EQ(int8, -12);
+  EXPECT_EQ(replace(reference(VT_I1, &int8), 128), DISP_E_EXCEPTION);
+  EXPECT_EQ(int8, -12);
+  USHORT uint16 = 1;
+  ASSERT_EQ(replace(reference(VT_UI2, &uint16), 65535), S_OK);
+  EXPECT_EQ(uint16, 65535);
+  EXPECT_EQ(replace(reference(VT_UI2, &uint16), -1), DISP_E_EXCEPTION);
+  for (const VARTYPE type : {VT_UI4, VT_UINT}) {
+    ULONG uint32 = 1;
+    ASSERT_EQ(replace(reference(type, &uint32), "4294967295"), S_OK);
+    EXPECT_EQ(uint32, 4294967295U);
+    ASSERT_EQ(replace(reference(type, &uint32), twelve), S_OK);
+    EXPECT_EQ(uint32, 12U);
+    EXPECT_EQ(replace(reference(type, &uint32), "no number"), DISP_E_EXCEPTION);
+  }
+  LONGLONG int64 = 1;
+  ASSERT_EQ(replace(reference(VT_I8, &int64), std::int64_t{-9007199254740993}), S_OK);
+  EXPECT_EQ(int64, -9007199254740993) << "more than a double holds";
+  ASSERT_EQ(replace(reference(VT_I8, &int64), "9007199254740993"), S_OK);
+  EXPECT_EQ(int64, 9007199254740993);
+  ASSERT_EQ(replace(reference(VT_I8, &int64), true), S_OK);
+  EXPECT_EQ(int64, -1);
+  ULONGLONG uint64 = 1;
+  ASSERT_EQ(replace(reference(VT_UI8, &uint64), *automation::Decimal::parse("18446744073709551615")), S_OK);
+  EXPECT_EQ(uint64, 18446744073709551615U);
+}
+
+TEST_F(ReferenceForm, WhatFitsIsWrittenThoughSomethingBeforeItDoesNot) {
+  SHORT first = 1;
+  LONG second = 2;
+  SHORT third = 3;
+  echo_->replacement = 70000;
+  WireCall call{.id = 1,
+                .arguments = {reference(VT_I2, &first), reference(VT_I4, &second), reference(VT_I2, &third)}};
+  EXPECT_EQ(call.on(object_.get()), DISP_E_EXCEPTION);
+  EXPECT_EQ(call.failure.scode, DISP_E_OVERFLOW);
+  EXPECT_EQ(call.argument_at_fault, 2U) << "the first one that does not fit";
+  EXPECT_EQ(first, 1);
+  EXPECT_EQ(second, 70000);
+  EXPECT_EQ(third, 3);
+}
+
 TEST_F(ReferenceForm, AValueThatDoesNotFitNamesItsArgument) {
   SHORT small = 3;
   EXPECT_EQ(replace(reference(VT_I2, &small), 70000), DISP_E_EXCEPTION);
