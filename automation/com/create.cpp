@@ -6,6 +6,7 @@
 #include "automation/com/com_proxy.h"
 #include "automation/com/failure.h"
 #include "automation/com/text.h"
+#include "automation/error.h"
 #include "automation/local/registry.h"
 
 namespace tallyra::automation {
@@ -19,8 +20,11 @@ Pointer<IDispatch> create_registered(std::string_view prog_id) {
   CLSID class_id;
   Pointer<IDispatch> object;
   com::throw_if_failed(CLSIDFromProgID(com::to_utf16(prog_id).c_str(), &class_id));
-  com::throw_if_failed(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                        IID_IDispatch, object.out_void()));
+  const HRESULT code = CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                        IID_IDispatch, object.out_void());
+  // A thread without an apartment has no class but those of this program.
+  if (code == CO_E_NOTINITIALIZED) throw Error(error_number::cannot_create);
+  com::throw_if_failed(code);
   return object;
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "automation/error.h"
 
 namespace tallyra::automation {
@@ -20,6 +22,12 @@ TEST(Create, TellsWhyThereIsNoObject) {
   EXPECT_EQ(failure_of_creating("Tallyra.NoSuchClass"), 429);
   EXPECT_EQ(failure_of_creating(""), 429);
   EXPECT_EQ(failure_of_creating("VBScript"), 430) << "a class that cannot be called by name";
+}
+
+TEST(Create, OutsideAnApartmentThereAreNoClassesOfTheSystem) {
+  std::int32_t number = 0;
+  std::thread([&number] { number = failure_of_creating("Scripting.Dictionary"); }).join();
+  EXPECT_EQ(number, 429);
 }
 
 }  // namespace
