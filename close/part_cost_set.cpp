@@ -30,7 +30,7 @@ float CPartCostSet::Update(std::int32_t iMTypeSN, Object& colFieldName, Object& 
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::part_cost_setting,
                  .function_code = schema::function_code::part_cost,
-                 .right = frame::right_for(strOprTag),
+                 .operation_tag = strOprTag,
                  .owner = {.then = OwnerTest::Then::open_if_closed},
                  .structure = "Select top 1 * From PARTCOSTSET",
                  .condition = sql(" Where PARTCOSTSET.MTYPESN={}", iMTypeSN)});

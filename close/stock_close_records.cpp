@@ -45,7 +45,7 @@ float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& co
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::month_close,
                  .function_code = schema::function_code::month_close,
-                 .right = frame::right_for(strOprTag),
+                 .operation_tag = strOprTag,
                  .structure = "Select top 1 * From STKCLOSEHD",
                  .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", close_literal),
                  .in_transaction = true,

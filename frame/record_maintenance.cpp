@@ -84,19 +84,27 @@ void require_right_or_owner(Call& call, std::string_view right, const OwnerTest&
   if (!passes_owner_test(call, test)) call.refuse(message::no_right);
 }
 
+// The right of a status operation; none for an edit.
+std::optional<std::string_view> right_of_its_own(std::string_view operation_tag) {
+  if (operation_tag == schema::operation_tag::approved) return "CanApproved";
+  if (operation_tag == schema::operation_tag::unapproved) return "CanUnapproved";
+  if (operation_tag == schema::operation_tag::cancel) return "CanCancel";
+  if (operation_tag == schema::operation_tag::finished) return "CanFinished";
+  return std::nullopt;
+}
+
+void require_right_to_update(Call& call, const UpdateMove& move) {
+  if (const auto right = right_of_its_own(move.operation_tag))
+    require_right_or_owner(call, *right, {});
+  else
+    require_right_or_owner(call, "CanUpdate", move.owner);
+}
+
 void open_for_writing(Call& call, const OwnerTest& test) {
   if (test.then == OwnerTest::Then::open_again || !call.connection.is_open()) call.open_connection();
 }
 
 }  // namespace
-
-std::string_view right_for(std::string_view operation_tag) {
-  if (operation_tag == schema::operation_tag::approved) return "CanApproved";
-  if (operation_tag == schema::operation_tag::unapproved) return "CanUnapproved";
-  if (operation_tag == schema::operation_tag::cancel) return "CanCancel";
-  if (operation_tag == schema::operation_tag::finished) return "CanFinished";
-  return right_to_update;
-}
 
 void read_row(Call& call, const FieldCollections& fields, const ReadMove& move) {
   call.open_connection();
@@ -152,7 +160,7 @@ void insert_row(Call& call, const FieldCollections& fields, const InsertMove& mo
 void update_rows(Call& call, const FieldCollections& fields, const UpdateMove& move) {
   call.require_fields(fields);
   call.power_check(move.function_code);
-  require_right_or_owner(call, move.right, move.owner);
+  require_right_to_update(call, move);
 
   open_for_writing(call, move.owner);
   if (move.before_structure) move.before_structure(call);

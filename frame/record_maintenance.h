@@ -9,14 +9,9 @@
 #include "frame/method.h"
 
 // The four moves by which most classes maintain one table. A class states its statements and where it departs
-// from the pattern; whatever it leaves out is as the pattern has it. Each move runs inside run_method.
+// from the pattern; whatever it leaves out is as the pattern has it, but for the right to insert. Each move
+// runs inside run_method.
 namespace tallyra::frame {
-
-inline constexpr std::string_view right_to_update = "CanUpdate";
-
-// The right that an update needs: the one of its operation tag, or the right to change rows for any other
-// tag.
-std::string_view right_for(std::string_view operation_tag);
 
 struct ReadMove {
   std::string_view statement;
@@ -35,7 +30,7 @@ struct InsertMove {
   std::string_view function_code;
   // The rows with the key that is to be inserted.
   std::string_view existing;
-  // What CanInsert must be.
+  // What CanInsert must be. The pattern takes anything above zero, most classes want exactly one.
   enum class Grant { equal_to_one, above_zero } grant = Grant::equal_to_one;
   // Runs with the connection open, before the key is looked up.
   std::function<void(Call&)> before_existing = {};
@@ -63,7 +58,10 @@ struct OwnerTest {
 struct UpdateMove {
   std::string_view table;
   std::string_view function_code;
-  std::string_view right = right_to_update;
+  // The tags of status operations need a right of their own each, anything else is an edit and needs the
+  // right to change rows.
+  std::string_view operation_tag = {};
+  // Lets owners edit; status operations ask for no owner.
   OwnerTest owner = {};
   // Any rows of the table, for the types of its columns.
   std::string_view structure;

@@ -52,26 +52,23 @@ float CCheckHead::Read(std::string& cCHECKNO, Object& colFieldName, Object& colF
 float CCheckHead::Update(std::string cCHECKNO, Object& colFieldName, Object& colFieldValue,
                          std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
-    const std::string_view right = frame::right_for(strOprTag);
-    std::string owner_query;
-    if (right == frame::right_to_update)
-      owner_query = sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO);
     const auto post_or_remove_postings = [&](Call&) {
       if (strOprTag == schema::operation_tag::approved)
         PostCheckIssue(cCHECKNO, call.connection, DateLiteral(system_database()));
       else if (strOprTag == schema::operation_tag::unapproved)
         remove_postings(call.connection, cCHECKNO);
     };
-    update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::stock_check_header,
-                 .function_code = schema::function_code::stock_check,
-                 .right = right,
-                 .owner = owner_test(owner_query),
-                 .structure = "Select top 1 * From STKCHECKHD",
-                 .structure_cursor = CursorType::static_copy,
-                 .condition = sql(" Where STKCHECKHD.CHECKNO='{}' ", cCHECKNO),
-                 .in_transaction = true,
-                 .also = post_or_remove_postings});
+    update_rows(
+        call, {colFieldName, colFieldValue},
+        {.table = schema::table::stock_check_header,
+         .function_code = schema::function_code::stock_check,
+         .operation_tag = strOprTag,
+         .owner = owner_test(sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO)),
+         .structure = "Select top 1 * From STKCHECKHD",
+         .structure_cursor = CursorType::static_copy,
+         .condition = sql(" Where STKCHECKHD.CHECKNO='{}' ", cCHECKNO),
+         .in_transaction = true,
+         .also = post_or_remove_postings});
   });
 }
 

@@ -39,18 +39,13 @@ float CTranHead::Read(std::string& cTRANNO, std::string& cTranType, Object& colF
 float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& colFieldName,
                         Object& colFieldValue, std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
-    const std::string_view right = frame::right_for(strOprTag);
-    std::string owner_query;
-    if (right == frame::right_to_update)
-      owner_query =
-          sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
-              " AND STKTRANHD.TRANTYPE='{}'",
-              cTRANNO, cTranType);
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::transaction_header,
                  .function_code = cTranType,
-                 .right = right,
-                 .owner = owner_test(owner_query),
+                 .operation_tag = strOprTag,
+                 .owner = owner_test(sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
+                                         " AND STKTRANHD.TRANTYPE='{}'",
+                                         cTRANNO, cTranType)),
                  .structure = "Select top 1 * From STKTRANHD",
                  .structure_cursor = CursorType::static_copy,
                  .condition = sql(" Where STKTRANHD.TRANNO='{}' ", cTRANNO)});
