@@ -4,14 +4,7 @@
 namespace tallyra::records {
 namespace {
 
-class RecordDelete : public RecordTest {
- protected:
-  // The calls of a deletion up to the last statement, which fails.
-  std::string failing_at_the_last_statement() const {
-    const std::string calls = delete_calls();
-    return open_for_writing() + calls.substr(0, calls.find("C1.CommitTrans") - 1) + " ! locked\n";
-  }
-};
+class RecordDelete : public RecordTest {};
 TALLYRA_ON_RECORD_CLASSES(RecordDelete, true);
 
 TEST_P(RecordDelete, ItRunsInATransaction) {
@@ -21,11 +14,15 @@ TEST_P(RecordDelete, ItRunsInATransaction) {
   EXPECT_TRUE(stage.rights_calls().ends_with(asked("CanDelete")));
 }
 
-TEST_P(RecordDelete, AFailedStatementIsRolledBackOrLeftToTheReleasedConnection) {
-  stage.set("CanDelete", 1).fails(record.removals.back(), Error(-2147467259, "locked"));
-  EXPECT_EQ(play("Delete"), trapped(-2147467259, "locked"));
-  EXPECT_EQ(stage.database_calls(), failing_at_the_last_statement() +
-                                        (record.delete_rolls_back ? "C1.RollbackTrans\nC1.Close\n" : ""));
+TEST_P(RecordDelete, AFailedTransactionIsRolledBackOrLeftToTheReleasedConnection) {
+  for (const std::string& call : {std::string("C1.BeginTrans"), "C1.Execute " + record.removals.back(),
+                                  std::string("C1.CommitTrans")}) {
+    Stage each(GetParam().kind);
+    each.set("CanDelete", 1).fails(call, Error(-2147467259, "locked"));
+    EXPECT_EQ(play(client(each), "Delete"), trapped(-2147467259, "locked")) << call;
+    EXPECT_EQ(each.database_calls(), failing_at(call, open_for_writing() + delete_calls()) +
+                                         (record.delete_rolls_back ? "C1.RollbackTrans\nC1.Close\n" : ""));
+  }
 }
 
 TEST_P(RecordDelete, AFailingOpenRollsNothingBack) {

@@ -11,10 +11,7 @@ TALLYRA_ON_RECORD_CLASSES(RecordInsert, true);
 TEST_P(RecordInsert, TheStatementIsBuiltOnTheEmptyExistenceQuery) {
   grant_everything();
   EXPECT_EQ(play("Insert"), done);
-  EXPECT_EQ(stage.database_calls(),
-            open + existence_test() + (record.insert_in_transaction ? "C1.BeginTrans\n" : "") +
-                "C1.Execute <GetInsertSQL " + record.table + "> | -1\n" +
-                (record.insert_in_transaction ? "C1.CommitTrans\n" : "") + "C1.Close\n");
+  EXPECT_EQ(stage.database_calls(), open + insert_calls());
   EXPECT_TRUE(stage.rights_calls().ends_with(asked("CanInsert") + built("GetInsertSQL")))
       << stage.rights_calls();
 }
@@ -89,11 +86,22 @@ TEST_P(RecordInsert, TheBuilderMayHandAnotherRecordsetBackButNothingElse) {
 
 TEST_P(RecordInsert, AFailedStatementIsLeftToTheReleasedConnection) {
   grant_everything();
-  stage.fails("<GetInsertSQL", Error(-2147217873, "duplicate"));
-  EXPECT_EQ(play("Insert"), trapped(-2147217873, "duplicate"));
-  EXPECT_EQ(stage.database_calls(), open + existence_test() +
-                                        (record.insert_in_transaction ? "C1.BeginTrans\n" : "") +
-                                        "C1.Execute <GetInsertSQL " + record.table + "> | -1 ! duplicate\n");
+  stage.fails("<GetInsertSQL", Error(-2147217873, "locked"));
+  EXPECT_EQ(play("Insert"), trapped(-2147217873, "locked"));
+  EXPECT_EQ(stage.database_calls(), failing_at("C1.Execute", open + insert_calls()));
+}
+
+class RecordInsertInTransaction : public RecordInsert {};
+TALLYRA_ON_RECORD_CLASSES(RecordInsertInTransaction, each.insert_in_transaction);
+
+TEST_P(RecordInsertInTransaction, AFailedTransactionIsLeftToTheReleasedConnection) {
+  for (const char* call : {"C1.BeginTrans", "C1.CommitTrans"}) {
+    Stage each(GetParam().kind);
+    grant_everything(each);
+    each.fails(call, Error(-2147217900, "locked"));
+    EXPECT_EQ(play(client(each), "Insert"), trapped(-2147217900, "locked")) << call;
+    EXPECT_EQ(each.database_calls(), failing_at(call, open + insert_calls()));
+  }
 }
 
 }  // namespace

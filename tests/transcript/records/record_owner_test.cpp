@@ -78,6 +78,20 @@ TEST_P(RecordOwner, BlanksAroundBothNamesDoNotMakeAnotherOwner) {
   }
 }
 
+TEST_P(RecordOwner, ASessionWithoutAUserOwnsRowsOfNobody) {
+  for (const char* user : {"", "  "})
+    for (const char* member : members) {
+      for (const Value& nobody : {Value(Null{}), Value(""), Value(" ")}) {
+        const auto each = owned_by(member, {nobody});
+        each->user = user;
+        EXPECT_EQ(play(client(*each), member), passed()) << member << stage::shown(nobody);
+      }
+      const auto each = owned_by(member, {"OTHER"});
+      each->user = user;
+      EXPECT_EQ(play(client(*each), member), refused(10000016)) << member;
+    }
+}
+
 TEST_P(RecordOwner, AUserIdWrittenLaterCountsInTheOwnerTest) {
   for (const char* member : members) {
     const auto each = owned_by(member, {"LATER"});

@@ -46,6 +46,12 @@ std::string RecordTest::existence_test() const {
          opened({record.key_query, Query::fixed, Query::server}) + "R1.Close\n";
 }
 
+std::string RecordTest::insert_calls() const {
+  return existence_test() + (record.insert_in_transaction ? "C1.BeginTrans\n" : "") +
+         "C1.Execute <GetInsertSQL " + record.table + "> | -1\n" +
+         (record.insert_in_transaction ? "C1.CommitTrans\n" : "") + "C1.Close\n";
+}
+
 std::string RecordTest::update_calls() const {
   return opened(record.structure) + "R1.Close\n" + (record.update_in_transaction ? "C1.BeginTrans\n" : "") +
          "C1.Execute <GetUpdateSQL " + record.table + ">" + record.condition + " | -1\n" +
@@ -56,6 +62,10 @@ std::string RecordTest::delete_calls() const {
   std::string calls = "C1.BeginTrans\n";
   for (const auto& removal : record.removals) calls += "C1.Execute " + removal + " | -1\n";
   return calls + "C1.CommitTrans\nC1.Close\n";
+}
+
+std::string RecordTest::failing_at(const std::string& call, const std::string& calls) {
+  return calls.substr(0, calls.find('\n', calls.find(call))) + " ! locked\n";
 }
 
 }  // namespace tallyra::records

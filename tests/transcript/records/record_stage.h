@@ -70,9 +70,13 @@ class RecordTest : public testing::TestWithParam<Setting> {
   inline static const std::string open = "C1.Open 'DSN=x' '' '' -1\n";
   static std::string opened(const Query& query);
   std::string existence_test() const;
+  // An insertion from the moment on when the connection is open.
+  std::string insert_calls() const;
   // An update and a deletion from the moment on when the right is granted and the connection is open.
   std::string update_calls() const;
   std::string delete_calls() const;
+  // Of these calls what is left when this one of them fails.
+  static std::string failing_at(const std::string& call, const std::string& calls);
   // The opening before them, where the method did not open the connection for an owner test.
   std::string open_for_writing() const { return record.opens_again ? open : "C1.State\n" + open; }
   // What is asked of the rights object before the method goes on.

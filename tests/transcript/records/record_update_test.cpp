@@ -33,12 +33,22 @@ TEST_P(RecordUpdate, TheBuilderMayReplaceTheCollections) {
 
 TEST_P(RecordUpdate, AFailedStatementIsLeftToTheReleasedConnection) {
   grant_everything();
-  stage.fails("<GetUpdateSQL", Error(-2147217900, "bad"));
-  EXPECT_EQ(play("Update"), trapped(-2147217900, "bad"));
-  EXPECT_EQ(stage.database_calls(), open_for_writing() + opened(record.structure) + "R1.Close\n" +
-                                        (record.update_in_transaction ? "C1.BeginTrans\n" : "") +
-                                        "C1.Execute <GetUpdateSQL " + record.table + ">" + record.condition +
-                                        " | -1 ! bad\n");
+  stage.fails("<GetUpdateSQL", Error(-2147217900, "locked"));
+  EXPECT_EQ(play("Update"), trapped(-2147217900, "locked"));
+  EXPECT_EQ(stage.database_calls(), failing_at("C1.Execute", open_for_writing() + update_calls()));
+}
+
+class RecordUpdateInTransaction : public RecordUpdate {};
+TALLYRA_ON_RECORD_CLASSES(RecordUpdateInTransaction, each.update_in_transaction);
+
+TEST_P(RecordUpdateInTransaction, AFailedTransactionIsLeftToTheReleasedConnection) {
+  for (const char* call : {"C1.BeginTrans", "C1.CommitTrans"}) {
+    Stage each(GetParam().kind);
+    grant_everything(each);
+    each.fails(call, Error(-2147217900, "locked"));
+    EXPECT_EQ(play(client(each), "Update"), trapped(-2147217900, "locked")) << call;
+    EXPECT_EQ(each.database_calls(), failing_at(call, open_for_writing() + update_calls()));
+  }
 }
 
 }  // namespace
