@@ -12,7 +12,9 @@
 Option Explicit
 
 Const done = 100
+Const fieldsDoNotMatch = 10000002
 Const notFound = 10000003
+Const noRight = 10000016
 
 Dim connectionString, user, checkNumber, position, doing, head, detail
 If WScript.Arguments.Count < 4 Then
@@ -88,20 +90,41 @@ Sub ShowCheck
 End Sub
 
 ' The posting commits the transaction, and the commit that Update sends after it finds none and is an error, although
-' everything is stored. So neither the result nor the number decides: header and posting were one transaction, and a
-' header that has the new status has its posting.
+' everything is stored. So an error that is no refusal decides nothing. Header and posting were one transaction: a header
+' that has the status and the moment of this approval has its posting. The status alone may be that of an earlier one.
 Sub Approve
-  Dim fields, result, number, description
+  Dim fields, moment, result, told, approved
   doing = "approving " & checkNumber
   AskGuard
-  fields = Array("STATUSSN", 1, "STATUS", "Approved", "STATUSBY", user)
+  moment = NewMoment()
+  fields = Array("STATUSSN", 1, "STATUS", "Approved", "STATUSBY", user, "STATUSDT", moment)
   result = head.Update(checkNumber, Names(fields), Values(fields), "APPROVED")
-  number = CLng(head.ErrNumber)
-  description = head.ErrDescription
-  If FieldOf(ReadHead(), "STATUSSN") <> 1 Then Fail "error " & number & " " & description
-  WScript.Echo "approved: result " & result & ", error " & number & " " & description & _
-    "; read back, the stocktaking is approved"
+  told = "result " & result & ", " & Reason(head)
+  If result <> done Then
+    If head.ErrNumber = fieldsDoNotMatch Or head.ErrNumber = noRight Then Fail "refused: " & told
+    approved = ReadHead()
+    If FieldOf(approved, "STATUSSN") <> 1 Or Not IsSameSecond(FieldOf(approved, "STATUSDT"), moment) Then
+      Fail "not approved: " & told
+    End If
+    told = told & "; read back, the stocktaking is approved"
+  End If
+  WScript.Echo "approved: " & told
 End Sub
+
+' The present, to the second, once it is another moment than the header has.
+Function NewMoment()
+  Dim earlier
+  earlier = FieldOf(ReadHead(), "STATUSDT")
+  NewMoment = Now
+  Do While IsSameSecond(earlier, NewMoment)
+    NewMoment = Now
+  Loop
+End Function
+
+Function IsSameSecond(stored, moment)
+  IsSameSecond = False
+  If Not IsNull(stored) Then IsSameSecond = Abs(CDbl(stored) - CDbl(moment)) < 0.5 / 86400
+End Function
 
 Sub Unapprove
   Dim fields

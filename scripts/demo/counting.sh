@@ -18,19 +18,34 @@ enter_stocktaking() {
   fi
 }
 
-# approve_stocktaking CHECK DATE: the header, read afterwards, tells whether it succeeded.
+# approve_stocktaking CHECK DATE: after an error that is no refusal the header tells whether it succeeded, by the status
+# and the moment of this approval.
 approve_stocktaking() {
   if [ "$classes" = dll ]; then
     sample stocktaking "$1" approve
   else
-    local told
+    local moment told
     call CTranHead ValidCloseDT "d:$2"
-    client CCheckHead Update "$1" STATUSSN=i:1 STATUS=Approved STATUSBY=ADMIN APPROVED >"$folder/answer.txt" || true
+    moment=$(new_moment "$1")
+    client CCheckHead Update "$1" STATUSSN=i:1 STATUS=Approved STATUSBY=ADMIN "STATUSDT=d:$moment" APPROVED \
+      >"$folder/answer.txt" || true
     told="result $(answer Result), error $(answer ErrNumber) $(answer ErrDescription)"
-    call CCheckHead Read "$1"
-    [ "$(returned STATUSSN)" = 1 ] || { echo "not approved: $told" && return 1; }
-    echo "approved: $told; read back, the stocktaking is approved"
+    if [ "$(answer Result)" != 100 ]; then
+      case $(answer ErrNumber) in 10000002 | 10000016) echo "refused: $told" && return 1 ;; esac
+      call CCheckHead Read "$1"
+      [ "$(returned STATUSSN) $(returned STATUSDT)" = "1 $moment" ] || { echo "not approved: $told" && return 1; }
+      told+="; read back, the stocktaking is approved"
+    fi
+    echo "approved: $told"
   fi
+}
+
+# new_moment CHECK: the present, to the second, once it is another moment than the header has.
+new_moment() {
+  local moment
+  call CCheckHead Read "$1"
+  while moment=$(date '+%Y/%m/%d %H:%M:%S') && [ "$(returned STATUSDT)" = "$moment" ]; do sleep 0.1; done
+  echo "$moment"
 }
 
 reopen_stocktaking() {

@@ -28,6 +28,21 @@ check "and no adjustment document" "$(query "SELECT count(*) FROM STKTRANHD WHER
 take_stock approve
 check_counted_stocktaking
 
+# What an earlier approval has left must not pass for a second one that fails.
+check "a second approval without the right is told as refused" \
+  "$(wine_client "$samples/stocktaking.vbs" "$connection" CLERK $counted_check approve |
+    grep -c "^approving $counted_check: refused: result 0, error 10000016 ")" 1
+coproc writer { sqlite3 "$database"; }
+writing=$writer_PID
+echo "BEGIN IMMEDIATE; SELECT 'holds the lock';" >&"${writer[1]}"
+read -r _ <&"${writer[0]}"
+check "a second approval while another program writes is told as failed" \
+  "$(wine_client "$samples/stocktaking.vbs" "$connection;Timeout=500" ADMIN $counted_check approve |
+    grep -c "^approving $counted_check: not approved: result 0, error -")" 1
+exec {writer[1]}>&-
+wait "$writing"
+check_counted_stocktaking
+
 check "a number that is taken is not entered again" \
   "$(take_stock open $counted_on $counted_department |
     grep -c "^opening stocktaking $counted_check: the number is taken")" 1
