@@ -35,7 +35,8 @@ Exit status:
   0  done
   1  refused or failed: ErrNumber is not 0 (Read of a row that does not exist: 10000003), or a method that
      answers 100 for success has answered 0, or an error left the object (then told on the error output).
-     Approving a stocktaking that has lines ends so although everything is stored; Read it to see its status
+     Approving a stocktaking that has lines ends so although everything is stored; Read it to see whether it has
+     the STATUSSN and STATUSDT that were given
   2  wrong usage: no such class or member, wrong arguments, wrong options; so any object's errors 13, 448, 449
      and 450, which blame what it was handed
 )";
