@@ -146,15 +146,23 @@ std::string argument_message(const Error& error, const Call& call, const std::ve
   return message + usage_hint(call.prog_id, call.member);
 }
 
-Value invoke(const Object& object, MemberId member, ArgumentList& arguments, const Call& call) {
+// Whether the object says that the member is none to be called or read. A method of ours may well be called;
+// such an error is its own, raised by what it has done.
+bool refuses_member(const Error& error, const Call& call) {
+  return error.number() == error_number::no_such_member && !is_method(call.prog_id, call.member);
+}
+
+// The result or the error that the method has raised.
+void invoke(const Object& object, MemberId member, ArgumentList& arguments, const Call& call,
+            Outcome& outcome) {
   const std::vector<Value> given = arguments.values();
   try {
-    return arguments.pass_to(object, member);
+    outcome.result = arguments.pass_to(object, member);
   } catch (const Error& error) {
-    if (error.number() == error_number::no_such_member)
+    if (refuses_member(error, call))
       throw UsageError(call.prog_id + " " + call.member + " cannot be called: " + error.description());
     if (blames_arguments(error)) throw UsageError(argument_message(error, call, given));
-    throw;
+    outcome.raised = error;
   }
 }
 
@@ -168,9 +176,22 @@ std::optional<Value> property_if_any(const Object& object, std::string_view name
   }
 }
 
+void read_error_fields(const Object& object, Outcome& outcome) {
+  try {
+    if (const auto number = property_if_any(object, "ErrNumber"))
+      outcome.error_number = automation::to_double(*number);
+    if (const auto description = property_if_any(object, "ErrDescription"))
+      outcome.error_description = shown_text(*description);
+  } catch (const Error&) {
+    // An object that is gone fails here once more; what counts is how it failed first.
+    if (!outcome.raised) throw;
+  }
+}
+
 }  // namespace
 
 bool Outcome::succeeded() const {
+  if (raised) return false;
   if (error_number && *error_number != 0) return false;
   const auto* answer = result.get_if<float>();
   return !answer || *answer != 0 || automation::equals_folded(member, "ErrNumber");
@@ -185,11 +206,8 @@ Outcome run_call(const Call& call, const Session& session) {
   Outcome outcome;
   outcome.prog_id = call.prog_id;
   outcome.member = call.member;
-  outcome.result = invoke(object, member, arguments, call);
-  if (const auto number = property_if_any(object, "ErrNumber"))
-    outcome.error_number = automation::to_double(*number);
-  if (const auto description = property_if_any(object, "ErrDescription"))
-    outcome.error_description = shown_text(*description);
+  invoke(object, member, arguments, call, outcome);
+  read_error_fields(object, outcome);
   outcome.returned_arguments = arguments.returned_arguments();
   outcome.fields = arguments.returned_fields();
   return outcome;

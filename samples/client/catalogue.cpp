@@ -116,6 +116,11 @@ const MemberEntry* find_member(const ClassEntry& entry, std::string_view name) {
   return nullptr;
 }
 
+bool is_method(std::string_view prog_id, std::string_view member) {
+  const ClassEntry* entry = find_class(prog_id);
+  return entry && find_member(*entry, member);
+}
+
 std::string class_names() {
   return joined_names(classes);
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-// What a person can call, for --help, --list and the hints of error messages. Calls do not depend on it: any
+// What a person can call, for --help, --list and the words of error messages. Calls do not depend on it: any
 // class and member can be called by name.
 namespace tallyra::client {
 
@@ -27,6 +27,8 @@ std::span<const ClassEntry> catalogue();
 // By class name or ProgID, whatever its case; null when it is none of ours.
 const ClassEntry* find_class(std::string_view name);
 const MemberEntry* find_member(const ClassEntry& entry, std::string_view name);
+// Whether it is a method of a class of ours.
+bool is_method(std::string_view prog_id, std::string_view member);
 
 // "CTranHead, CTranDetail, ...".
 std::string class_names();

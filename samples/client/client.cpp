@@ -36,6 +36,11 @@ Outcome run_with_progress(const CallRequest& request, const Console& console) {
   return run_call(request.call, request.session);
 }
 
+void tell(const automation::Error& error, const Console& console) {
+  console.error << "tallyra-client: the call failed with error " << error.number() << ": "
+                << error.description() << "\n";
+}
+
 ExitStatus carry_out(const TextRequest& request, const Console& console) {
   console.out << request.text;
   return exit_done;
@@ -45,6 +50,7 @@ ExitStatus carry_out(const CallRequest& request, const Console& console) {
   const automation::Apartment apartment;
   const Outcome outcome = run_with_progress(request, console);
   console.out << (request.json ? report_json(outcome) : report_text(outcome));
+  if (outcome.raised) tell(*outcome.raised, console);
   return outcome.succeeded() ? exit_done : exit_failed;
 }
 
@@ -58,8 +64,7 @@ ExitStatus run_client(const std::vector<std::string>& words, const Console& cons
     console.error << "tallyra-client: " << error.what() << "\nTry 'tallyra-client --help'.\n";
     return exit_wrong_usage;
   } catch (const automation::Error& error) {
-    console.error << "tallyra-client: the call failed with error " << error.number() << ": "
-                  << error.description() << "\n";
+    tell(error, console);
   } catch (const std::exception& error) {
     console.error << "tallyra-client: " << error.what() << "\n";
   }

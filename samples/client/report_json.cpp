@@ -72,6 +72,8 @@ std::string report_json(const Outcome& outcome) {
   json["member"] = outcome.member;
   json["success"] = outcome.succeeded();
   json["result"] = value_json(outcome.result);
+  if (outcome.raised)
+    json["raised"] = {{"number", outcome.raised->number()}, {"description", outcome.raised->description()}};
   json["errNumber"] = outcome.error_number ? number_json(*outcome.error_number) : Json();
   json["errDescription"] = outcome.error_number ? Json(outcome.error_description) : Json();
   Json arguments = Json::object();

@@ -9,6 +9,7 @@ namespace tallyra::client {
 // What came of a call, as one JSON object for a program to read:
 //
 //   class, member, success, result, errNumber, errDescription,
+//   raised      the error that left the object, {"number": 438, "description": "..."}; absent when none did
 //   arguments   those that came back by position, {"3": 12.5}
 //   fields      the returned ones by name, in their order; a name that comes again is followed by #2, #3, ...
 //

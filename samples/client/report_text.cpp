@@ -85,8 +85,10 @@ std::string report_text(const Outcome& outcome) {
   Table summary;
   summary.add_row({"Class", outcome.prog_id});
   summary.add_row({"Member", outcome.member});
-  const auto* single = outcome.result.get_if<float>();
-  summary.add_row({"Result", single ? number_text(*single) : shown_text(outcome.result)});
+  if (!outcome.raised) {
+    const auto* single = outcome.result.get_if<float>();
+    summary.add_row({"Result", single ? number_text(*single) : shown_text(outcome.result)});
+  }
   if (outcome.error_number) {
     summary.add_row({"ErrNumber", number_text(*outcome.error_number)});
     summary.add_row({"ErrDescription", outcome.error_description});

@@ -244,15 +244,52 @@ TEST_F(CallRun, SaysWhichArgumentIsWrongAndHowTheMemberIsCalled) {
   }
 }
 
-TEST_F(CallRun, LetsAnyOtherErrorThrough) {
-  script_method("ValidCloseDT", raise(Error(3704, "closed")));
-  try {
-    run({"CRevAddr", "ValidCloseDT", "2024/01/31"});
-    FAIL() << "no error";
-  } catch (const Error& error) {
-    EXPECT_EQ(error.number(), 3704);
-    EXPECT_EQ(error.description(), "closed");
+TEST_F(CallRun, HandsOnAnyOtherErrorBesideTheErrorFields) {
+  script_method("Delete", raise(Error(3704, "closed")), 10000112, "closed period");
+  const Outcome outcome = run({"CRevAddr", "Delete", "A1"});
+  ASSERT_TRUE(outcome.raised.has_value());
+  EXPECT_EQ(outcome.raised->number(), 3704);
+  EXPECT_EQ(outcome.raised->description(), "closed");
+  EXPECT_EQ(outcome.error_number, 10000112);
+  EXPECT_EQ(outcome.error_description, "closed period");
+  EXPECT_TRUE(outcome.result.is_empty());
+  EXPECT_FALSE(outcome.succeeded());
+}
+
+TEST_F(CallRun, HasFailedWithARaisedErrorWhateverTheErrorFieldsSay) {
+  script_method("Delete", raise(Error(3704)));
+  const Outcome outcome = run({"CRevAddr", "Delete", "A1"});
+  EXPECT_EQ(outcome.error_number, 0);
+  EXPECT_FALSE(outcome.succeeded());
+}
+
+TEST_F(CallRun, TakesAMissingMemberForTheMethodsOwnErrorOnlyInMethodsItKnows) {
+  for (const bool known : {true, false}) {
+    const std::string method = known ? "Delete" : "Destroy";
+    script_method(method, raise(Error(438)), 10000112);
+    if (known)
+      EXPECT_EQ(run({"CRevAddr", method, "A1"}).raised.value_or(Error(0)).number(), 438);
+    else
+      EXPECT_EQ(refusal({"CRevAddr", method, "A1"}),
+                "Tallyra.CRevAddr Destroy cannot be called: Object doesn't support this property or method");
   }
+}
+
+TEST_F(CallRun, TellsTheFirstErrorOfAnObjectThatIsGone) {
+  script_class([](ScriptedObject& object) {
+    for (const char* name : {"ConnectionString", "UserID", "Language", "SystemDatabase"})
+      object.writable(name);
+    object.method("Delete", raise(Error(462))).method("ErrNumber", raise(Error(70)));
+  });
+  const Outcome outcome = run({"CRevAddr", "Delete", "A1"});
+  EXPECT_EQ(outcome.raised.value_or(Error(0)).number(), 462);
+  EXPECT_FALSE(outcome.error_number.has_value());
+  script_class([](ScriptedObject& object) {
+    for (const char* name : {"ConnectionString", "UserID", "Language", "SystemDatabase"})
+      object.writable(name);
+    object.method("Delete", answer(100.0F)).method("ErrNumber", raise(Error(70)));
+  });
+  EXPECT_THROW(run({"CRevAddr", "Delete", "A1"}), Error);
 }
 
 }  // namespace

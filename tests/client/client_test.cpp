@@ -80,10 +80,15 @@ TEST_F(Client, EndsWithOneWhenTheCallIsRefusedAndStillReports) {
 }
 
 TEST_F(Client, EndsWithOneAndTheErrorWhenOneLeavesTheObject) {
-  script_class("Tallyra.CRevAddr", "Delete",
-               [](Arguments) -> Value { throw automation::Error(3704, "not open"); });
+  script_class(
+      "Tallyra.CRevAddr", "Delete", [](Arguments) -> Value { throw automation::Error(3704, "not open"); },
+      10000112, "closed period");
   EXPECT_EQ(run({"CRevAddr", "Delete", "A1"}), exit_failed);
-  EXPECT_EQ(out_.str(), "");
+  EXPECT_EQ(out_.str(),
+            "Class           Tallyra.CRevAddr\n"
+            "Member          Delete\n"
+            "ErrNumber       10000112\n"
+            "ErrDescription  closed period\n");
   EXPECT_EQ(error_.str(), "tallyra-client: the call failed with error 3704: not open\n");
 }
 

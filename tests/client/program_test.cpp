@@ -62,6 +62,20 @@ TEST_F(Program, TellsWhatWasRefused) {
   EXPECT_NE(refused.output.find("10000016"), std::string::npos) << refused.output;
 }
 
+TEST_F(Program, TellsTheVerdictOfAGuardWhoseQueryFailed) {
+  const std::string failed = "the call failed with error 438: ";
+  for (const char* date : {"\"2024/03/31#'\"", "2024/02/30", "31/01/2024"})
+    for (const char* kind : {"MSACCESS", "MSSQLSERVER"})
+      for (const char* head : {"CTranHead", "CCheckHead"}) {
+        const Ended ended = on_company("--kind " + std::string(kind) + " " + head + " ValidCloseDT " + date);
+        EXPECT_EQ(ended.status, 1) << ended.output;
+        EXPECT_NE(ended.output.find(failed), std::string::npos) << ended.output;
+        const char* number = head == std::string_view("CTranHead") ? "10000112" : "-21472179";
+        EXPECT_NE(ended.output.find(std::string("ErrNumber       ") + number), std::string::npos)
+            << ended.output;
+      }
+}
+
 TEST_F(Program, TellsWhatIsWrongWithTheCall) {
   const struct {
     const char* arguments;
@@ -71,6 +85,7 @@ TEST_F(Program, TellsWhatIsWrongWithTheCall) {
               {"CRevAddr Delete", "cAddrNo"},
               {"CRevAddr Delete A1 surplus", "Delete"},
               {"CRevAddr", "no member"},
+              {"CRevAddr UserID", "cannot be called"},
               {"--no-such-option CRevAddr Read A1", "--no-such-option"},
               {"CStockClose Delete d:2024/02/30", "2024/02/30"}};
   for (const auto& [arguments, word] : rows) {

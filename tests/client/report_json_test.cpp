@@ -57,6 +57,17 @@ TEST(ReportJson, TellsAFailure) {
   EXPECT_TRUE(json["fields"].empty());
 }
 
+TEST(ReportJson, TellsTheErrorThatLeftTheObject) {
+  Outcome outcome;
+  outcome.raised = automation::Error(438, "no member");
+  outcome.error_number = 10000112;
+  const Json json = Json::parse(report_json(outcome));
+  EXPECT_EQ(json["success"], false);
+  EXPECT_TRUE(json["result"].is_null());
+  EXPECT_EQ(dumped(json["raised"]), R"({"number":438,"description":"no member"})");
+  EXPECT_EQ(json["errNumber"], 10000112);
+}
+
 TEST(ReportJson, HasNoErrorFieldsForAClassWithoutThem) {
   const Json json = Json::parse(report_json(Outcome{}));
   EXPECT_TRUE(json["errNumber"].is_null());
