@@ -70,7 +70,13 @@ bool OdbcConnection::rereads_bound_columns() {
 }
 
 std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
-  return dialect_ ? dialect_->rewrite(sql) : sql;
+  if (!dialect_) return sql;
+  dialect_->ask_sparingly(in_transaction_);
+  const std::string_view rewritten = dialect_->rewrite(sql);
+  if (const std::string_view text = dialect_->no_date(); !text.empty())
+    throw automation::Error(provider_error::cannot_convert,
+                            "The text " + std::string(text) + " cannot be converted to a date");
+  return rewritten;
 }
 
 OdbcConnection::Result OdbcConnection::run(std::string_view sql, bool count_affected) {

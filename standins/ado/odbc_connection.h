@@ -52,6 +52,7 @@ class OdbcConnection {
 
   bool is_sqlite();
   bool rereads_bound_columns();
+  // Throws Error where a text meets a date column and is no date: SQLite itself would take it.
   std::string_view in_words_of_engine(std::string_view sql);
   Result read_result(std::string_view sql, bool count_affected);
   SQLRETURN set_autocommit(bool on);

@@ -35,6 +35,24 @@ TEST_F(DialectPassageTest, QueriesOfBothDialectsFindTheRow) {
   }
 }
 
+TEST_F(DialectPassageTest, ATextThatIsNoDateIsRefusedAtADateColumnAndNothingIsDone) {
+  for (const std::string_view sql :
+       {"Select * From STKCLOSEHD Where CLOSEDT>='2024/02/30'",
+        "insert into STKCLOSEHD(CLOSEDT,NOTE) values('31/01/2024','x')", "update STKCLOSEHD set CLOSEDT='x'",
+        "delete from STKCLOSEHD where CLOSEDT<'x'"}) {
+    EXPECT_EQ(error_of([&] { execute(connection, sql); }), -2147217913) << sql;
+    EXPECT_EQ(error_of([&] { open_recordset(connection, sql, {3, 3}); }), -2147217913) << sql;
+  }
+  try {
+    execute(connection, "update STKCLOSEHD set CLOSEDT='it''s'");
+    FAIL() << "no error";
+  } catch (const automation::Error& error) {
+    EXPECT_EQ(error.description(), "The text 'it''s' cannot be converted to a date");
+  }
+  EXPECT_EQ(scalar(connection, "select count(*) from STKCLOSEHD where CLOSEDT='2024/02/29'"), Value(1));
+  EXPECT_EQ(scalar(connection, "select count(*) from STKCLOSEHD"), Value(2));
+}
+
 TEST_F(DialectPassageTest, AccessDeletesRun) {
   Value affected;
   connection.call("Execute", "Delete * From STKCLOSEHD Where CLOSEDT=#2024/03/31#", automation::ref(affected),

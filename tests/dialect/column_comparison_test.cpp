@@ -7,6 +7,8 @@
 namespace tallyra::tests::dialect {
 namespace {
 
+using standins::ado::dialect::SqliteDialect;
+
 // `?` stands for '2024/03/31', which must become '2024-03-31 00:00:00', `!` for one that must stay.
 std::string with_dates(std::string_view text, std::string_view first) {
   std::string filled;
@@ -72,10 +74,6 @@ TEST(QuotedDate, IsTextBesideAnythingElse) {
            "Select * From STKTRANHD Where TRANDT Like !",
            "Select * From STKTRANHD Where TRANDT In (Select NOTES From STKTRANHD Where NOTES=!)",
            "Select * From STKTRANHD Where TRANDT=Format(!)",
-           "Select * From STKTRANHD Where TRANDT='2024/02/30'",
-           "Select * From STKTRANHD Where TRANDT='2024/03/31 x'",
-           "Select * From STKTRANHD Where TRANDT='14:05:09'",
-           "Select * From STKTRANHD Where TRANDT=' '",
            "Select * From STKTRANHD Where TRANDT='2024-03-31 00:00:00'",
            "Update STKTRANHD Set NOTES=! Where TRANNO=!",
            "Update STKTRANHD Set TRANDT=Null, NOTES=!",
@@ -115,6 +113,79 @@ TEST(QuotedDate, FindsTheTableOfItsColumn) {
            "Update PARTS Set EDITDT=? From STKTRANHD H Where H.TRANDT=? And TRANDT=?",
        })
     expect_dates(text);
+}
+
+TEST(QuotedText, ThatIsNoDateBesideADateColumnIsToldAndLeftAlone) {
+  struct Row {
+    std::string_view text;
+    std::string_view no_date;
+  };
+  StockColumns columns;
+  SqliteDialect dialect(columns);
+  for (const Row& row : {
+           Row{"Select * From STKCLOSEHD Where CLOSEDT>='2024/02/30'", "'2024/02/30'"},
+           {"Select * From STKCLOSEHD Where CLOSEDT>='31/01/2024'", "'31/01/2024'"},
+           {"Select * From STKTRANHD Where TRANDT='2024/03/31 x' And EDITDT='y'", "'2024/03/31 x'"},
+           {"Select * From STKTRANHD Where TRANDT='2024/03/31' And EDITDT='it''s'", "'it''s'"},
+           {"Select * From STKTRANHD Where TRANDT='14:05:09'", "'14:05:09'"},
+           {"Select * From STKTRANHD Where TRANDT In ('x','2024/03/31')", "'x'"},
+           {"Select * From STKTRANHD Where TRANDT Between '2024/03/31' And '2024/03/32'", "'2024/03/32'"},
+           {"Select * From STKTRANHD H Where 'x'<H.TRANDT", "'x'"},
+           {"Select TRANNO From STKTRANHD Group By TRANNO Having Max(TRANDT)>'x'", "'x'"},
+           {"Update STKTRANHD Set TRANDT='x' Where TRANNO='T1'", "'x'"},
+           {"Insert Into STKTRANHD(TRANNO,TRANDT) Values('T1','x')", "'x'"},
+           {"Insert Into STKTRANHD(TRANNO,TRANDT) Select 'T1','x' From PARTS", "'x'"},
+           {"Select * From PARTS Where EDITDT='x'; Select * From PARTS", "'x'"},
+           // No column of dates is met.
+           {"Select * From STKTRANHD Where TRANNO='x' And TRANDT=NOTES||'x'", ""},
+           {"Select * From STKTRANHD Where TRANDT Like 'x' Or TRANDT=Format('x')", ""},
+           {"Select * From STKTRANHD Where TRANNO In ('x') And PARTS.EDITDT='x'", ""},
+           {"Insert Into STKTRANHD(TRANNO,TRANDT) Values('x',Null)", ""},
+           {"Insert Into STKTRANHD Values('x','x')", ""},
+       }) {
+    for (int round = 0; round < 2; ++round) {
+      const std::string_view sqlite = dialect.rewrite(row.text);
+      EXPECT_EQ(dialect.no_date(), row.no_date) << row.text;
+      const bool has_date = row.text.find("'2024/03/31'") != std::string_view::npos;
+      EXPECT_EQ(sqlite == row.text, !has_date) << row.text;
+    }
+    dialect.rewrite("Select 1");
+    EXPECT_EQ(dialect.no_date(), "");
+  }
+}
+
+TEST(QuotedText, OfAnUpdateOrDeleteIsOnlyAskedAboutWhenItIsADateWhereAskingIsSparing) {
+  StockColumns columns;
+  SqliteDialect dialect(columns);
+  dialect.ask_sparingly(true);
+  for (const std::string_view sql :
+       {"Update STKTRANHD Set NOTES='x' Where TRANDT='x'", "Delete From STKTRANHD Where TRANDT='x'",
+        "Update STKTRANHD Set TRANDT=''", "Delete STKTRANHD.* From STKTRANHD Where TRANDT In ('x')"}) {
+    dialect.rewrite(sql);
+    EXPECT_EQ(dialect.no_date(), "") << sql;
+    EXPECT_EQ(columns.asked, 0u) << sql;
+  }
+  EXPECT_EQ(dialect.rewrite("Update STKTRANHD Set NOTES='x' Where TRANDT='2024/03/31'"),
+            "Update STKTRANHD Set NOTES='x' Where TRANDT='2024-03-31 00:00:00'");
+  EXPECT_EQ(columns.asked, 1u);
+  for (const std::string_view sql :
+       {"Select * From STKTRANHD Where TRANDT='x'", "Insert Into STKTRANHD(TRANDT) Values('x')"}) {
+    dialect.rewrite(sql);
+    EXPECT_EQ(dialect.no_date(), "'x'") << sql;
+  }
+  dialect.ask_sparingly(false);
+  dialect.rewrite("Update STKTRANHD Set NOTES='x' Where TRANDT='x'");
+  EXPECT_EQ(dialect.no_date(), "'x'");
+}
+
+TEST(QuotedText, OfNothingButBlanksIsTheFirstDayOf1900BesideADateColumn) {
+  for (const Rewriting& row : {
+           Rewriting{"Select * From STKCLOSEHD Where CLOSEDT>=''",
+                     "Select * From STKCLOSEHD Where CLOSEDT>='1900-01-01 00:00:00'"},
+           {"Update STKTRANHD Set TRANDT='  ', NOTES=''",
+            "Update STKTRANHD Set TRANDT='1900-01-01 00:00:00', NOTES=''"},
+       })
+    EXPECT_EQ(rewritten(row.text), row.sqlite);
 }
 
 TEST(HashDate, IsADateAnywhere) {

@@ -96,6 +96,19 @@ TEST(DateLiteral, IsNothingElse) {
     EXPECT_EQ(normal_form(text), "no date") << text;
 }
 
+TEST(DateLiteral, BetweenQuotesMayBeBlankAndIsElseTheSame) {
+  for (const std::string_view text : {"", " ", "     "}) {
+    const auto date = dialect::read_quoted_date(text);
+    ASSERT_TRUE(date.has_value());
+    std::string written(dialect::written_date_length, '?');
+    dialect::write_date(*date, written.data());
+    EXPECT_EQ(written, "'1900-01-01 00:00:00'");
+  }
+  EXPECT_TRUE(dialect::read_quoted_date(" 2024/03/31 "));
+  EXPECT_FALSE(dialect::read_quoted_date("2024/02/30"));
+  EXPECT_FALSE(dialect::read_quoted_date("\t"));
+}
+
 TEST(DateLiteral, IsReadWithAnyNumberOfDaysInTheMonth) {
   constexpr int days[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   for (int month = 1; month <= 12; ++month) {

@@ -23,6 +23,9 @@ class Analyzer {
  public:
   explicit Analyzer(DateColumnCache& columns) : columns_(columns) {}
 
+  // When it has to ask sparingly, a text that is no date is not looked for in an UPDATE or DELETE.
+  void ask_sparingly(bool sparingly) { sparingly_ = sparingly; }
+
   // Nothing is found in a text with parentheses nested deeper than any engine accepts.
   void analyze(const Tokens& tokens, Findings& findings);
 
@@ -52,7 +55,7 @@ class Analyzer {
     std::size_t position = 0;  // of the current item in VALUES or in the select list of an INSERT
   };
 
-  // A literal that is a date if the column is.
+  // A text that has to be a date if the column holds dates.
   struct Comparison {
     std::size_t literal;
     ColumnRef column;
@@ -79,6 +82,8 @@ class Analyzer {
   void between(std::size_t i);
 
   void text(std::size_t i);
+  void meet_date_column(std::size_t i);
+  std::string_view content(std::size_t i) const;
   bool is_inserted(std::size_t i) const;
   ColumnRef met_column(std::size_t i) const;
 
@@ -95,6 +100,8 @@ class Analyzer {
   Scopes::Id outermost_ = Scopes::none;  // scope of the statement itself
   std::size_t delete_target_ = 0;        // the name between DELETE and FROM
   bool balanced_ = true;
+  bool sparingly_ = false;
+  bool looks_for_no_dates_ = true;  // in this statement
 };
 
 }  // namespace tallyra::standins::ado::dialect

@@ -15,13 +15,24 @@ void Analyzer::between(std::size_t i) {
 }
 
 void Analyzer::text(std::size_t i) {
-  const std::string_view whole = tokens_->text(i);
-  if (!read_date(whole.substr(1, whole.size() - 2))) return;
   if (is_inserted(i)) {
-    if (insert_.dates[frames_.back().position]) findings_->dates.push_back(span(i));
+    if (insert_.dates[frames_.back().position]) meet_date_column(i);
   } else if (const ColumnRef column = met_column(i)) {
+    if (!looks_for_no_dates_ && !read_date(content(i))) return;
     comparisons_.push_back({i, column, frames_.back().scope});
   }
+}
+
+void Analyzer::meet_date_column(std::size_t i) {
+  if (read_quoted_date(content(i)))
+    findings_->dates.push_back(span(i));
+  else if (findings_->no_date.empty())
+    findings_->no_date = tokens_->text(i);
+}
+
+std::string_view Analyzer::content(std::size_t i) const {
+  const std::string_view whole = tokens_->text(i);
+  return whole.substr(1, whole.size() - 2);
 }
 
 // Whether the literal is a whole value of an INSERT with a column list.
@@ -64,11 +75,15 @@ ColumnRef Analyzer::met_column(std::size_t i) const {
 
 void Analyzer::resolve_comparisons() {
   const Tokens& tokens = *tokens_;
+  std::size_t asked = 0;  // the column before: the texts of a list all meet the same one
+  bool is_date = false;
   for (const Comparison& comparison : comparisons_) {
     const ColumnRef& ref = comparison.column;
     const std::string_view qualifier = ref.qualifier != 0 ? tokens.name(ref.qualifier) : std::string_view();
-    if (scopes_.is_date(comparison.scope, qualifier, tokens.name(ref.column), columns_))
-      findings_->dates.push_back(span(comparison.literal));
+    if (ref.column != asked)
+      is_date = scopes_.is_date(comparison.scope, qualifier, tokens.name(ref.column), columns_);
+    asked = ref.column;
+    if (is_date) meet_date_column(comparison.literal);
   }
 }
 

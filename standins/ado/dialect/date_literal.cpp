@@ -118,6 +118,12 @@ std::optional<DateTime> read_date(std::string_view text) {
   return date;
 }
 
+std::optional<DateTime> read_quoted_date(std::string_view text) {
+  if (text.find_first_not_of(' ') == std::string_view::npos)
+    return DateTime{.year = 1900, .month = 1, .day = 1};
+  return read_date(text);
+}
+
 std::size_t hash_date_length(std::string_view sql) {
   if (sql.empty() || sql[0] != '#') return 0;
   const std::size_t closing = sql.substr(0, longest_hash_date).find('#', 1);

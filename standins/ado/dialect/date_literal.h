@@ -20,6 +20,10 @@ struct DateTime {
 // for days and times that do not exist, and for a time without a date.
 std::optional<DateTime> read_date(std::string_view text);
 
+// Reads what a text between quotes means to a date column: as `read_date` does, and a text of nothing but
+// blanks is 1900/01/01, as on SQL Server.
+std::optional<DateTime> read_quoted_date(std::string_view text);
+
 // Length of the date literal #...# that `sql` begins with, delimiters included; 0 when it begins with none.
 std::size_t hash_date_length(std::string_view sql);
 

@@ -31,7 +31,8 @@ struct JoinedDelete {
 
 // What an engine has to be told differently, in the words of no engine. Views are into the analysed text.
 struct Findings {
-  std::vector<Span> dates;  // with delimiters: every #...#, and each '...' that meets a date column
+  std::vector<Span> dates;   // with delimiters: every #...#, and each '...' that meets a date column
+  std::string_view no_date;  // the first '...' that meets a date column and is no date; empty for none
   std::vector<TopSelect> tops;
   std::vector<Span> delete_lists;  // what stands between DELETE and FROM where DELETE FROM says the same
   std::vector<JoinedDelete> deletes;
@@ -41,6 +42,7 @@ struct Findings {
 
   void clear() {
     dates.clear();
+    no_date = {};
     tops.clear();
     delete_lists.clear();
     deletes.clear();

@@ -68,10 +68,10 @@ class ValuesReader {
       if (at_ == nullptr) return false;
       if (++at_ == end_ || *at_ != '\'') break;
     }
-    if (is_date)
-      if (const auto date = read_date({begin + 1, static_cast<std::size_t>(at_ - begin - 2)}))
-        replace(begin, *date);
-    return true;
+    if (!is_date) return true;
+    const auto date = read_quoted_date({begin + 1, static_cast<std::size_t>(at_ - begin - 2)});
+    if (date) replace(begin, *date);
+    return date.has_value();
   }
 
   bool hash() {

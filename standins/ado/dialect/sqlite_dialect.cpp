@@ -27,6 +27,7 @@ bool blank_at(std::string_view sql, std::size_t at) {
 }  // namespace
 
 std::string_view SqliteDialect::rewrite(std::string_view sql) {
+  no_date_ = {};
   if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) return sql;
   if (const InsertHead* head = heads_.match(sql)) {
     const ValuesOutcome outcome = rewrite_values(sql, *head, out_);
@@ -35,6 +36,7 @@ std::string_view SqliteDialect::rewrite(std::string_view sql) {
   release_memory();
   tokenize(sql, tokens_);
   analyzer_.analyze(tokens_, findings_);
+  no_date_ = findings_.no_date;
   if (findings_.changes_schema) {
     columns_.clear();
     heads_.clear();
@@ -57,7 +59,7 @@ void SqliteDialect::collect_edits(std::string_view sql) {
 void SqliteDialect::edit_date(std::string_view sql, Span literal) {
   const std::string_view text = sql.substr(literal.begin, literal.end - literal.begin);
   std::array<char, written_date_length> buffer;
-  write_date(*read_date(text.substr(1, text.size() - 2)), buffer.data());
+  write_date(*read_quoted_date(text.substr(1, text.size() - 2)), buffer.data());
   const std::string_view written(buffer.data(), buffer.size());
   if (text != written) replace(literal, written);
 }

@@ -20,7 +20,8 @@ namespace tallyra::standins::ado::dialect {
 //   Delete * From T ...         Delete From T ...
 //   Delete T.* From T Join U    DELETE FROM T ... WHERE rowid IN (SELECT ...)
 //   #2024/3/31 14:05#           '2024-03-31 14:05:00'
-//   '2024/3/31' at a date column, compared or written: the same; any other text stays as it is
+//   '2024/3/31' at a date column, compared or written: the same
+//   '' there                    '1900-01-01 00:00:00'
 //
 // Only the tokens concerned change. Not safe for use by several threads at once.
 class SqliteDialect {
@@ -38,6 +39,16 @@ class SqliteDialect {
   // so that the database's own error reaches the caller; a text with a NUL character goes through untouched.
   // Throws only what `DateColumns` throws.
   std::string_view rewrite(std::string_view sql);
+
+  // From now on an UPDATE or DELETE asks only about the columns that meet a date, and its texts that are none
+  // stay unnoticed. For transactions: to ask is to read, and of two transactions that read before they write
+  // SQLite refuses one.
+  void ask_sparingly(bool sparingly) { analyzer_.ask_sparingly(sparingly); }
+
+  // The first text of the statement rewritten last that meets a date column and is no date, with its quotes;
+  // empty when there is none. Such a text stays as it is, and SQLite would compare or store it as a text; the
+  // databases for which the statements are written answer with an error. A view into that statement.
+  std::string_view no_date() const { return no_date_; }
 
  private:
   struct Edit {
@@ -65,6 +76,7 @@ class SqliteDialect {
   std::vector<Edit> edits_;
   std::string replacements_;
   std::string out_;
+  std::string_view no_date_;
 };
 
 }  // namespace tallyra::standins::ado::dialect

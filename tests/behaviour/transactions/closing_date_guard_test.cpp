@@ -44,6 +44,23 @@ TEST_P(ClosingDate, IsClosedUpToAndWithTheDayOfTheLastClose) {
   for (const auto& [date, verdict] : rows) EXPECT_EQ(ask(date), verdict) << automation::to_text(date);
 }
 
+TEST_P(ClosingDate, ThatIsNoDateIsClosedWithAnException) {
+  for (const char* date :
+       {"2024/02/30", "31/01/2024", "2024/03/31 25:00", "14:05", "tomorrow", "2024/3/1/1"}) {
+    EXPECT_EQ(ask(date), "10000112 raised 438") << date;
+  }
+}
+
+// An empty text is the first day of 1900 to SQL Server; between # it is nothing that can be read.
+TEST_P(ClosingDate, ThatIsEmptyNeverPassesOnceSomethingWasClosed) {
+  const bool access = std::string(GetParam()) == "MSACCESS";
+  for (const Value& empty : {Value(), Value(""), Value(" ")})
+    EXPECT_EQ(ask(empty), access ? "10000112 raised 438" : "0");
+  given({"Insert Into STKCLOSEHD(CLOSEDT) Values('2024-02-29 00:00:00')"});
+  for (const Value& empty : {Value(), Value(""), Value(" ")})
+    EXPECT_EQ(ask(empty), access ? "10000112 raised 438" : "10000112");
+}
+
 TEST_P(ClosingDate, ThatBreaksTheStatementIsClosedWithAnException) {
   EXPECT_EQ(ask("2024/03/31#'"), "10000112 raised 438");
 }
