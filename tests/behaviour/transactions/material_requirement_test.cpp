@@ -115,6 +115,13 @@ TEST_P(Requirement, IsFoundWhereApostrophesAreInTheBill) {
   EXPECT_EQ(ask("B"), quantity(6));
 }
 
+TEST_P(Requirement, OfAnOrderOrPartWithAnApostropheIsOutOfReach) {
+  sales_order({{"A", 2}, {"it''s", 3}});
+  EXPECT_EQ(requirement(detail(), "N'1", "A"), syntax_error);
+  EXPECT_EQ(ask("it's"), syntax_error);
+  EXPECT_EQ(ask("it's", "STK020MISSSO"), quantity(3));
+}
+
 TEST_P(Requirement, OfANullFactorIsAnError) {
   sales_order({{"A", 1}});
   given({bill_line("A", 1, "B", "1,1,Null")});

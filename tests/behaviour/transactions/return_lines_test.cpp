@@ -132,6 +132,38 @@ TEST_P(ReturnLines, TakeANewNumberWithoutMovingTheOthers) {
   EXPECT_EQ(numbers(), "2|P2\n3|P1\n3|P3\n");
 }
 
+// The engine would keep the first of the two changes: without a transaction it stayed.
+TEST_P(ReturnLines, StayAsTheyWereWhenAChangeIsRefusedHalfWay) {
+  given_lines(2);
+  given({"Update STKTRANDT Set SN=1 Where TRANNO='R1'",
+         "Create Trigger REFUSED After Update On STKTRANDT When New.PARTNO='P2' Begin "
+         "Select Raise(Fail,'no more changes'); End"});
+  const std::string before = rows("Select SN,PARTNO,QTY From STKTRANDT Where TRANNO='R1' Order By PARTNO");
+  EXPECT_EQ(before, "1|P1|-1\n1|P2|-1\n");
+  Fields fields{{"QTY", -7}};
+  const Outcome outcome = update_return(detail(), "R1", 1, fields);
+  EXPECT_EQ(outcome.result, 0);
+  EXPECT_NE(outcome.description.find("no more changes"), std::string::npos) << outcome.description;
+  EXPECT_EQ(rows("Select SN,PARTNO,QTY From STKTRANDT Where TRANNO='R1' Order By PARTNO"), before);
+}
+
+TEST_P(ReturnLines, WithAnApostropheInTheirAddressAreOutOfReach) {
+  given({"Insert Into SUPPLIERS(SUPPLIERS) Values('O''Neil')",
+         "Insert Into STKTRANHD(TRANNO,TRANTYPE,DEPTNOTO) Values('R3','STK011PORTN','O''Neil')",
+         "Insert Into STKTRANDT(TRANNO,SN,PARTNO,QTY,ADDBY) Values('R''1',1,'P1',-1,'OWEN')"});
+  const std::string before = lines();
+  Fields fields = line(1, "P1");
+  EXPECT_EQ(insert_return(detail(), "R'1", 1, fields), syntax_error);
+  EXPECT_EQ(insert_return(detail(), "R3", 1, fields, 1), syntax_error);
+  EXPECT_EQ(insert(1, "it's", 1), syntax_error);
+  EXPECT_EQ(update_return(detail(), "R'1", 1, fields), syntax_error);
+  EXPECT_EQ(update_return(detail("OWEN"), "R'1", 1, fields), syntax_error);
+  EXPECT_EQ(lines(), before);
+  // In the collections it is the builder's business.
+  EXPECT_EQ(insert(1, "it's"), done);
+  EXPECT_EQ(numbers(), "1|it's\n");
+}
+
 TEST_P(ReturnLines, TakeNoNumberThatIsNone) {
   given_lines(1);
   const struct {

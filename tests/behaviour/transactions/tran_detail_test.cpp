@@ -114,6 +114,7 @@ TEST_P(TranDetail, IsDeletedAndTheOthersKeepTheirNumbers) {
 TEST_P(TranDetail, OfAPartWithAnApostropheIsOutOfReachByPart) {
   Fields fields{{"QTY", 1}};
   EXPECT_EQ(write_line(detail(), "Update", line(-1, "A'B"), fields), syntax_error);
+  EXPECT_EQ(write_line(detail(), "Insert", line(-1, "A'B"), fields), syntax_error);
   EXPECT_EQ(delete_line(detail(), line(-1, "A'B")), syntax_error);
   EXPECT_EQ(quantities(), before);
 }

@@ -25,10 +25,7 @@ std::string of_type(const std::string& type) {
          type +
          "' And STKTRANHD.STATUSSN<>3 GROUP BY STKTRANHD.TRANTYPE,STKTRANDT.REFERENCE,STKTRANDT.PARTNO";
 }
-std::string asked(const std::string& query) {
-  return "R1.Open " + query + " | C1 3 1 -1\nR1.Close\n";
-}
-const std::string opened =
+const std::string created =
     "create ADODB.Connection\n"
     "C1.Open 'DSN=x' '' '' -1\n"
     "create ADODB.Recordset\n"
@@ -70,9 +67,21 @@ TEST_P(IssuedOrReturned, TheKindChoosesTheStatementAndTheSignAndTheTypeTheLines)
               (Outcome{result, 0, ""}))
         << type << " " << stage::shown(kind);
     // The connection is let go, not closed.
-    EXPECT_EQ(each.transcript(), opened + calls);
+    EXPECT_EQ(each.transcript(), created + calls);
     EXPECT_EQ(each.alive(), 0);
   }
+}
+
+TEST_P(IssuedOrReturned, OnlyTheFirstRowCounts) {
+  stage.finds(of_part("STK020MISS"), {{"PARTNO", "QTY"}, {{"P1", -5}, {"P1", -7}}});
+  stage.finds(of_type("STK021RTN1"), {{"PARTNO", "QTY"}, {{"P1", 2}, {"P1", 11}}});
+  const struct {
+    const char* type;
+    const char* kind;
+    double result;
+  } rows[] = {{"STK020MISS", "", 3}, {"STK020MISS", "STK020MISS", 5}, {"STK021RTN1", "STK021RTN1", 2}};
+  for (const auto& [type, kind, result] : rows)
+    EXPECT_EQ(issued_or_returned(client(), "T1", "M1", "P1", type, kind), (Outcome{result, 0, ""})) << kind;
 }
 
 TEST_P(IssuedOrReturned, NothingFoundIsZeroInEveryBranch) {

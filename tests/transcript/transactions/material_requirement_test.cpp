@@ -9,9 +9,6 @@ class MaterialRequirement : public TransactionStage {
 };
 TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
 
-const std::string opened =
-    "C1.Open 'DSN=x' '' '' -1\n"
-    "R1.CursorLocation = 2\n";
 std::string sum_of(const std::string& quantity, const std::string& condition) {
   return "Select CODETAIL.PARTNO,SUM(" + quantity +
          ") AS QTY From CODETAIL Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='N1' And "
@@ -29,9 +26,6 @@ std::string bills(const std::string& assemblies) {
          "Where "
          "ASSMBOM.ASSMNO In (" +
          assemblies + ")";
-}
-std::string asked(const std::string& query) {
-  return "R1.Open " + query + " | C1 3 1 -1\nR1.Close\n";
 }
 const std::vector<std::string> bill_columns{"ASSMNO", "PARTNO", "ENGQTY", "URATE", "WSRATE"};
 
@@ -83,6 +77,29 @@ TEST_P(MaterialRequirement, MovementsForSalesOrdersAskTheSalesOrderAlone) {
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(4));
     EXPECT_EQ(each.database_calls(), opened + asked(of_sales_order) + asked(bills("'P1'")) + "C1.Close\n");
   }
+}
+
+TEST_P(MaterialRequirement, OfATypeInAnotherCaseIsThatOfAnyOther) {
+  stage.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 99}}});
+  stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 4}}});
+  for (const char* type : {"stk020missso", "STK021RTNSO "})
+    EXPECT_EQ(requirement(client(), "N1", "P1", type), quantity(99)) << type;
+}
+
+// The part is only looked for in what the sales order brings up, so its apostrophe does no harm there.
+TEST_P(MaterialRequirement, WritesOrderAndPartAsTheyStand) {
+  stage.finds("Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where SODTBOM.SONO='N'1'",
+              {{"PARTNO", "QTY"}, {{"it's", 4}}});
+  EXPECT_EQ(requirement(client(), "N'1", "it's"), quantity(4));
+  std::string query = of_production_order;
+  for (const auto& [plain, hostile] :
+       {std::pair<std::string, std::string>{"'N1'", "'N'1'"}, {"'P1'", "'it's'"}})
+    for (std::size_t at = 0; (at = query.find(plain, at)) != std::string::npos; at += hostile.size())
+      query.replace(at, plain.size(), hostile);
+  EXPECT_TRUE(tells("R1.Open " + query + " | C1 3 1 -1"));
+  EXPECT_TRUE(
+      tells("R1.Open Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where "
+            "SODTBOM.SONO='N'1' | C1 3 1 -1"));
 }
 
 TEST_P(MaterialRequirement, OfNobodyIsReported) {

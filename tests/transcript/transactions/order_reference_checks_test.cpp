@@ -11,9 +11,6 @@ class OrderReferenceChecks : public TransactionStage {
 };
 TALLYRA_ON_BOTH_KINDS(OrderReferenceChecks);
 
-const std::string opened =
-    "C1.Open 'DSN=x' '' '' -1\n"
-    "R1.CursorLocation = 2\n";
 const std::string ordered =
     "Select PODT.PONO,PODT.PARTNO,PODT.POQTY+PODT.DEDUCTQTY As POQTY From PODT Inner Join POHD On "
     "PODT.PONO=POHD.PONO Where PODT.PONO='N1' AND PODT.SN=3 And POHD.STATUSSN=1";
@@ -31,10 +28,6 @@ const std::string received = sums +
 const std::string returned = sums +
                              " AND STKTRANHD.TRANTYPE='STK010PORTN' And STKTRANHD.STATUSSN=1  Group By "
                              "STKTRANDT.REFERENCE,STKTRANDT.SN";
-
-std::string asked(const std::string& query) {
-  return "R1.Open " + query + " | C1 3 1 -1\nR1.Close\n";
-}
 
 TEST_P(OrderReferenceChecks, TellWhatOfAnOrderLineIsOrderedReceivedAndReturned) {
   {

@@ -12,9 +12,6 @@ class ReturnLineInsert : public TransactionStage {
 };
 TALLYRA_ON_BOTH_KINDS(ReturnLineInsert);
 
-const std::string opened =
-    "C1.Open 'DSN=x' '' '' -1\n"
-    "R1.CursorLocation = 2\n";
 const std::string structure =
     "R1.Open Select TOP 1 * From STKTRANDT | C1 3 1 -1\n"
     "R1.Close\n";
@@ -245,6 +242,32 @@ TEST_P(ReturnLineInsert, AShiftBeyondTheLineNumbersIsAnOverflowAndChangesNothing
     EXPECT_EQ(shifted, outcome == done);
     EXPECT_EQ(each.database_calls().ends_with("C1.RollbackTrans\nC1.Close\n"), !shifted);
   }
+}
+
+TEST_P(ReturnLineInsert, WritesNumberSupplierAndPartAsTheyStand) {
+  const std::string supplier =
+      "SELECT STKTRANHD.DEPTNOTO FROM STKTRANHD INNER JOIN SUPPLIERS ON STKTRANHD.DEPTNOTO =SUPPLIERS  "
+      "WHERE STKTRANHD.TRANNO='T'1'";
+  const std::string taken = "Select * From STKTRANDT Where TRANNO='T'1'  And SN=1";
+  const std::string shifted =
+      "Select STKTRANDT.* FROM STKTRANDT Where STKTRANDT.TRANNO='T'1' AND STKTRANDT.SN>=1  ORDER BY "
+      "STKTRANDT.SN DESC ";
+  stage.finds(supplier, {{"DEPTNOTO"}, {{"O'Neil"}}});
+  stage.finds(receipt_query("O'Neil", "it's"), {{"TRANNO"}, {{"T0"}}});
+  stage.finds(taken, {{"SN"}, {{1}}}).finds(shifted, {{"SN"}, {{1}}});
+  fields = Fields{{"PARTNO", "it's"}};
+  EXPECT_EQ(insert_return(client(), "T'1", 1, fields, 1), done);
+  EXPECT_EQ(stage.database_calls(),
+            opened + asked(supplier) + asked(receipt_query("O'Neil", "it's")) + structure + asked(taken) +
+                "C1.BeginTrans\n"
+                "R1.Open " +
+                shifted +
+                " | C1 3 1 -1\n"
+                "C1.Execute UPDATE STKTRANDT SET SN=2 Where TRANNO='T'1' AND SN=1 | -1\n"
+                "R1.Close\n"
+                "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
+                "C1.CommitTrans\n"
+                "C1.Close\n");
 }
 
 TEST_P(ReturnLineInsert, NumbersOutsideSixteenBitsNeverReachTheMethod) {

@@ -122,6 +122,20 @@ TEST_P(ReturnLineUpdate, ANewNumberDoesNotMoveTheCondition) {
   EXPECT_TRUE(stage.database_calls().ends_with(written));
 }
 
+TEST_P(ReturnLineUpdate, WritesTheNumberAsItStands) {
+  stage.set("Owner", 1);
+  EXPECT_EQ(update_return(client(), "T'1", 2, fields), done);
+  EXPECT_EQ(stage.database_calls(),
+            opened + asked("Select ADDBY from STKTRANDT WHERE TRANNO='T'1'") +
+                "C1.State\n"
+                "R1.CursorLocation = 2\n" +
+                asked("Select * From STKTRANDT Where TRANNO='T'1' AND SN=2") +
+                "C1.BeginTrans\n"
+                "C1.Execute <GetUpdateSQL STKTRANDT> Where TRANNO='T'1' And SN=2 | -1\n"
+                "C1.CommitTrans\n"
+                "C1.Close\n");
+}
+
 TEST_P(ReturnLineUpdate, ABuilderErrorIsCopiedBeforeAnyTransaction) {
   stage.set("CanUpdate", 1).set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
   EXPECT_EQ(play(), trapped(77, "no such column"));

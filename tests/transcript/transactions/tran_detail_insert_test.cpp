@@ -78,6 +78,21 @@ TEST_P(TranDetailInsert, AsksForTheTypeAsItIsGiven) {
   EXPECT_TRUE(tells("rights.PowerCheck 'stk010porev'"));
 }
 
+TEST_P(TranDetailInsert, WritesTheAddressAsItStands) {
+  const std::string by_document =
+      "Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='T'1' And STKTRANDT.REFERENCE=' r'1 ' And ";
+  for (const auto& [number, query] : {std::pair{Value(7), by_document + "STKTRANDT.SN=7"},
+                                      std::pair{Value(-1), by_document + "STKTRANDT.PARTNO='it's'"}}) {
+    Stage each(GetParam());
+    each.set("CanInsert", 1);
+    const Line line{.document = "T'1", .reference = " r'1 ", .part = "it's", .number = number};
+    EXPECT_EQ(write_line(each.client("CTranDetail"), "Insert", line, fields), done);
+    EXPECT_EQ(each.database_calls(), opened + asked(query) +
+                                         "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
+                                         "C1.Close\n");
+  }
+}
+
 TEST_P(TranDetailInsert, ABuilderErrorIsCopiedAndNothingIsExecuted) {
   stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
   EXPECT_EQ(play(), trapped(77, "no such column"));

@@ -89,12 +89,20 @@ TEST_P(TranHeadInsert, ACopyOfADocumentWithoutLinesCreatesTheHeaderAlone) {
                                         "C1.Close\n");
 }
 
-TEST_P(TranHeadInsert, AFailingStatementIsNotRolledBackButLetGo) {
-  stage.fails("Execute", Error(-2147217900, "syntax"));
-  EXPECT_EQ(play(), trapped(-2147217900, "syntax"));
-  EXPECT_TRUE(
-      stage.database_calls().ends_with("C1.BeginTrans\n"
-                                       "C1.Execute <GetInsertSQL STKTRANHD> | -1 ! syntax\n"));
+TEST_P(TranHeadInsert, NoFailureIsRolledBackTheConnectionIsLetGo) {
+  for (const char* failing :
+       {"BeginTrans", "<GetInsertSQL", "R1.Open SELECT * FROM STKTRANDT", "INSERT INTO", "CommitTrans"}) {
+    Stage each(GetParam());
+    each.set("CanInsert", 1).fails(failing, Error(-2147217900, "locked"));
+    each.finds(lines, {{"TRANNO", "REFERENCE", "SN", "PARTNO", "REFPARTNO", "MONO", "QTY", "VQTY", "UPRICE",
+                        "NOTES"},
+                       {{"T0", "", 1, "P1", "", "", 1, 0, 0, ""}}});
+    EXPECT_EQ(insert_head(each.client("CTranHead"), "T1", "STK010POREV", fields, "T0"),
+              trapped(-2147217900, "locked"))
+        << failing;
+    EXPECT_TRUE(each.database_calls().ends_with(" ! locked\n")) << failing;
+    EXPECT_EQ(each.transcript().find("RollbackTrans"), std::string::npos) << failing;
+  }
 }
 
 TEST_P(TranHeadInsert, ABlankNumberIsNotAnEmptyOne) {

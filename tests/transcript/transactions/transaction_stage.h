@@ -39,6 +39,18 @@ class TransactionStage : public testing::TestWithParam<const char*> {
 // Rights that are none: a right is the number 1 and nothing else.
 inline const Value no_rights[] = {0, 2, -1, 1.5, Null{}, true};
 
+// What a method tells that opens its connection to read, and each query that it closes again. To find out an
+// owner it goes to the last row, if there is any.
+inline const std::string opened =
+    "C1.Open 'DSN=x' '' '' -1\n"
+    "R1.CursorLocation = 2\n";
+inline std::string asked(const std::string& query) {
+  return "R1.Open " + query + " | C1 3 1 -1\nR1.Close\n";
+}
+inline std::string asked_to_the_end(const std::string& query) {
+  return "R1.Open " + query + " | C1 3 1 -1\nR1.MoveLast\nR1.Close\n";
+}
+
 // An open recordset on a connection of its own, as a builder may hand it back: R1 and C1 when it comes first.
 inline Object another_recordset() {
   const Object connection = automation::create("ADODB.Connection");
