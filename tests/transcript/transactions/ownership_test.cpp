@@ -1,46 +1,19 @@
-#include <functional>
-
-#include "tests/transcript/transactions/transaction_stage.h"
+#include "tests/transcript/transactions/writing_methods.h"
 
 // What holds of the owner test wherever CTranHead and CTranDetail make it.
 namespace tallyra::transactions_test {
 namespace {
 
-struct OwnersMethod {
-  const char* name;
-  const char* class_name;
-  std::string owner_query;
-  std::function<Outcome(const Object&)> play;
-};
+std::vector<WritingMethod> owners_methods() {
+  std::vector<WritingMethod> methods = writing_methods();
+  std::erase_if(methods, [](const WritingMethod& method) { return method.owner_query.empty(); });
+  return methods;
+}
 
-const std::string line_query =
-    "Select ADDBY from STKTRANDT WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND "
-    "STKTRANDT.SN=7";
-
-const OwnersMethod methods[] = {
-    {"header's Update", "CTranHead",
-     "Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='T1' AND STKTRANHD.TRANTYPE='X'",
-     [](const Object& object) {
-       Fields fields{{"QTY", 5}};
-       return update_head(object, "T1", "X", fields);
-     }},
-    {"header's Delete", "CTranHead", "Select ADDBY from STKTRANHD WHERE TRANNO='T1'",
-     [](const Object& object) { return delete_head(object, "T1", "X"); }},
-    {"line's Update", "CTranDetail", line_query,
-     [](const Object& object) {
-       Fields fields{{"QTY", 5}};
-       return write_line(object, "Update", {.number = 7}, fields);
-     }},
-    {"line's Delete", "CTranDetail", line_query,
-     [](const Object& object) { return delete_line(object, {.number = 7}); }},
-    {"UpdateRTN", "CTranDetail", "Select ADDBY from STKTRANDT WHERE TRANNO='T1'",
-     [](const Object& object) {
-       Fields fields{{"SN", "no number"}};
-       const Outcome outcome = update_return(object, "T1", 7, fields);
-       // Whether the new line number is one is asked once the owner is known.
-       return outcome == trapped(13, "Type mismatch") ? done : outcome;
-     }},
-};
+Outcome play(const WritingMethod& method, Stage& stage) {
+  Fields fields{{"QTY", 5}};
+  return method.play(stage.client(method.class_name), fields);
+}
 
 TEST(Ownership, IsComparedWithoutTheBlanksAroundBothNames) {
   const struct {
@@ -60,32 +33,45 @@ TEST(Ownership, IsComparedWithoutTheBlanksAroundBothNames) {
               {"", Null{}, done},
               {"  ", "", done},
               {"7", 7, done}};
-  for (const auto& method : methods)
+  for (const auto& method : owners_methods())
     for (const auto& [user, owner, outcome] : rows) {
       Stage stage;
       stage.user = user;
       stage.set("Owner", 1).finds(method.owner_query, {{"ADDBY"}, {{owner}}});
-      EXPECT_EQ(method.play(stage.client(method.class_name)), outcome)
+      EXPECT_EQ(play(method, stage), outcome)
           << method.name << " of '" << user << "' for " << stage::shown(owner);
+      const bool written = stage.transcript().find("Execute") != std::string::npos;
+      EXPECT_EQ(written, outcome == done) << method.name;
+      EXPECT_EQ(stage.database_calls().ends_with("R1.Close\nC1.Close\n"), !written) << stage.database_calls();
     }
 }
 
 TEST(Ownership, ThatCannotBeFoundOutIsNotRolledBack) {
-  for (const auto& method : methods)
+  for (const auto& method : owners_methods())
     for (const char* failing : {"C1.Open", "R1.CursorLocation", "R1.Open", "R1.EOF", "(ADDBY)", "R1.Close"}) {
       Stage stage;
       stage.set("Owner", 1).finds(method.owner_query, {{"ADDBY"}, {{"TESTER"}}});
       stage.fails(failing, Error(-2147217865, "gone"));
-      EXPECT_EQ(method.play(stage.client(method.class_name)), trapped(-2147217865, "gone")) << method.name;
+      EXPECT_EQ(play(method, stage), trapped(-2147217865, "gone")) << method.name;
       EXPECT_TRUE(stage.database_calls().ends_with(" ! gone\n")) << method.name << stage.database_calls();
     }
 }
 
+TEST(Ownership, OfWhatIsNotThereIsAnybodys) {
+  for (const auto& method : owners_methods()) {
+    Stage stage;
+    stage.set("Owner", 1);
+    EXPECT_EQ(play(method, stage), done) << method.name;
+    EXPECT_TRUE(stage.database_calls().starts_with(opened + asked(method.owner_query) + "C1.State\n"))
+        << stage.database_calls();
+  }
+}
+
 TEST(Ownership, IsOnlyAskedOfWhoLacksTheRight) {
-  for (const auto& method : methods) {
+  for (const auto& method : owners_methods()) {
     Stage stage;
     stage.set("Owner", 1).set("CanUpdate", 1).set("CanDelete", 1);
-    EXPECT_EQ(method.play(stage.client(method.class_name)), done) << method.name;
+    EXPECT_EQ(play(method, stage), done) << method.name;
     EXPECT_EQ(stage.transcript().find("Owner"), std::string::npos) << method.name;
     EXPECT_EQ(stage.transcript().find("ADDBY"), std::string::npos) << method.name;
   }

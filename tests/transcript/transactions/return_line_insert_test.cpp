@@ -69,29 +69,6 @@ TEST_P(ReturnLineInsert, ATakenNumberMovesItAndAllAboveUpTheHighestFirst) {
                 "C1.Close\n");
 }
 
-TEST_P(ReturnLineInsert, TestsTheCollectionsBeforeAnyRight) {
-  const Object object = client();
-  Fields none;
-  Fields uneven{{"QTY", 5}};
-  Fields::add(uneven.values, 6);
-  insert_return(object, "T1", 1, none);
-  for (Fields* each : {&none, &uneven}) {
-    stage.clear();
-    EXPECT_EQ(insert_return(object, "T1", 1, *each), refused(10000002));
-    EXPECT_EQ(stage.database_calls() + stage.rights_calls(), "");
-  }
-}
-
-TEST_P(ReturnLineInsert, OnlyTheNumberOneIsARightAndOwnersHaveNone) {
-  stage.set("Owner", 1);
-  for (const Value& right : no_rights) {
-    stage.set("CanInsert", right);
-    EXPECT_EQ(play(1, 1), refused(10000016)) << stage::shown(right);
-  }
-  EXPECT_EQ(stage.database_calls(), "");
-  EXPECT_EQ(stage.transcript().find("Owner"), std::string::npos);
-}
-
 TEST_P(ReturnLineInsert, ChecksTheSupplierForAnyKindOtherThanZero) {
   for (const Value& kind : {Value(1), Value(2), Value(-1), Value(32767)}) {
     Stage each(GetParam());
@@ -156,12 +133,6 @@ TEST_P(ReturnLineInsert, TheDatabasesAnswerToTheShortJoinConditionComesBack) {
   stage.fails("=SUPPLIERS  WHERE", Error(-2147217900, "no such column: SUPPLIERS"));
   EXPECT_EQ(play(1, 1), trapped(-2147217900, "no such column: SUPPLIERS"));
   EXPECT_TRUE(stage.database_calls().ends_with("! no such column: SUPPLIERS\n"));
-}
-
-TEST_P(ReturnLineInsert, ABuilderErrorIsCopiedAndNothingIsExecuted) {
-  stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
-  EXPECT_EQ(play(), trapped(77, "no such column"));
-  EXPECT_EQ(stage.database_calls(), opened + structure + "C1.Close\n");
 }
 
 TEST_P(ReturnLineInsert, RollsTheWholeShiftBackWhenAnyOfItFails) {

@@ -59,20 +59,6 @@ TEST_P(TranDetailDelete, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
     }
 }
 
-TEST_P(TranDetailDelete, WhoDidNotCreateTheLineIsRefused) {
-  stage.set("Owner", 1).finds("Select ADDBY from STKTRANDT" + address + "SN=7", {{"ADDBY"}, {{"OTHER"}}});
-  EXPECT_EQ(delete_line(client(), {.number = 7}), refused(10000016));
-  EXPECT_TRUE(stage.database_calls().ends_with("R1.MoveLast\nR1.Close\nC1.Close\n"));
-}
-
-TEST_P(TranDetailDelete, OnlyTheNumberOneIsARight) {
-  for (const Value& right : no_rights) {
-    stage.set("CanDelete", right).set("Owner", right);
-    EXPECT_EQ(delete_line(client(), {}), refused(10000016)) << stage::shown(right);
-  }
-  EXPECT_EQ(stage.database_calls(), "");
-}
-
 TEST_P(TranDetailDelete, RollsBackAndClosesWhenItFails) {
   for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
     Stage each(GetParam());

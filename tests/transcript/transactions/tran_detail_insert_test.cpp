@@ -26,15 +26,9 @@ TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
     Stage each(GetParam());
     each.set("CanInsert", 1);
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Insert", {.number = number}, fields), done);
-    EXPECT_EQ(each.database_calls(),
-              "C1.Open 'DSN=x' '' '' -1\n"
-              "R1.CursorLocation = 2\n"
-              "R1.Open " +
-                  query +
-                  " | C1 3 1 -1\n"
-                  "R1.Close\n"
-                  "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
-                  "C1.Close\n");
+    EXPECT_EQ(each.database_calls(), opened + asked(query) +
+                                         "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
+                                         "C1.Close\n");
     EXPECT_TRUE(
         each.rights_calls().ends_with("rights.PowerCheck 'STK010POREV'\n"
                                       "rights.CanInsert\n"
@@ -44,33 +38,10 @@ TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
   }
 }
 
-TEST_P(TranDetailInsert, TestsTheCollectionsBeforeAnyRight) {
-  const Object object = client();
-  Fields none;
-  Fields uneven{{"QTY", 5}};
-  Fields::add(uneven.values, 6);
-  write_line(object, "Insert", {}, none);
-  for (Fields* each : {&none, &uneven}) {
-    stage.clear();
-    EXPECT_EQ(write_line(object, "Insert", {}, *each), refused(10000002));
-    EXPECT_EQ(stage.database_calls() + stage.rights_calls(), "");
-  }
-}
-
 TEST_P(TranDetailInsert, ALineThatIsThereIsRefused) {
   stage.finds(address + "SN=7", {{"SN"}, {{7}}});
   EXPECT_EQ(play({.number = 7}), refused(10000004));
   EXPECT_TRUE(stage.database_calls().ends_with("SN=7 | C1 3 1 -1\nR1.Close\nC1.Close\n"));
-}
-
-TEST_P(TranDetailInsert, OnlyTheNumberOneIsARightAndOwnersHaveNone) {
-  stage.set("Owner", 1);
-  for (const Value& right : no_rights) {
-    stage.set("CanInsert", right);
-    EXPECT_EQ(play(), refused(10000016)) << stage::shown(right);
-  }
-  EXPECT_EQ(stage.database_calls(), "");
-  EXPECT_EQ(stage.transcript().find("Owner"), std::string::npos);
 }
 
 TEST_P(TranDetailInsert, AsksForTheTypeAsItIsGiven) {
@@ -91,13 +62,6 @@ TEST_P(TranDetailInsert, WritesTheAddressAsItStands) {
                                          "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
                                          "C1.Close\n");
   }
-}
-
-TEST_P(TranDetailInsert, ABuilderErrorIsCopiedAndNothingIsExecuted) {
-  stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
-  EXPECT_EQ(play(), trapped(77, "no such column"));
-  EXPECT_TRUE(stage.database_calls().ends_with("R1.Close\nC1.Close\n"));
-  EXPECT_EQ(stage.transcript().find("Execute"), std::string::npos);
 }
 
 TEST_P(TranDetailInsert, AnErrorOfTheDatabaseComesBackWithTheConnectionLetGo) {

@@ -54,19 +54,6 @@ TEST_P(TranDetailUpdate, AppendsTheConditionOfNumberOrPart) {
   }
 }
 
-TEST_P(TranDetailUpdate, TestsTheCollectionsBeforeAnyRight) {
-  const Object object = client();
-  Fields none;
-  Fields uneven{{"QTY", 5}};
-  Fields::add(uneven.values, 6);
-  write_line(object, "Update", {}, none);
-  for (Fields* each : {&none, &uneven}) {
-    stage.clear();
-    EXPECT_EQ(write_line(object, "Update", {}, *each), refused(10000002));
-    EXPECT_EQ(stage.database_calls() + stage.rights_calls(), "");
-  }
-}
-
 TEST_P(TranDetailUpdate, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
   const struct {
     Value number;
@@ -97,16 +84,6 @@ TEST_P(TranDetailUpdate, TheOwnerQueryOfAPurchaseReturnIsWellFormed) {
   EXPECT_TRUE(tells("R1.Open Select ADDBY from STKTRANDT WHERE " + address + "SN=7 | C1 3 1 -1"));
 }
 
-TEST_P(TranDetailUpdate, WhoDidNotCreateTheLineIsRefusedWithEverythingClosed) {
-  for (const Value& owner : {Value("OTHER"), Value("tester"), Value("")}) {
-    Stage each(GetParam());
-    each.set("Owner", 1);
-    each.finds("Select ADDBY from STKTRANDT WHERE " + address + "SN=7", {{"ADDBY"}, {{owner}}});
-    EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.number = 7}, fields), refused(10000016));
-    EXPECT_TRUE(each.database_calls().ends_with("R1.MoveLast\nR1.Close\nC1.Close\n"));
-  }
-}
-
 TEST_P(TranDetailUpdate, OfSeveralLinesTheLastOneTellsTheOwner) {
   const std::string owner_query = "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' ";
   stage.set("Owner", 1);
@@ -114,21 +91,6 @@ TEST_P(TranDetailUpdate, OfSeveralLinesTheLastOneTellsTheOwner) {
   stage.finds(owner_query, {{"ADDBY"}, {{"TESTER"}, {"OTHER"}}});
   EXPECT_EQ(play(), done);
   EXPECT_EQ(play(), refused(10000016));
-}
-
-TEST_P(TranDetailUpdate, OnlyTheNumberOneIsARight) {
-  for (const Value& right : no_rights) {
-    stage.set("CanUpdate", right).set("Owner", right);
-    EXPECT_EQ(play(), refused(10000016)) << stage::shown(right);
-  }
-  EXPECT_EQ(stage.database_calls(), "");
-}
-
-TEST_P(TranDetailUpdate, ABuilderErrorIsCopiedAndNothingIsExecuted) {
-  stage.set("CanUpdate", 1).set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
-  EXPECT_EQ(play(), trapped(77, "no such column"));
-  EXPECT_TRUE(stage.database_calls().ends_with("R1.Close\nC1.Close\n"));
-  EXPECT_EQ(stage.transcript().find("Execute"), std::string::npos);
 }
 
 TEST_P(TranDetailUpdate, TheDatabasesAnswerToTheOpenParenthesisComesBack) {
