@@ -44,7 +44,7 @@ Sub DoStep(action)
     Case "open"
       OpenCheck NextArgument(), NextArgument()
     Case "count"
-      CountPart NextArgument(), CDbl(NextArgument()), CDbl(NextArgument())
+      CountPart NextArgument(), NumberOf(NextArgument()), NumberOf(NextArgument())
     Case "show"
       ShowCheck
     Case "approve"
@@ -195,6 +195,17 @@ End Sub
 
 Function Reason(servedBy)
   Reason = "error " & CLng(servedBy.ErrNumber) & " " & servedBy.ErrDescription
+End Function
+
+' Quantities and prices are given with a decimal point. CDbl would read them as the user's language writes them.
+Function NumberOf(text)
+  Dim point
+  point = InStr(text, ".")
+  If point = 0 Then
+    NumberOf = CDbl(text)
+  Else
+    NumberOf = CDbl(Left(text, point - 1) & Mid(text, point + 1)) / 10 ^ (Len(text) - point)
+  End If
 End Function
 
 ' Fields are written as name, value, name, value, ... and cross as two collections.

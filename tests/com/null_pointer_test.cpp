@@ -87,7 +87,9 @@ TEST_F(NullPointer, InEveryPlaceAloneIsAnswered) {
       TableCall call(function);
       if (!call.is_pointer(place)) continue;
       call.point_nowhere(place);
-      EXPECT_EQ(call.on(object), E_POINTER) << place;
+      // A client that was compiled has no other way to leave an argument out.
+      const bool optional = (function.lprgelemdescParam[place].paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
+      EXPECT_EQ(call.on(object), optional ? S_OK : E_POINTER) << place;
     }
   });
 }

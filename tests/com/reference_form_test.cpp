@@ -133,7 +133,7 @@ TEST_F(ReferenceForm, WhatFitsIsWrittenThoughSomethingBeforeItDoesNot) {
   WireCall call{.id = 1,
                 .arguments = {reference(VT_I2, &first), reference(VT_I4, &second), reference(VT_I2, &third)}};
   EXPECT_EQ(call.on(object_.get()), DISP_E_EXCEPTION);
-  EXPECT_EQ(call.failure.scode, DISP_E_OVERFLOW);
+  EXPECT_EQ(call.failure.scode, automation::hresult_of_raised(automation::error_number::overflow));
   EXPECT_EQ(call.argument_at_fault, 2U) << "the first one that does not fit";
   EXPECT_EQ(first, 1);
   EXPECT_EQ(second, 70000);

@@ -215,7 +215,11 @@ class Obstacle {
               ERROR_SUCCESS);
     RegCloseKey(key);
   }
-  ~Obstacle() { RegDeleteTreeW(root_, path_.c_str()); }
+  ~Obstacle() {
+    RegDeleteTreeW(root_, path_.c_str());
+    // Refused where it holds other keys, which were there before.
+    RegDeleteKeyW(root_, path_.substr(0, path_.rfind(L'\\')).c_str());
+  }
   Obstacle(const Obstacle&) = delete;
   Obstacle& operator=(const Obstacle&) = delete;
 
@@ -299,13 +303,11 @@ TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
     for (const auto& name : obstacles) {
       SCOPED_TRACE(testing::PrintToString(name));
       const Obstacle obstacle(root, name);
-      const auto machine = registered(HKEY_LOCAL_MACHINE);
-      const auto user = registered(HKEY_CURRENT_USER);
       const HRESULT code = root == HKEY_LOCAL_MACHINE ? dll_.register_server() : dll_.install(true, L"user");
       EXPECT_EQ(code, HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE));
-      EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine);
-      EXPECT_EQ(registered(HKEY_CURRENT_USER), user);
     }
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine_before_);
+  EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
 }
 
 }  // namespace
