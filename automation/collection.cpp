@@ -1,5 +1,7 @@
 #include "automation/collection.h"
 
+#include <utility>
+
 #include "automation/convert.h"
 
 namespace tallyra::automation {
@@ -37,7 +39,10 @@ Value Collection::item(Arguments arguments) {
 
 Value Collection::remove(Arguments arguments) {
   expect_arguments(arguments, 1, 1);
-  items_.erase(at(arguments[0].get()));
+  const auto place = at(arguments[0].get());
+  // An object that goes may use the collection while it does, so it goes last.
+  const Value removed = std::move(*place);
+  items_.erase(place);
   return {};
 }
 

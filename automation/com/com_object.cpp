@@ -150,7 +150,11 @@ HRESULT ComObject::run(DISPID id, Access access, const DISPPARAMS& parameters, V
     value = object_.invoke(id, access, arguments);
   } catch (...) {
     // What has been set stays set.
-    incoming.write_back();
+    try {
+      incoming.write_back();
+    } catch (...) {
+      // What does not fit is of less interest than the failure.
+    }
     throw;
   }
   incoming.write_back();

@@ -111,7 +111,11 @@ Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
     if (answer.argument_at_fault < arguments.size())
       answer.failure->blame_argument(static_cast<int>(arguments.size() - answer.argument_at_fault));
     // A variable that the callee has set before it failed is set.
-    outgoing.take_back();
+    try {
+      outgoing.take_back();
+    } catch (...) {
+      // What does not fit is of less interest than the failure.
+    }
     throw *answer.failure;
   }
   outgoing.take_back();

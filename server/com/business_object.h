@@ -103,6 +103,8 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
   // an optional argument out: callers of the interface have no other way to do that.
   template <class Result, class... Arguments>
   HRESULT call(DISPID id, Result* result, Arguments... arguments) noexcept {
+    // What an earlier call has left for its caller is not this call's.
+    SetErrorInfo(0, nullptr);
     if (!result) return E_POINTER;
     *result = Result();
     std::size_t place = 0;
@@ -121,6 +123,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
 
  private:
   HRESULT put(DISPID id, BSTR text) noexcept {
+    SetErrorInfo(0, nullptr);
     const automation::com::Pointer<BusinessObject> alive(this);
     automation::Value nothing;
     return run(id, automation::Access::put, nothing, text);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
 namespace tallyra::server::com {
 
 // Each business object holds one. When the last one of a thread goes, the collaborators of that thread go
@@ -15,10 +13,10 @@ class ThreadUse {
   ThreadUse(const ThreadUse&) = delete;
   ThreadUse& operator=(const ThreadUse&) = delete;
 
-  bool on_own_thread() const { return GetCurrentThreadId() == thread_; }
+  bool on_own_thread() const;
 
  private:
-  DWORD thread_;
+  unsigned long thread_;
 };
 
 }  // namespace tallyra::server::com

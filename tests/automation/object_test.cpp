@@ -99,6 +99,30 @@ TEST(ACollection, CountsFromOneAndForgetsWhatIsRemoved) {
     EXPECT_EQ(error_of([&] { collection.call("Item", position); }), error_number::bad_index);
 }
 
+// Puts something in its own place when it goes.
+class LastWord : public Implements<LastWord> {
+ public:
+  static const MemberTable<LastWord>& members() {
+    static const MemberTable<LastWord> none{};
+    return none;
+  }
+  explicit LastWord(Collection& collection) : collection_(collection) {}
+  ~LastWord() override { collection_.add(std::array{Argument(Value("last word"))}); }
+
+ private:
+  Collection& collection_;
+};
+
+TEST(ACollection, MayBeUsedByTheObjectThatIsRemoved) {
+  const Object collection = make_object<Collection>();
+  collection.call("Add", "first");
+  collection.call("Add", make_object<LastWord>(dynamic_cast<Collection&>(*collection.dispatch())));
+  for (int i = 0; i < 10; ++i) collection.call("Add", "a text that is too long to lie within a value itself");
+  collection.call("Remove", 2);
+  EXPECT_EQ(collection.get("Count"), Value(12));
+  EXPECT_EQ(collection.call("Item", 12), Value("last word"));
+}
+
 TEST(ACollection, KeepsValuesAsTheyAre) {
   const Object collection = make_object<Collection>();
   const Value values[] = {Value(),

@@ -222,5 +222,14 @@ TEST_F(ReferenceForm, WhatWasSetBeforeAFailureIsSet) {
   EXPECT_EQ(value_in(variable.raw()), Value("new"));
 }
 
+TEST_F(ReferenceForm, AFailureIsToldThoughWhatWasSetDoesNotFit) {
+  SHORT variable = 1;
+  echo_->replacement = 70000;
+  WireCall call{.id = 3, .arguments = {reference(VT_I2, &variable)}};
+  EXPECT_EQ(call.on(object_.get()), DISP_E_EXCEPTION);
+  EXPECT_EQ(call.failure.scode, static_cast<SCODE>(0x800A0E78));
+  EXPECT_EQ(variable, 1);
+}
+
 }  // namespace
 }  // namespace tallyra::tests::com
