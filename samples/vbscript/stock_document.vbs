@@ -147,13 +147,13 @@ Sub EnterReturn
   Expect "the error", detail.ErrNumber, neverReceived
 End Sub
 
-' The three quantities come back in the arguments.
+' The three quantities come back in the arguments. What went back is stored below zero, and is open again.
 Sub ShowOrderLine(sn)
   Dim ordered, received, returned
   doing = "asking for line " & sn & " of " & purchaseOrder
   Require detail, detail.PORefQty(purchaseOrder, sn, ordered, received, returned, "PO")
   WScript.Echo "order " & purchaseOrder & " line " & sn & ": " & ordered & " ordered, " & received & " received, " & _
-    returned & " returned, " & (ordered - received + returned) & " open"
+    returned & " returned, " & (ordered - received - returned) & " open"
   If received = 0 Then Fail "nothing has been received"
 End Sub
 

@@ -200,6 +200,7 @@ End Function
 ' Quantities and prices are given with a decimal point. CDbl would read them as the user's language writes them.
 Function NumberOf(text)
   Dim point
+  If InStr(text, ",") > 0 Then Fail text & " is no number with a decimal point"
   point = InStr(text, ".")
   If point = 0 Then
     NumberOf = CDbl(text)

@@ -8,11 +8,11 @@ source "$repository/scripts/wine.sh"
 for part in checks classes documents; do source "$repository/scripts/demo/$part.sh"; done
 cd "$repository"
 
-# Every row of a table in an order of its own, without the moments at which it was written.
+# Every row of a table in an order of its own. Of the moments at which it was written only whether there are any.
 written_rows() {
   local columns
-  columns=$(query "SELECT group_concat(name) FROM pragma_table_info('$1')
-                   WHERE name NOT IN ('ADDDT','EDITDT','STATUSDT')" "$2")
+  columns=$(query "SELECT group_concat(CASE WHEN name IN ('ADDDT','EDITDT','STATUSDT') THEN name||' IS NULL' ELSE name END)
+                   FROM pragma_table_info('$1')" "$2")
   sqlite3 -readonly -quote "$2" "SELECT $columns FROM $1 WHERE ${3:-1} ORDER BY $columns"
 }
 # same WHAT NAME: whether both files that are called so are the same.
@@ -24,7 +24,8 @@ say "What was printed and stored, against the native classes"
 cp "$native/printed.txt" "$folder/printed.native"
 cp "$folder/printed.txt" "$folder/printed.dll"
 same "each of the $(wc -l <"$native/printed.txt") printed lines is the same" printed
-for table in STKTRANHD STKTRANDT STKCLOSEHD STKCHECKHD STKCHECKDT; do
+for table in $(query "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY name" \
+  "$native/company.db"); do
   written_rows $table "$native/company.db" >"$folder/$table.native"
   written_rows $table "$folder/company.db" >"$folder/$table.dll"
   same "$table is the same in all of its $(wc -l <"$folder/$table.native") rows" $table

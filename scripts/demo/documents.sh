@@ -6,7 +6,8 @@ document_prefix=DEMO
 issue=$document_prefix-1 copy=$document_prefix-2 return=$document_prefix-3
 issue_type=STK020MISS return_type=STK011PORTN
 
-# A production order that lists several parts, and a purchase order whose lines 1 to 4 have been received.
+# A production order that lists several parts, and a purchase order whose lines 1 to 4 have been received; one of which
+# something has gone back already, if there is such an order.
 choose_orders() {
   production_order=$(query "SELECT H.CONO FROM COHD H JOIN CODETAIL D ON D.CONO=H.CONO
                             WHERE H.STATUSSN=1 GROUP BY H.CONO HAVING count(DISTINCT D.PARTNO)>1 ORDER BY 1 LIMIT 1")
@@ -16,8 +17,21 @@ choose_orders() {
       SELECT 1 FROM STKTRANDT R JOIN STKTRANHD H ON H.TRANNO=R.TRANNO
       WHERE R.REFERENCE=P.PONO AND R.SN=L.SN AND R.PARTNO=L.PARTNO
         AND H.TRANTYPE='STK010POREV' AND H.DEPTNOTO=P.SUPPLIERNO AND H.STATUSSN=1)
-    GROUP BY P.PONO HAVING count(*)=4 ORDER BY 1 LIMIT 1")
+    GROUP BY P.PONO HAVING count(*)=4
+    ORDER BY (SELECT count(*) FROM STKTRANDT T JOIN STKTRANHD H ON H.TRANNO=T.TRANNO
+              WHERE T.REFERENCE=P.PONO AND T.SN<=4 AND H.TRANTYPE='STK010PORTN' AND H.STATUSSN=1)=0, 1 LIMIT 1")
   [ -n "$production_order" ] && [ -n "$purchase_order" ] || { echo "The company has no such orders." >&2 && return 1; }
+}
+
+# The lines 1 to 4 of the purchase order as both kinds of client print them. What went back is stored below zero.
+order_lines() {
+  local moved="SELECT sum(T.QTY) FROM STKTRANDT T JOIN STKTRANHD H ON H.TRANNO=T.TRANNO
+               WHERE T.REFERENCE=L.PONO AND T.SN=L.SN AND H.STATUSSN=1 AND H.TRANTYPE"
+  query "SELECT printf('order %s line %d: %.15g ordered, %.15g received, %.15g returned, %.15g open',
+                       PONO, SN, ORDERED, RECEIVED, RETURNED, ORDERED-RECEIVED-RETURNED)
+         FROM (SELECT L.PONO, L.SN, L.POQTY+L.DEDUCTQTY AS ORDERED, coalesce(($moved='STK010POREV'),0) AS RECEIVED,
+                      coalesce(($moved='STK010PORTN'),0) AS RETURNED
+               FROM PODT L WHERE L.PONO='$purchase_order' AND L.SN<=4 ORDER BY L.SN)"
 }
 
 # insert_document NUMBER TYPE TARGET [ORIGINAL]

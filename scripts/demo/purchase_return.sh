@@ -20,7 +20,9 @@ show_order_line() {
   local quantities ordered received returned
   quantities=$(quantities_of "$purchase_order" "$1" PO)
   read -r ordered received returned <<<"$quantities"
-  echo "order $purchase_order line $1: $ordered ordered, $received received, $returned returned"
+  # What went back is stored below zero, and is open again.
+  echo "order $purchase_order line $1: $ordered ordered, $received received, $returned returned," \
+    "$(query "SELECT printf('%.15g', $ordered-$received-($returned))") open"
 }
 
 # Its lines 1 to 3 are the lines 2 to 4 of the order.
@@ -50,8 +52,10 @@ change_and_approve_return() {
 }
 
 show_return() {
-  local line
-  for line in 1 2 3 4; do show_order_line $line; done
+  local line quantities told
+  quantities=$(order_lines)
+  told=$(for line in 1 2 3 4; do show_order_line $line; done)
+  printf '%s\n' "$told"
   enter_return
   echo "Entered without the first line of the order:"
   show_documents $return
@@ -59,6 +63,7 @@ show_return() {
   change_and_approve_return
   echo "The first line inserted, so that the others move, line 2 changed, line 4 deleted, the document approved:"
   show_documents $return
+  check "the order's quantities are those of its documents" "$told" "$quantities"
   check "purchase order and return are told apart" "$order_kind $return_kind" "1 2"
   check "a part that was never received is not sent back" "$never_received" 10000115
   check "a line inserted as line 1 moves lines 1, 2, 3 to 2, 3, 4" "$lines_shifted" "1:-1.0,2:-1.0,3:-1.0,4:-1.0"

@@ -11,7 +11,12 @@ lead_through_life() {
   wine_client "$samples/stock_document.vbs" "$connection" ADMIN "$1" "$document_date" $document_department \
     "$production_order" "$purchase_order"
 }
-lead_through_life $document_prefix
+quantities=$(order_lines)
+output=$(lead_through_life $document_prefix)
+printf '%s\n' "$output"
+# The script shows numbers as its user writes them.
+told=$(sed -n '/^order .* open$/{s/\([0-9]\),\([0-9]\)/\1.\2/g;p}' <<<"$output")
+check "the order's quantities are those of its documents" "$told" "$quantities"
 check_documents
 
 wine_client "$samples/month_end.vbs" "$connection" ADMIN close 2024/02/29
