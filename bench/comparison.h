@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tallyra::bench {
@@ -15,6 +16,8 @@ struct Scenario {
   // Does the work and returns the rows it has written or handled.
   std::function<std::uint64_t(const std::string& database)> run;
   int rounds = 7;
+  // What the ratio must not exceed; none where a run is so short that the disk decides.
+  std::optional<double> limit = {};
 };
 
 struct Comparison {

@@ -20,16 +20,22 @@ using tallyra::bench::Comparison;
 using tallyra::bench::Scenario;
 
 void print_head() {
-  std::printf("%-16s %-22s %9s %9s %6s %9s %9s %8s %9s %9s\n", "work", "size", "component", "replay", "ratio",
-              "rows", "rows/s", "stmts", "peak", "replay's");
+  std::printf("%-16s %-24s %9s %9s %6s %6s %9s %9s %8s %9s %9s\n", "work", "size", "component", "replay",
+              "ratio", "limit", "rows", "rows/s", "stmts", "peak", "replay's");
+}
+
+bool exceeds_limit(const Scenario& scenario, const Comparison& result) {
+  return scenario.limit && result.ratio > *scenario.limit;
 }
 
 void print(const Scenario& scenario, const Comparison& result) {
-  std::printf("%-16s %-22s %7.3f s %7.3f s %6.3f %9llu %9.0f %8llu %6.1f MB %6.1f MB\n",
+  char limit[16] = "";
+  if (scenario.limit) std::snprintf(limit, sizeof limit, "%.2f", *scenario.limit);
+  std::printf("%-16s %-24s %7.3f s %7.3f s %6.3f %6s %9llu %9.0f %8llu %6.1f MB %6.1f MB%s\n",
               scenario.name.c_str(), scenario.size.c_str(), result.component_seconds, result.replay_seconds,
-              result.ratio, static_cast<unsigned long long>(result.rows), result.rows_per_second,
+              result.ratio, limit, static_cast<unsigned long long>(result.rows), result.rows_per_second,
               static_cast<unsigned long long>(result.statements), result.component_megabytes,
-              result.replay_megabytes);
+              result.replay_megabytes, exceeds_limit(scenario, result) ? "  above the limit" : "");
   std::fflush(stdout);
 }
 
@@ -39,7 +45,8 @@ int main(int argc, char** argv) {
   CLI::App app{
       "Holds the component against a replay of its own statements through plain ODBC: ratio of the medians "
       "of\n"
-      "interleaved runs on copies of one database, rows per second and peak memory."};
+      "interleaved runs on copies of one database, rows per second and peak memory. Ends with 1 when a ratio "
+      "is above its limit."};
   std::string schema;
   std::string folder = "build/bench-data";
   bool quick = false;
@@ -68,11 +75,14 @@ int main(int argc, char** argv) {
   }
   try {
     print_head();
+    bool within_limits = true;
     for (auto& scenario : scenarios) {
       scenario.rounds = rounds;
-      print(scenario, compare(scenario, folder));
+      const Comparison result = compare(scenario, folder);
+      print(scenario, result);
+      within_limits = within_limits && !exceeds_limit(scenario, result);
     }
-    return 0;
+    return within_limits ? 0 : 1;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "tallyra-bench: %s\n", error.what());
     return 1;

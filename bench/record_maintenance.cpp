@@ -12,6 +12,7 @@ using automation::Value;
 Scenario record_maintenance(int rounds, const std::string& schema) {
   Scenario scenario;
   scenario.name = "shipping notes";
+  scenario.limit = 1.15;
   scenario.size = std::to_string(rounds) + " rounds of 4";
   scenario.prepare = [=](const std::string& database) {
     samples::company::Options options;

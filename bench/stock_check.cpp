@@ -48,6 +48,7 @@ std::uint64_t posted_lines(const std::string& database) {
 Scenario stock_check(int departments, int parts, int lines, int months, const std::string& schema) {
   Scenario scenario;
   scenario.name = "stock check";
+  scenario.limit = 1.05;
   scenario.size =
       std::to_string(parts / 4) + " over " + std::to_string(lines) + ", " + std::to_string(months) + " mo.";
   scenario.prepare = [=](const std::string& database) {
