@@ -2,40 +2,13 @@
 #include <olectl.h>
 
 #include "tests/com/business_objects.h"
+#include "tests/com/counting_sink.h"
 
 // Connecting to the events of the month close.
 namespace tallyra::tests::com {
 namespace {
 
 using automation::com::query;
-
-// What a client connects; answers to the interfaces that the test says.
-class Sink : public IDispatch {
- public:
-  explicit Sink(IID answers) : answers_(answers) {}
-
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
-    *out = id == IID_IUnknown || id == answers_ ? this : nullptr;
-    if (!*out) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    ++calls;
-    return S_OK;
-  }
-
-  ULONG references = 1;
-  int calls = 0;
-
- private:
-  IID answers_;
-};
 
 class Events : public testing::Test {
  protected:
@@ -51,7 +24,7 @@ class Events : public testing::Test {
 
 TEST_F(Events, AClientConnectsAndDisconnects) {
   for (const IID& answers : {DIID___CStockClose, IID_IDispatch}) {
-    Sink sink(answers);
+    CountingSink sink(answers);
     DWORD cookie = 0;
     ASSERT_EQ(point()->Advise(&sink, &cookie), S_OK);
     EXPECT_NE(cookie, 0U);
@@ -59,11 +32,12 @@ TEST_F(Events, AClientConnectsAndDisconnects) {
     EXPECT_EQ(point()->Unadvise(cookie), S_OK);
     EXPECT_EQ(sink.references, 1U);
     EXPECT_EQ(point()->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+    EXPECT_EQ(sink.calls, 0) << "connecting is no event";
   }
 }
 
 TEST_F(Events, ConnectionsEndWithTheObject) {
-  Sink sink(DIID___CStockClose);
+  CountingSink sink(DIID___CStockClose);
   DWORD cookie = 0;
   ASSERT_EQ(point()->Advise(&sink, &cookie), S_OK);
   container_ = {};
@@ -72,10 +46,10 @@ TEST_F(Events, ConnectionsEndWithTheObject) {
 }
 
 // Uses the object that lets it go, as if that were a call like any other.
-class LingeringSink : public Sink {
+class LingeringSink : public CountingSink {
  public:
   LingeringSink(IConnectionPointContainer& object, IConnectionPoint& point)
-      : Sink(IID_IDispatch), object_(object), point_(point) {}
+      : CountingSink(IID_IDispatch), object_(object), point_(point) {}
 
   STDMETHODIMP_(ULONG) Release() override {
     if (references == 2 && !let_go) {
@@ -87,7 +61,7 @@ class LingeringSink : public Sink {
       DWORD again = 0;
       advise_code = point_.Advise(this, &again);
     }
-    return Sink::Release();
+    return CountingSink::Release();
   }
 
   DWORD cookie = 0;
@@ -145,7 +119,7 @@ TEST_F(Events, PointsAndConnectionsAreEnumerated) {
   Pointer<IConnectionPoint> second;
   EXPECT_EQ(points->Next(1, second.out(), nullptr), S_FALSE);
 
-  Sink sink(IID_IDispatch);
+  CountingSink sink(IID_IDispatch);
   DWORD cookies[2];
   for (DWORD& cookie : cookies) ASSERT_EQ(first->Advise(&sink, &cookie), S_OK);
   Pointer<IEnumConnections> connections;
@@ -165,7 +139,7 @@ TEST_F(Events, PointsAndConnectionsAreEnumerated) {
 
 TEST_F(Events, NullPointersAndForeignSinksAreRefused) {
   DWORD cookie = 7;
-  Sink mute(IID_IUnknown);
+  CountingSink mute(IID_IUnknown);
   EXPECT_EQ(point()->Advise(&mute, &cookie), CONNECT_E_CANNOTCONNECT);
   EXPECT_EQ(cookie, 0U);
   EXPECT_EQ(point()->Advise(nullptr, &cookie), E_POINTER);

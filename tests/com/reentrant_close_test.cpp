@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <ocidl.h>
 
 #include <functional>
+#include <utility>
 
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
@@ -8,6 +10,7 @@
 #include "samples/company/database.h"
 #include "samples/company/generator.h"
 #include "tallyra.h"
+#include "tests/com/counting_sink.h"
 #include "tests/com/server_dll.h"
 #include "tests/com/wire_call.h"
 #include "tests/folder/test_folder.h"
@@ -17,6 +20,8 @@ namespace tallyra::tests::com {
 namespace {
 
 namespace company = samples::company;
+
+constexpr float no_right = 10000016;
 
 // A window of the client's that does something again and again when the client's loop gets a turn.
 class ClientWindow {
@@ -72,15 +77,50 @@ class ReentrantClose : public testing::Test {
     company::generate(options, [](int) {});
   }
 
+  // A new object with a session of its own on the company.
   template <class I>
-  Pointer<I> opened(REFCLSID class_id) const {
+  Pointer<I> opened(REFCLSID class_id, const char* user = "ADMIN", const char* language = "EN") const {
     auto object = dll_.create<I>(class_id);
     EXPECT_EQ(object->put_ConnectionString(
                   Text("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";Timeout=5000").in()),
               S_OK);
-    EXPECT_EQ(object->put_UserID(Text("ADMIN").in()), S_OK);
+    EXPECT_EQ(object->put_UserID(Text(user).in()), S_OK);
+    EXPECT_EQ(object->put_Language(Text(language).in()), S_OK);
     EXPECT_EQ(object->put_SystemDatabase(Text("MSACCESS").in()), S_OK);
     return object;
+  }
+
+  // Closes January; the object need not outlive the call.
+  float closed_by(_CStockClose* close) const {
+    IDispatch* names = list_of("CLOSEDT").detach();
+    IDispatch* values = list_of("2024/01/31").detach();
+    float result = 0;
+    EXPECT_EQ(close->Insert(day_.raw(), &names, &values, &result), S_OK);
+    names->Release();
+    values->Release();
+    return result;
+  }
+
+  template <class I>
+  static float error_number(const Pointer<I>& object) {
+    float number = -1;
+    EXPECT_EQ(object->get_ErrNumber(&number), S_OK);
+    return number;
+  }
+  template <class I>
+  static std::string error_description(const Pointer<I>& object) {
+    BSTR description = nullptr;
+    EXPECT_EQ(object->get_ErrDescription(&description), S_OK);
+    std::string text = automation::com::text_of(description);
+    SysFreeString(description);
+    return text;
+  }
+
+  void expect_january_closed() const {
+    company::Database database(folder_.file("company.db"));
+    const auto closes = database.query("Select CLOSEDT From STKCLOSEHD");
+    ASSERT_EQ(closes.size(), 1U);
+    EXPECT_EQ(closes.front().front(), "2024-01-31 00:00:00");
   }
 
   static Pointer<IDispatch> list_of(const Value& item) {
@@ -91,21 +131,19 @@ class ReentrantClose : public testing::Test {
 
   TestFolder folder_;
   ServerDll dll_;
+  const Variant day_{Value("2024/01/31"), Role::caller};
 };
 
 TEST_F(ReentrantClose, EndsWellThoughItsClientCallsBackMeanwhile) {
   const auto close = opened<_CStockClose>(CLSID_CStockClose);
-  const Variant day(Value("2024/01/31"), Role::caller);
   int calls_back = 0;
   const ClientWindow window([&] {
     ++calls_back;
     float result = 5;
-    EXPECT_EQ(close->Delete(day.raw(), &result), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(close->Delete(day_.raw(), &result), RPC_E_CALL_REJECTED);
     EXPECT_EQ(result, 0.0F);
     EXPECT_EQ(close->put_UserID(Text("SOMEBODY").in()), RPC_E_CALL_REJECTED);
-    float number = 5;
-    EXPECT_EQ(close->get_ErrNumber(&number), S_OK);
-    EXPECT_EQ(number, 0.0F);
+    EXPECT_EQ(error_number(close), 0.0F);
 
     const auto address = opened<_CRevAddr>(CLSID_CRevAddr);
     auto names = list_of("x");
@@ -115,28 +153,81 @@ TEST_F(ReentrantClose, EndsWellThoughItsClientCallsBackMeanwhile) {
     Text key("nowhere");
     EXPECT_EQ(address->Read(key.in_out(), &names_variable, &values_variable, &result), S_OK);
     EXPECT_EQ(result, 100.0F);
-    EXPECT_EQ(address->get_ErrNumber(&number), S_OK);
-    EXPECT_EQ(number, 10000003.0F);
+    EXPECT_EQ(error_number(address), 10000003.0F);
     names_variable->Release();
     values_variable->Release();
   });
 
-  IDispatch* names = list_of("CLOSEDT").detach();
-  IDispatch* values = list_of("2024/01/31").detach();
-  float result = 0;
-  EXPECT_EQ(close->Insert(day.raw(), &names, &values, &result), S_OK);
-  BSTR description = nullptr;
-  EXPECT_EQ(close->get_ErrDescription(&description), S_OK);
-  EXPECT_EQ(result, 100.0F) << automation::com::text_of(description);
-  SysFreeString(description);
-  names->Release();
-  values->Release();
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
   EXPECT_GT(calls_back, 1);
+  expect_january_closed();
+}
 
+// The object that was first used last decides the session of the thread's collaborators, also in the middle
+// of a close: what is left of the close asks them as that user, and so does every later call of the object.
+TEST_F(ReentrantClose, EndsWellThoughAnObjectOfAnotherUserIsFirstUsedMeanwhile) {
+  const auto close = opened<_CStockClose>(CLSID_CStockClose);
+  const auto stranger = opened<_CRevAddr>(CLSID_CRevAddr, "SOMEBODY", "DE");
+  int calls_back = 0;
+  const ClientWindow window([&] {
+    ++calls_back;
+    IDispatch* names = list_of("ADDRNM").detach();
+    IDispatch* values = list_of("x").detach();
+    float result = 5;
+    EXPECT_EQ(stranger->Update(Text("nowhere").in_out(), &names, &values, &result), S_OK);
+    EXPECT_EQ(result, 0.0F);
+    EXPECT_EQ(error_number(stranger), no_right);
+    names->Release();
+    values->Release();
+  });
+
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
+  EXPECT_EQ(error_number(close), 0.0F);
+  EXPECT_GT(calls_back, 0);
+  expect_january_closed();
   company::Database database(folder_.file("company.db"));
-  const auto closes = database.query("Select CLOSEDT From STKCLOSEHD");
-  ASSERT_EQ(closes.size(), 1U);
-  EXPECT_EQ(closes.front().front(), "2024-01-31 00:00:00");
+  const auto users = database.query(
+      "Select Distinct STKTRANDT.ADDBY From STKTRANDT Inner Join STKTRANHD"
+      " On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where TRANTYPE In ('STK027CLOSE','STKCLOSEALL')");
+  ASSERT_EQ(users.size(), 1U) << "every line is written by the user of the close";
+  EXPECT_EQ(users.front().front(), "ADMIN");
+
+  float result = 5;
+  EXPECT_EQ(close->Delete(day_.raw(), &result), S_OK);
+  EXPECT_EQ(result, 0.0F);
+  EXPECT_EQ(error_number(close), no_right);
+  EXPECT_EQ(error_description(close), error_description(stranger)) << "in the language of the other user";
+  const auto fresh = opened<_CStockClose>(CLSID_CStockClose);
+  EXPECT_EQ(fresh->Delete(day_.raw(), &result), S_OK);
+  EXPECT_EQ(result, 100.0F) << error_description(fresh);
+}
+
+TEST_F(ReentrantClose, EndsWellThoughItsClientLetsTheObjectGoMeanwhile) {
+  _CStockClose* const close = opened<_CStockClose>(CLSID_CStockClose).detach();
+  bool let_go = false;
+  const ClientWindow window([&] {
+    if (!std::exchange(let_go, true)) {
+      EXPECT_EQ(close->Release(), 1U) << "the running method keeps it";
+    }
+  });
+  EXPECT_EQ(closed_by(close), 100.0F);
+  EXPECT_TRUE(let_go);
+  EXPECT_EQ(dll_.can_unload_now(), S_OK) << "the object went with its method";
+  expect_january_closed();
+}
+
+TEST_F(ReentrantClose, RaisesNoneOfTheDeclaredEvents) {
+  const auto close = opened<_CStockClose>(CLSID_CStockClose);
+  const auto container = automation::com::query<IConnectionPointContainer>(close.get());
+  Pointer<IConnectionPoint> point;
+  ASSERT_EQ(container->FindConnectionPoint(DIID___CStockClose, point.out()), S_OK);
+  CountingSink sink(DIID___CStockClose);
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
+  EXPECT_EQ(sink.calls, 0);
+  EXPECT_EQ(sink.references, 2U) << "and stays connected";
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
 }
 
 }  // namespace
