@@ -228,6 +228,50 @@ class Obstacle {
   std::wstring path_;
 };
 
+// A key that everybody may read and nobody may write to, for as long as it lives.
+class ReadOnlyKey {
+ public:
+  ReadOnlyKey(HKEY root, const std::wstring& name)
+      : root_(root), path_(std::wstring(classes_path) + L"\\" + name) {
+    set_text(root, name, L"Somebody's own");
+    BYTE everybody[SECURITY_MAX_SID_SIZE];
+    DWORD size = sizeof everybody;
+    EXPECT_TRUE(CreateWellKnownSid(WinWorldSid, nullptr, everybody, &size));
+    alignas(ACL) BYTE content[256];
+    ACL* const list = reinterpret_cast<ACL*>(content);
+    EXPECT_TRUE(InitializeAcl(list, sizeof content, ACL_REVISION));
+    EXPECT_TRUE(AddAccessDeniedAce(list, ACL_REVISION, KEY_SET_VALUE | KEY_CREATE_SUB_KEY, everybody));
+    EXPECT_TRUE(AddAccessAllowedAce(list, ACL_REVISION, KEY_ALL_ACCESS, everybody));
+    SECURITY_DESCRIPTOR rights;
+    EXPECT_TRUE(InitializeSecurityDescriptor(&rights, SECURITY_DESCRIPTOR_REVISION));
+    EXPECT_TRUE(SetSecurityDescriptorDacl(&rights, TRUE, list, FALSE));
+    HKEY key = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(root_, path_.c_str(), 0, WRITE_DAC, &key), ERROR_SUCCESS);
+    EXPECT_EQ(RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, &rights), ERROR_SUCCESS);
+    RegCloseKey(key);
+  }
+  ~ReadOnlyKey() { EXPECT_EQ(RegDeleteKeyW(root_, path_.c_str()), ERROR_SUCCESS); }
+  ReadOnlyKey(const ReadOnlyKey&) = delete;
+  ReadOnlyKey& operator=(const ReadOnlyKey&) = delete;
+
+ private:
+  HKEY root_;
+  std::wstring path_;
+};
+
+TEST_F(Registration, WithoutTheRightsIsDeniedAndLeavesEverythingAsItWas) {
+  // The last class: everything before it has been written when the denial comes.
+  for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+    const ReadOnlyKey denied(root, L"Tallyra.CTranHead");
+    const auto machine = registered(HKEY_LOCAL_MACHINE);
+    const auto user = registered(HKEY_CURRENT_USER);
+    EXPECT_EQ(root == HKEY_LOCAL_MACHINE ? dll_.register_server() : dll_.install(true, L"user"),
+              E_ACCESSDENIED);
+    EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), machine);
+    EXPECT_EQ(registered(HKEY_CURRENT_USER), user);
+  }
+}
+
 TEST_F(Registration, AnotherClassKeepsItsNameUnlessToldOtherwise) {
   const ForeignOwner owner(HKEY_LOCAL_MACHINE, L"Tallyra.CStockClose");
   const auto before = registered(HKEY_LOCAL_MACHINE);
