@@ -232,6 +232,37 @@ TEST(ComDispatch, AnErrorThatLeavesAMethodIsDescribed) {
   EXPECT_EQ(call.argument_at_fault, 77U);
 }
 
+TEST(ComDispatch, AClientNeedNotWantTheResultTheDescriptionOrTheArgumentAtFault) {
+  const auto detail = new_detail();
+  const auto head = new_head();
+  const Variant text(Value("x"), Role::caller);
+  const Variant null(automation::Null{}, Role::caller);
+  for (const Wanted& wanted : all_wishes()) {
+    Variant replaced(Value("A1"), Role::caller);
+    VARIANTARG nothing;
+    V_VT(&nothing) = VT_EMPTY;
+    WireCall done{.id = read_id,
+                  .arguments = {reference(replaced.raw()), nothing, nothing, nothing, nothing}};
+    EXPECT_EQ(done.on(detail.get(), wanted), S_OK);
+    EXPECT_EQ(value_in(replaced.raw()), Value("A1!"));
+    EXPECT_EQ(value_in(done.result.raw()), wanted.result ? Value(100.0F) : Value());
+
+    WireCall raised{.id = valid_close_id, .arguments = {text.raw()}};
+    EXPECT_EQ(raised.on(head.get(), wanted),
+              wanted.failure ? DISP_E_EXCEPTION : static_cast<HRESULT>(0x800A0E7D));
+    EXPECT_EQ(raised.failure.bstrDescription != nullptr, wanted.failure);
+
+    WireCall mismatch{.id = type_exam_id, .arguments = {null.raw()}};
+    EXPECT_EQ(mismatch.on(detail.get(), wanted), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(mismatch.argument_at_fault, wanted.argument_at_fault ? 0U : 77U);
+    WireCall unknown{.id = type_exam_id, .arguments = {text.raw()}, .names = {1}};
+    EXPECT_EQ(unknown.on(detail.get(), wanted), DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(unknown.argument_at_fault, wanted.argument_at_fault ? 0U : 77U);
+    WireCall missing{.id = 1000};
+    EXPECT_EQ(missing.on(detail.get(), wanted), DISP_E_MEMBERNOTFOUND);
+  }
+}
+
 TEST(ComDispatch, EveryTextArrivesAndReturnsWhole) {
   const auto detail = new_detail();
   for (const std::string& text :

@@ -41,11 +41,9 @@ class GuardError : public testing::Test {
     EXPECT_EQ(error_number_of(guard.get()), error_number);
     EXPECT_FALSE(error_description_of(guard.get()).empty());
 
-    VARIANTARG argument = day.raw();
-    DISPPARAMS parameters{&argument, nullptr, 1, 0};
-    EXPECT_EQ(
-        guard->Invoke(valid_close_id, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
-        no_such_member)
+    WireCall quiet{.id = valid_close_id, .arguments = {day.raw()}};
+    EXPECT_EQ(quiet.on(guard.get(), {.result = false, .failure = false, .argument_at_fault = false}),
+              no_such_member)
         << "nobody asks for a description";
     EXPECT_EQ(error_number_of(guard.get()), error_number);
   }

@@ -231,5 +231,39 @@ TEST_F(ReferenceForm, AFailureIsToldThoughWhatWasSetDoesNotFit) {
   EXPECT_EQ(variable, 1);
 }
 
+TEST_F(ReferenceForm, TakesTheNewValueWhateverTheCallerWantsToBeTold) {
+  constexpr auto closed = static_cast<HRESULT>(0x800A0E78);
+  echo_->replacement = "new";
+  for (const Wanted& wanted : all_wishes()) {
+    Variant variable(Value("old"), Role::caller);
+    WireCall done{.id = 1, .arguments = {reference(variable.raw())}};
+    EXPECT_EQ(done.on(object_.get(), wanted), S_OK);
+    EXPECT_EQ(value_in(variable.raw()), Value("new"));
+    EXPECT_EQ(value_in(done.result.raw()), wanted.result ? Value("old") : Value());
+
+    Variant of_failure(Value("old"), Role::caller);
+    WireCall raised{.id = 3, .arguments = {reference(of_failure.raw())}};
+    EXPECT_EQ(raised.on(object_.get(), wanted), wanted.failure ? DISP_E_EXCEPTION : closed);
+    EXPECT_EQ(raised.failure.bstrDescription != nullptr, wanted.failure);
+    EXPECT_EQ(value_in(of_failure.raw()), Value("new"));
+
+    SHORT small = 1;
+    WireCall unfit{.id = 1, .arguments = {reference(VT_I2, &small)}};
+    EXPECT_EQ(unfit.on(object_.get(), wanted), wanted.failure ? DISP_E_EXCEPTION : DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(unfit.argument_at_fault, wanted.argument_at_fault ? 0U : 77U);
+    WireCall missing{.id = 1000};
+    EXPECT_EQ(missing.on(object_.get(), wanted), DISP_E_MEMBERNOTFOUND);
+  }
+}
+
+TEST_F(ReferenceForm, AnEnumeratorThatNobodyWantsIsNotMade) {
+  const auto list = ComObject::make(automation::make_object<automation::Collection>(), Role::callee);
+  for (const Wanted& wanted : all_wishes()) {
+    WireCall walk{.id = DISPID_NEWENUM};
+    EXPECT_EQ(walk.on(list.get(), wanted), S_OK);
+    EXPECT_EQ(V_VT(&walk.result.raw()), wanted.result ? VT_UNKNOWN : VT_EMPTY);
+  }
+}
+
 }  // namespace
 }  // namespace tallyra::tests::com

@@ -13,6 +13,22 @@ using automation::Value;
 using automation::com::Role;
 using automation::com::Variant;
 
+// What a client wants to be told by a call; it passes a null pointer for the rest.
+struct Wanted {
+  bool result = true;
+  bool failure = true;
+  bool argument_at_fault = true;
+};
+
+// Every choice there is.
+inline std::vector<Wanted> all_wishes() {
+  std::vector<Wanted> wishes;
+  for (const bool result : {true, false})
+    for (const bool failure : {true, false})
+      for (const bool argument : {true, false}) wishes.push_back({result, failure, argument});
+  return wishes;
+}
+
 // One Invoke as a client writes it: arguments in the order of the parameters, each in the form that the
 // client chose.
 struct WireCall {
@@ -32,12 +48,13 @@ struct WireCall {
     SysFreeString(failure.bstrHelpFile);
   }
 
-  HRESULT on(IDispatch* object) {
+  HRESULT on(IDispatch* object, const Wanted& wanted = {}) {
     std::vector<VARIANTARG> wire(arguments.rbegin(), arguments.rend());
     DISPPARAMS parameters{wire.data(), names.data(), static_cast<UINT>(wire.size()),
                           static_cast<UINT>(names.size())};
-    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, &result.raw(), &failure,
-                          &argument_at_fault);
+    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                          wanted.result ? &result.raw() : nullptr, wanted.failure ? &failure : nullptr,
+                          wanted.argument_at_fault ? &argument_at_fault : nullptr);
   }
 };
 
