@@ -185,6 +185,42 @@ TEST(ComVariant, BytesOfAnotherShapeKeepIt) {
   EXPECT_EQ(V_ARRAY(&still_none.raw()), nullptr);
 }
 
+// An object that nobody can call by name.
+class Unnamed : public IUnknown {
+ public:
+  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
+    *out = id == IID_IUnknown ? this : nullptr;
+    if (!*out) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+
+  ULONG references = 1;
+};
+
+TEST(ComVariant, AnObjectWithoutMembersTravelsThroughUnchanged) {
+  Unnamed object;
+  IUnknown* variable = &object;
+  VARIANT by_value{};
+  V_VT(&by_value) = VT_UNKNOWN;
+  V_UNKNOWN(&by_value) = variable;
+  for (const VARIANT& wire : {by_value, reference(by_value), reference(VT_UNKNOWN, &variable)}) {
+    SCOPED_TRACE(V_VT(&wire));
+    {
+      const Value value = value_in(wire);
+      ASSERT_TRUE(value.holds<Opaque>());
+      EXPECT_EQ(object.references, 2U) << "the value keeps it alive by itself";
+      const Variant again(value, Role::caller);
+      EXPECT_EQ(V_VT(&again.raw()), VT_UNKNOWN);
+      EXPECT_EQ(V_UNKNOWN(&again.raw()), variable);
+      EXPECT_EQ(object.references, 3U);
+    }
+    EXPECT_EQ(object.references, 1U);
+  }
+}
+
 TEST(ComVariant, AnErrorCodeTravelsThroughUnchanged) {
   Variant variant;
   V_VT(&variant.raw()) = VT_ERROR;
