@@ -47,24 +47,24 @@ private_apt() {
 for_i386() { printf '%s:i386\n' "${wine_packages[@]}" | sed 's/^\(wine\|odbcinst\):i386/\1/'; }
 
 # Whether the machine's own archives offer Wine as an addition: asked of an apt with its own lists, because a
-# 32-bit archive that does not answer properly would make every later `apt-get update` of this machine fail.
+# 32-bit archive that does not answer properly would make every later `apt-get update` of this machine fail. An
+# index that fails today already, for the machine's own architecture, says nothing against it.
 machine_only_gains() {
   local folder=$1 plan
   local options=(-q -o APT::Architectures::=amd64 -o APT::Architectures::=i386
     -o Dir::State::Lists="$folder/lists" -o Dir::Cache="$folder" -o APT::Sandbox::User="$(id -un)")
   mkdir -p "$folder/lists/partial" "$folder/archives/partial"
+  apt-get "${options[@]}" update >"$folder/log" 2>&1 || ! grep -q '^E: .*binary-i386' "$folder/log" || return 1
   # shellcheck disable=SC2046
-  apt-get "${options[@]}" update >"$folder/log" 2>&1 &&
-    plan=$(apt-get "${options[@]}" -s install --no-install-recommends $(for_i386) 2>>"$folder/log") ||
-    return 1
+  plan=$(apt-get "${options[@]}" -s install --no-install-recommends $(for_i386) 2>>"$folder/log") || return 1
   ! grep -qE '^Remv |^Inst [^ ]+ \[' <<<"$plan"
 }
 
 install_wine_on_machine() {
   as_root dpkg --add-architecture i386
-  as_root apt-get -q update
+  refresh_package_lists as_root apt-get -q
   # shellcheck disable=SC2046
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends $(for_i386)
+  apt_install $(for_i386)
 }
 
 install_wine_replacing_libraries() {
@@ -73,10 +73,9 @@ install_wine_replacing_libraries() {
   printf 'Package: *\nPin: release n=bookworm\nPin-Priority: 1001\n' >"$folder/pin"
   apt_options+=(-o Dir::Etc::Preferences="$folder/pin")
   as_root dpkg --add-architecture i386
-  as_root apt-get "${apt_options[@]}" update
+  refresh_package_lists as_root apt-get "${apt_options[@]}"
   # shellcheck disable=SC2046
-  as_root env DEBIAN_FRONTEND=noninteractive \
-    apt-get "${apt_options[@]}" -y --allow-downgrades install --no-install-recommends $(for_i386)
+  apt_install "${apt_options[@]}" --allow-downgrades $(for_i386)
 }
 
 # No maintainer scripts run, except the one that completes Wine's own libraries: Wine needs that.
@@ -86,7 +85,7 @@ unpack_wine() {
   : >"$folder/nothing-installed"
   apt_options+=(-o APT::Architecture=i386 -o Dir::State="$folder"
     -o Dir::State::status="$folder/nothing-installed")
-  apt-get "${apt_options[@]}" update
+  refresh_package_lists apt-get "${apt_options[@]}"
   apt-get "${apt_options[@]}" -y --download-only --no-install-recommends install \
     "${wine_packages[@]}" dash coreutils
   (

@@ -1,7 +1,14 @@
 #!/usr/bin/env bash
 # Installs what building and testing need on Debian 12. The other scripts source it; run alone it sets the machine up.
-# Cheap when everything is there.
+# Cheap when everything is there. Packages come from the lists that the machine has; only when these do not do they are
+# refreshed.
 set -euo pipefail
+
+# Every script that sources this one tells by --help what stands at its head, and does nothing else.
+if [ "${1:-}" = --help ]; then
+  sed -n '2,/^\([^#]\|$\)/{/^#/s/^# \{0,1\}//p}' "$0"
+  exit
+fi
 
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export repository
@@ -26,21 +33,36 @@ as_root() {
   fi
 }
 
+# A package may be installed for several architectures: what counts is that of the machine, or "all".
 missing_packages() {
-  local package
+  local package native found
+  native=$(dpkg --print-architecture)
   for package in "$@"; do
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || printf '%s\n' "$package"
+    # shellcheck disable=SC2016  # dpkg's own variables
+    found=$(dpkg-query -W -f '${Architecture} ${db:Status-Status}\n' "$package" 2>/dev/null) || true
+    grep -Eqx "($native|all) installed" <<<"$found" || printf '%s\n' "$package"
   done
 }
+
+# refresh_package_lists APT-GET...: an index that does not answer is told and is no end, because it may be one that
+# nothing is wanted from. Whoever installs afterwards finds out.
+refresh_package_lists() {
+  "$@" update || say "Some package list could not be refreshed; going on with what there is" >&2
+}
+
+apt_install() { as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends "$@"; }
 
 install_packages() {
   local missing
   missing=$(missing_packages "$@")
   [ -n "$missing" ] || return 0
   say "Installing" $missing
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q update
   # shellcheck disable=SC2086
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y install --no-install-recommends $missing
+  apt_install $missing || {
+    say "The package lists of this machine do not do; refreshing them"
+    refresh_package_lists as_root apt-get -q
+    apt_install $missing
+  }
 }
 
 # The SQLite driver by its bare file name, so that every architecture finds its own.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Runs 32-bit Windows programs of this project. To be sourced after setup.sh. Wine is either installed on this
-# machine or unpacked into a folder of its own (see install-wine.sh); nothing but this file knows which, and
-# nobody's ~/.wine is ever touched: every run happens in a prefix that this file made.
+# Runs 32-bit Windows programs of this project. To be sourced after setup.sh; run alone it tells this. Wine is either
+# installed on this machine or unpacked into a folder of its own (see install-wine.sh); nothing but this file knows
+# which, and nobody's ~/.wine is ever touched: every run happens in a prefix that this file made.
 #
 #   make_wine_prefix FOLDER         a fresh prefix in place of the one that was there
 #   wine_run PROGRAM ARGUMENTS...   a Unix path, or a name that Wine knows (cscript); arguments pass unchanged
@@ -14,6 +14,8 @@
 # $TALLYRA_TEST_LOCALE makes the programs believe in a user of another country, de_DE.UTF-8 for example.
 #
 # All but the first work in the prefix $TALLYRA_WINE_PREFIX (build/wine/prefix unless the caller sets it).
+
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/setup.sh" --help
 
 wine_root=${TALLYRA_WINE_ROOT:-${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/tallyra/wine-root}
 # shellcheck disable=SC2154  # setup.sh sets it
@@ -226,7 +228,10 @@ install_interface_descriptions() {
   work=$(mktemp -d)
   (
     cd "$work"
-    apt-get -q download libwine-dev 2>&1 || { as_root apt-get -q update && apt-get -q download libwine-dev; }
+    apt-get -q download libwine-dev 2>&1 || {
+      refresh_package_lists as_root apt-get -q 2>&1
+      apt-get -q download libwine-dev
+    }
     dpkg-deb --fsys-tarfile libwine-dev_*.deb | tar -x
     mkdir -p "$wine_idl_folder"
     cp usr/include/wine/wine/windows/*.idl "$wine_idl_folder"

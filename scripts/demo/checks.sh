@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # What the demo and the tests of the sample clients look at a company database with: queries of their own, and checks
 # whose failures are counted. To be sourced; works on $database.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 query() { sqlite3 -readonly "${2:-$database}" "$1"; }
 table() { sqlite3 -readonly -header -column "$database" "$1"; }

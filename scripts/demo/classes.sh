@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # How the demo reaches the classes: natively, or through Tallyra.dll under Wine. To be sourced after wine.sh; works on
 # $database and in $folder, through what $classes says, native or dll.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 client() {
   if [ "$classes" = dll ]; then

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # What the close of February has to be. To be sourced after month_end.sh.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 # Everything that a close writes, in an order of its own.
 close_state() {

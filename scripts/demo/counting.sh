@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # A stocktaking is entered, approved, un-approved and approved again, and a large one is approved. With $classes "dll"
 # the VBScript client does it. To be sourced after stocktaking.sh.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 enter_stocktaking() {
   local part quantity price

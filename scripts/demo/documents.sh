@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
 # Stock documents of the demo: the orders that they belong to, and what they are in the end. To be sourced.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
+
 document_date=2024/02/12
 document_department=10
 document_prefix=DEMO

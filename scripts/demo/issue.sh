@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # A material issue for a production order, and a copy of it. To be sourced after documents.sh.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 # issued_of PART EXCEPT: what documents other than EXCEPT have issued of a part to the order.
 issued_of() { call CTranDetail IssuedOrRtnQty "$2" "$production_order" "$1" $issue_type && answer Result; }

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # The month end: closing, approving, and what the close of February shows. With $classes "dll" the VBScript client
 # closes. To be sourced.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
+
 month_1=2024/01/31 month_2=2024/02/29
 # Close documents are dated the day after the close date; this is how the database stores days.
 end_1='2024-01-31 00:00:00' end_2='2024-02-29 00:00:00'

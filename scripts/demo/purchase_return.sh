@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # A purchase return that is renumbered. To be sourced after documents.sh.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 order_part() { query "SELECT PARTNO FROM PODT WHERE PONO='$purchase_order' AND SN=$1"; }
 

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Stocktakings of the demo: what they are held against, which parts are counted, and what their adjustments have to be.
 # To be sourced.
+[ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
+
 counted_check=DEMO-CK
 counted_on=2024/02/15
 counted_department=30
