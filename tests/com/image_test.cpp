@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <set>
 
 #include "tests/com/server_dll.h"
@@ -31,6 +35,57 @@ class Image {
  private:
   HMODULE module_;
 };
+
+// The sections of an image file by their names, with what they hold.
+class Sections {
+ public:
+  explicit Sections(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    data_.assign(std::istreambuf_iterator<char>(stream), {});
+    if (data_.size() < 0x1000) return;
+    const auto header =
+        read<IMAGE_NT_HEADERS32>(static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew));
+    const auto first = static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew) +
+                       offsetof(IMAGE_NT_HEADERS32, OptionalHeader) + header.FileHeader.SizeOfOptionalHeader;
+    symbols_ = header.FileHeader.NumberOfSymbols;
+    const std::size_t texts =
+        header.FileHeader.PointerToSymbolTable + symbols_ * std::size_t{IMAGE_SIZEOF_SYMBOL};
+    for (std::size_t i = 0; i < header.FileHeader.NumberOfSections; ++i) {
+      const auto section = read<IMAGE_SECTION_HEADER>(first + i * sizeof(IMAGE_SECTION_HEADER));
+      std::string name(reinterpret_cast<const char*>(section.Name), IMAGE_SIZEOF_SHORT_NAME);
+      name = name.c_str();
+      // A long name stands behind the symbols, and its place there in the header.
+      if (name[0] == '/') name = &data_.at(texts + std::stoul(name.substr(1)));
+      held_[name] = data_.substr(section.PointerToRawData, section.SizeOfRawData);
+    }
+  }
+  const std::map<std::string, std::string>& all() const { return held_; }
+  std::size_t symbols() const { return symbols_; }
+
+ private:
+  template <class T>
+  T read(std::size_t offset) const {
+    T value;
+    std::memcpy(&value, data_.substr(offset, sizeof(T)).data(), sizeof(T));
+    return value;
+  }
+
+  std::string data_;
+  std::map<std::string, std::string> held_;
+  std::size_t symbols_ = 0;
+};
+
+// What the version resource says under a name in English.
+std::wstring version_text(const std::wstring& name) {
+  const std::wstring path = ServerDll::path();
+  std::vector<char> data(GetFileVersionInfoSizeW(path.c_str(), nullptr));
+  void* found = nullptr;
+  UINT size = 0;
+  if (!GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()) ||
+      !VerQueryValueW(data.data(), (L"\\StringFileInfo\\040904B0\\" + name).c_str(), &found, &size))
+    return L"nothing";
+  return static_cast<const wchar_t*>(found);
+}
 
 std::string lower(std::string text) {
   for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -69,6 +124,28 @@ TEST(Image, IsA32BitDllThatMayBeMovedAndWhoseDataIsNoCode) {
   EXPECT_NE(headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0U);
 }
 
+TEST(Image, HasItsDebugInformationBesideIt) {
+  const Sections shipped(ServerDll::path());
+  ASSERT_TRUE(shipped.all().contains(".text"));
+  for (const auto& [name, content] : shipped.all()) EXPECT_FALSE(name.starts_with(".debug")) << name;
+  EXPECT_EQ(shipped.symbols(), 0U);
+  ASSERT_TRUE(shipped.all().contains(".gnu_debuglink"));
+  EXPECT_STREQ(shipped.all().at(".gnu_debuglink").c_str(), "Tallyra.dll.debug");
+
+  const Sections beside(ServerDll::path() + L".debug");
+  ASSERT_TRUE(beside.all().contains(".debug_info"));
+  ASSERT_TRUE(beside.all().contains(".debug_line_str"));
+  EXPECT_NE(beside.all().at(".debug_line_str").find("stock_close_run.cpp"), std::string::npos)
+      << "lines of the component, not of the runtime alone";
+}
+
+TEST(Image, TellsWhatItIsAndWhoseItIs) {
+  EXPECT_EQ(version_text(L"ProductName"), L"Tallyra");
+  EXPECT_EQ(version_text(L"OriginalFilename"), L"Tallyra.dll");
+  EXPECT_EQ(version_text(L"CompanyName"), L"The Tallyra authors");
+  EXPECT_EQ(version_text(L"LegalCopyright"), L"Copyright (c) 2026 The Tallyra authors");
+}
+
 TEST(Image, TellsItsVersion) {
   const std::wstring path = ServerDll::path();
   std::vector<char> data(GetFileVersionInfoSizeW(path.c_str(), nullptr));
@@ -76,10 +153,6 @@ TEST(Image, TellsItsVersion) {
   ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(data.size()), data.data()));
   void* found = nullptr;
   UINT size = 0;
-  ASSERT_TRUE(VerQueryValueW(data.data(), L"\\StringFileInfo\\040904B0\\ProductName", &found, &size));
-  EXPECT_STREQ(static_cast<wchar_t*>(found), L"Tallyra");
-  ASSERT_TRUE(VerQueryValueW(data.data(), L"\\StringFileInfo\\040904B0\\OriginalFilename", &found, &size));
-  EXPECT_STREQ(static_cast<wchar_t*>(found), L"Tallyra.dll");
   ASSERT_TRUE(VerQueryValueW(data.data(), L"\\", &found, &size));
   const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(found);
   EXPECT_EQ(fixed->dwFileVersionMS, MAKELONG(0, 1)) << "1.0";
