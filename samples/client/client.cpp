@@ -9,6 +9,7 @@
 #include "automation/folded_name.h"
 #include "samples/client/call_run.h"
 #include "samples/client/command_line.h"
+#include "samples/client/posting_check.h"
 #include "samples/client/progress.h"
 #include "samples/client/report_json.h"
 #include "samples/client/report_text.h"
@@ -51,7 +52,13 @@ ExitStatus carry_out(const CallRequest& request, const Console& console) {
   const Outcome outcome = run_with_progress(request, console);
   console.out << (request.json ? report_json(outcome) : report_text(outcome));
   if (outcome.raised) tell(*outcome.raised, console);
-  return outcome.succeeded() ? exit_done : exit_failed;
+  bool succeeded = outcome.succeeded();
+  if (approves_stocktaking(request.call)) {
+    const std::string complaint = posting_complaint(request.session);
+    if (!complaint.empty()) console.error << "tallyra-client: " << complaint << "\n";
+    succeeded = succeeded && complaint.empty();
+  }
+  return succeeded ? exit_done : exit_failed;
 }
 
 }  // namespace

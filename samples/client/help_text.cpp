@@ -37,7 +37,8 @@ Exit status:
      answers 100 for success has answered 0, or an error left the object: told on the error output and, with
      --json, as "raised". ErrNumber is shown then too: ValidCloseDT raises error 438 beside its 10000112.
      Approving a stocktaking that has lines ends so although everything is stored; Read it to see whether it has
-     the STATUSSN and STATUSDT that were given
+     the STATUSSN and STATUSDT that were given. The client looks for itself whether its posting has a number, and
+     tells on the error output if it has not
   2  wrong usage: no such class or member, wrong arguments, wrong options; so any object's errors 13, 448, 449
      and 450, which blame what it was handed, and 438 of a member that is no method listed by --list
 )";

@@ -6,47 +6,27 @@
 #include <utility>
 
 #include "automation/apartment.h"
-#include "automation/convert.h"
-#include "automation/create.h"
 #include "samples/client/display_width.h"
+#include "samples/client/own_connection.h"
 
 namespace tallyra::client {
 namespace {
-
-using automation::Object;
-
-constexpr std::int32_t forward_only = 0;
-constexpr std::int32_t read_only = 1;
-constexpr std::int32_t unspecified = -1;
 
 // Counts departments over its own connection.
 class DepartmentCounter {
  public:
   explicit DepartmentCounter(const std::string& connection_string)
-      : connection_(automation::create("ADODB.Connection")) {
-    connection_.call("Open", connection_string, "", "", unspecified);
-    all_ = count("Select Count(*) As N From DEPARTS");
-  }
+      : connection_(connection_string), all_(connection_.count("Select Count(*) As N From DEPARTS")) {}
 
   std::int32_t all() const { return all_; }
   // A department document is committed whole; those of approved closes have another status.
   std::int32_t closed() const {
-    return count("Select Count(*) As N From STKTRANHD Where TRANTYPE='STK027CLOSE' And STATUSSN=0");
+    return connection_.count(
+        "Select Count(*) As N From STKTRANHD Where TRANTYPE='STK027CLOSE' And STATUSSN=0");
   }
 
  private:
-  std::int32_t count(const char* statement) const {
-    const Object rows = automation::create("ADODB.Recordset");
-    rows.call("Open", statement, connection_, forward_only, read_only, unspecified);
-    const Object fields = automation::to_object(rows.get("Fields"));
-    const Object field = automation::to_object(fields.call("Item", "N"));
-    const std::int32_t number = automation::to_int32(field.get("Value"));
-    // At once: an open result holds up the writer.
-    rows.call("Close");
-    return number;
-  }
-
-  Object connection_;
+  OwnConnection connection_;
   std::int32_t all_ = 0;
 };
 

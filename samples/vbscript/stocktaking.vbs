@@ -6,7 +6,7 @@
 '   open DATE DEPARTMENT       enters the header
 '   count PART QUANTITY PRICE  enters a counted line
 '   show                       shows the header and all lines
-'   approve                    posts the differences as an adjustment document
+'   approve                    posts the differences as an adjustment document, and sees that it has a number
 '   unapprove                  takes the adjustments away
 ' The script host may hide a failed script, so the last line tells that this one came through.
 Option Explicit
@@ -109,6 +109,20 @@ Sub Approve
     told = told & "; read back, the stocktaking is approved"
   End If
   WScript.Echo "approved: " & told
+  RequireNumbers
+End Sub
+
+' While no document number can be issued, an approval stores its posting without one and reports nothing. A header
+' without a number is found by the empty one; its lines count with those of all other headers without a number.
+Sub RequireNumbers
+  Dim documents, row, fieldNames, fieldValues
+  Set documents = NewObject("Tallyra.CTranHead")
+  documents.Read "", "STKCHECKISS", fieldNames, fieldValues
+  If documents.ErrNumber = notFound Then Exit Sub
+  If documents.ErrNumber <> 0 Then Fail Reason(documents)
+  row = Array(fieldNames, fieldValues)
+  Fail "the posting of stocktaking " & FieldOf(row, "REFERENCE") & " has no number. Once numbers are issued again, " & _
+    "un-approve every stocktaking with such a posting, then approve each again"
 End Sub
 
 ' The present, to the second, once it is another moment than the header has.

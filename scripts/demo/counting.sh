@@ -20,7 +20,7 @@ enter_stocktaking() {
 }
 
 # approve_stocktaking CHECK DATE: after an error that is no refusal the header tells whether it succeeded, by the status
-# and the moment of this approval.
+# and the moment of this approval. Whether its posting has got a number is told by no error.
 approve_stocktaking() {
   if [ "$classes" = dll ]; then
     sample stocktaking "$1" approve
@@ -38,6 +38,11 @@ approve_stocktaking() {
       told+="; read back, the stocktaking is approved"
     fi
     echo "approved: $told"
+    client CTranHead Read "" STKCHECKISS >"$folder/answer.txt" || true
+    [ "$(answer ErrNumber)" = 10000003 ] || {
+      echo "the posting of stocktaking $(returned REFERENCE) has no number: un-approve it, and approve it again"
+      return 1
+    }
   fi
 }
 

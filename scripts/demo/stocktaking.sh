@@ -59,6 +59,8 @@ check_posting() {
     "$(query "$(sheet_of "$1") SELECT count(*) FROM SHEET S JOIN POSTED A ON A.PARTNO=S.PARTNO
               AND S.COUNTED<>S.BOOK AND abs(A.QTY-(S.COUNTED-S.BOOK))<1e-6")" "$differing"
   check "and no other lines" "$(query "$(sheet_of "$1") SELECT count(*) FROM POSTED")" "$differing"
+  check "in a document with a number" \
+    "$(query "SELECT count(*) FROM STKTRANHD WHERE TRANTYPE='STKCHECKISS' AND REFERENCE='$1' AND TRANNO<>''")" 1
 }
 
 check_counted_stocktaking() {

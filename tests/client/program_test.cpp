@@ -76,6 +76,27 @@ TEST_F(Program, TellsTheVerdictOfAGuardWhoseQueryFailed) {
       }
 }
 
+// The trigger stands for a time in which no number is issued.
+TEST_F(Program, TellsWhenAnApprovalHasGotNoNumber) {
+  company.run({"INSERT INTO DEPARTS(DEPTNO,DEPTNM) VALUES('10','Store')",
+               "INSERT INTO STKCHECKHD(CHECKNO,CHECKDT,DEPTNO) VALUES('C1','2024-03-31 00:00:00','10')",
+               "INSERT INTO STKCHECKDT(CHECKNO,PARTNO,QTY) VALUES('C1','P1',5)"});
+  const std::string complaint = "header of type STKCHECKISS stored without one (TRANNO is empty)";
+  const Ended numbered = on_company("CCheckHead Update C1 STATUSSN=i:1 APPROVED");
+  EXPECT_EQ(numbered.output.find(complaint), std::string::npos) << numbered.output;
+
+  on_company("CCheckHead Update C1 STATUSSN=i:0 UNAPPROVED");
+  company.run(
+      {"CREATE TRIGGER NO_NUMBER AFTER INSERT ON STKTRANHD WHEN NEW.TRANNO<>'' "
+       "BEGIN UPDATE STKTRANHD SET TRANNO='' WHERE TRANNO=NEW.TRANNO; END"});
+  const Ended unnumbered = on_company("CCheckHead Update C1 STATUSSN=i:1 APPROVED");
+  EXPECT_EQ(unnumbered.status, 1);
+  EXPECT_NE(unnumbered.output.find("1 " + complaint), std::string::npos) << unnumbered.output;
+  EXPECT_NE(unnumbered.output.find("un-approve all stocktakings"), std::string::npos) << unnumbered.output;
+  const Ended plain = on_company("CCheckHead Update C1 STATUSSN=i:1 CANCEL");
+  EXPECT_EQ(plain.output.find(complaint), std::string::npos) << "looked for after approvals alone";
+}
+
 TEST_F(Program, TellsWhatIsWrongWithTheCall) {
   const struct {
     const char* arguments;

@@ -44,6 +44,17 @@ exec {writer[1]}>&-
 wait "$writing"
 check_counted_stocktaking
 
+# The trigger stands for a time in which no number is issued.
+take_stock unapprove
+sqlite3 "$database" "CREATE TRIGGER NO_NUMBER AFTER INSERT ON STKTRANHD WHEN NEW.TRANNO<>''
+                     BEGIN UPDATE STKTRANHD SET TRANNO='' WHERE TRANNO=NEW.TRANNO; END"
+check "an approval that got no number is told" \
+  "$(take_stock approve | grep -c "^approving $counted_check: the posting of stocktaking $counted_check has no number")" 1
+sqlite3 "$database" "DROP TRIGGER NO_NUMBER"
+take_stock unapprove
+take_stock approve
+check_counted_stocktaking
+
 check "a number that is taken is not entered again" \
   "$(take_stock open $counted_on $counted_department |
     grep -c "^opening stocktaking $counted_check: the number is taken")" 1
