@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "automation/convert.h"
-#include "automation/create.h"
-#include "automation/local/registry.h"
-#include "automation/member_table.h"
 #include "tests/behaviour/stockcheck/counting_company.h"
 
 // Approvals of stocktakings on a real database: rows before, call, rows after.
@@ -285,59 +282,6 @@ TEST_P(CheckPostingOnSqlite, DeletingAnApprovedCheckLeavesItsPosting) {
   EXPECT_EQ(stage::outcome_of(head, head.call("Delete", "S1")), done);
   EXPECT_EQ(company.rows("SELECT * FROM STKCHECKHD") + company.rows("SELECT * FROM STKCHECKDT"), "");
   EXPECT_EQ(company.posted_lines(), "P1|5|1.5\n");
-}
-
-// Numbers documents as the real one does, but for requests that come back empty.
-class ForgetfulSystem : public automation::Implements<ForgetfulSystem> {
- public:
-  ForgetfulSystem(Object real, int& empty_requests)
-      : real_(std::move(real)), empty_requests_(empty_requests) {}
-  static const automation::MemberTable<ForgetfulSystem>& members() {
-    using automation::write_only;
-    static const automation::MemberTable<ForgetfulSystem> table{
-        {1, "Language", write_only<&ForgetfulSystem::set_language>},
-        {2, "ConnectionString", write_only<&ForgetfulSystem::set_connection_string>},
-        {3, "UserID", write_only<&ForgetfulSystem::ignore>},
-        {4, "DatabaseName", write_only<&ForgetfulSystem::ignore>},
-        {5, "GetTableKeyID", automation::method<&ForgetfulSystem::key>},
-    };
-    return table;
-  }
-  void set_language(const Value& value) { real_.put("Language", value); }
-  void set_connection_string(const Value& value) { real_.put("ConnectionString", value); }
-  void ignore(const Value&) {}
-  Value key(automation::Arguments arguments) {
-    if (empty_requests_ > 0) {
-      --empty_requests_;
-      return 0;
-    }
-    return real_.invoke(real_.resolve("GetTableKeyID"), automation::Access::read, arguments);
-  }
-
- private:
-  Object real_;
-  int& empty_requests_;
-};
-
-TEST_P(CheckPostingOnSqlite, AfterThreeEmptyKeysTheDocumentIsStoredWithoutANumber) {
-  int empty_requests = 3;
-  const Object real = automation::create("Corvane.CSystem");
-  const automation::local::ScopedClass forgetful(
-      "Corvane.CSystem", [&] { return automation::make_object<ForgetfulSystem>(real, empty_requests); });
-  company.check("S1", "2024-03-31", "10");
-  company.counted("S1", "P1", "5");
-  company.counted("S1", "P2", "6");
-  company.counted("S1", "P3", "7");
-  expect_posted(company.approve("S1"));
-  EXPECT_EQ(company.rows("SELECT L.TRANNO='',L.PARTNO,L.QTY FROM STKTRANDT L ORDER BY L.PARTNO"),
-            "1|P1|5\n0|P2|6\n0|P3|7\n");
-  EXPECT_EQ(company.rows("SELECT TRANNO='',REFERENCE FROM STKTRANHD ORDER BY TRANNO"), "1|S1\n0|S1\n");
-  EXPECT_EQ(company.update("S1", "UNAPPROVED"), done);
-  EXPECT_EQ(company.postings(), "0|0");
-
-  empty_requests = 9;
-  expect_posted(company.approve("S1"));
-  EXPECT_EQ(company.postings(), "3|3") << "every line asks three times and gets a header of its own";
 }
 
 }  // namespace
