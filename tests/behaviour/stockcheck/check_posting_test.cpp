@@ -199,6 +199,20 @@ TEST_P(CheckPostingOnSqlite, ApprovingTwicePostsTwiceAndUnapprovalRemovesAllPost
   EXPECT_EQ(company.everything(), before);
 }
 
+// 0.1 is missing and posted; then 0.2 that went out and 0.1 that came in are not quite the 0.3 that was
+// counted.
+TEST_P(CheckPostingOnSqlite, ASecondApprovalPostsWhatRoundingHasLeft) {
+  company.check("S1", "2024-03-31", "10");
+  company.counted("S1", "P1", "0.3");
+  company.moves("T1", "STK020MISS", "2024-03-10", "10", "", "P1", "0.1");
+  company.moves("T2", "STK024MRPL", "2024-03-10", "20", "10", "P1", "0.1");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.posted_lines(), "P1|0.1|1.5\n");
+  expect_posted(company.approve("S1"));
+  EXPECT_EQ(company.postings(), "2|2");
+  EXPECT_EQ(company.rows("SELECT Count(*) FROM STKTRANDT WHERE SN=0 AND Abs(QTY)<1e-15 AND QTY<>0"), "1\n");
+}
+
 TEST_P(CheckPostingOnSqlite, ACheckWithoutLinesSucceedsAndPostsNothing) {
   company.check("S1", "2024-03-31", "10");
   EXPECT_EQ(company.approve("S1"), done);
