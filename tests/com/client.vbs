@@ -236,6 +236,8 @@ Sub FailWhileGuarding(guard, number)
   guard.ValidCloseDT "2024/02/10"
   StopOnError "guarding a closed date"
   Expect "a closed date", guard.ErrNumber, 10000112
+  Expect "its number as it shows", Right(CStr(guard.ErrNumber), 4), "E+07"
+  Expect "its number made whole", CStr(CLng(guard.ErrNumber)), "10000112"
 
   database.Execute "Drop Table STKCLOSEHD"
   StopOnError "dropping the close records"

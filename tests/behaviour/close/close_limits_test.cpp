@@ -42,6 +42,17 @@ TEST_P(CloseLimits, QuantitiesThatAreAllNullStopTheWholeClose) {
   }
 }
 
+TEST_P(CloseLimits, ATransferThatNamesBothDepartmentsAddsToBoth) {
+  company.run(
+      {"INSERT INTO STKTRANHD(TRANNO,STATUSSN,TRANDT,TRANTYPE,DEPTNOFR,DEPTNOTO) VALUES('T9',1,"
+       "'2024-01-15 00:00:00','STK024MRPL','30','20')",
+       "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY) VALUES('T9',1,'BOLT-1',5)"});
+  ASSERT_EQ(company.close("2024/01/31"), done);
+  const std::string lines = company.department_lines("2024-02-01");
+  EXPECT_NE(lines.find("20 |BOLT-1|5|0\n"), std::string::npos) << lines;
+  EXPECT_NE(lines.find("30 |BOLT-1|5|0\n"), std::string::npos) << lines;
+}
+
 TEST_P(CloseLimits, CostingSettingsHaveNoInfluence) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   const std::string lines = company.company_lines("2024-02-01");

@@ -91,6 +91,24 @@ TEST_F(FailedCloseAtEachStep, AConnectionThatIsLostForGoodCannotCleanUpEither) {
             "72 Connection.Close: 2 departments, 1 company, 1 record\n");
 }
 
+// Update asks for no record. What it approves is deleted by no run, only by Delete.
+TEST_F(FailedClose, LeftoversThatAreApprovedStayBesideTheDocumentsOfTheNextRun) {
+  {
+    const WatchedCalls watched([&](const std::string& call, const RealCall& run) {
+      if (call.find("Insert Into STKCLOSEHD") != std::string::npos) fail();
+      run();
+    });
+    EXPECT_EQ(close().result, 0);
+  }
+  EXPECT_EQ(left(), "2 departments, 1 company, 0 record");
+  EXPECT_EQ(company.approve("2024/02/29"), done);
+  EXPECT_EQ(close(), done);
+  EXPECT_EQ(left(), "4 departments, 2 company, 1 record");
+  EXPECT_EQ(remove(), done);
+  EXPECT_EQ(left(), "nothing");
+  expect_mended();
+}
+
 TEST_F(FailedClose, ANumberThatIsNotIssuedLeavesTheDepartmentsBeforeIt) {
   // The last number of the series, stored in a document, uses it up.
   const char* const last_number = "INSERT INTO STKTRANHD(TRANNO,TRANTYPE) VALUES('027CLOSE99999999','OTHER')";

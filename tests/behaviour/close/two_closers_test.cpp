@@ -32,11 +32,11 @@ class TwoClosers : public FailedClose {
     return close();
   }
 
-  stage::Outcome close_by_another() const {
+  stage::Outcome close_by_another(const char* date = "2024/02/29") const {
     stage::Outcome outcome{};
     std::thread([&] {
       const automation::Apartment apartment;
-      outcome = close();
+      outcome = company.close(date);
       frame::collaborators() = {};
     }).join();
     return outcome;
@@ -67,6 +67,17 @@ TEST_F(TwoClosers, LeaveTheDocumentsOfBothAndAreMendedAllTheSame) {
             "25 Recordset.Close: 3 departments, 2 company, 1 record\n"
             "38 Recordset.Close: 2 departments, 2 company, 1 record\n"
             "65 Recordset.Close: 2 departments, 1 company, 1 record\n");
+}
+
+TEST_F(TwoClosers, OfTwoDatesBothReportSuccessAlthoughDocumentsAreMissing) {
+  stage::Outcome second{};
+  int numbers = 0;
+  EXPECT_EQ(close_and_meet([&](int, const std::string& call) {
+              if (call == "System.GetTableKeyID" && ++numbers == 2) second = close_by_another("2024/03/31");
+            }),
+            done);
+  EXPECT_EQ(second, done);
+  EXPECT_EQ(left(), "1 departments, 1 company, 1 record") << "the first department's is deleted";
 }
 
 }  // namespace
