@@ -7,8 +7,8 @@
 #include <type_traits>
 
 #include "automation/com/pointer.h"
+#include "automation/com/type_library.h"
 #include "server/com/dispatcher.h"
-#include "server/com/type_library.h"
 #include "server/com/wire.h"
 
 namespace tallyra::server::com {
@@ -66,7 +66,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     if (!info) return E_POINTER;
     *info = nullptr;
     try {
-      *info = type_info(class_id_).detach();
+      *info = automation::com::type_info(class_id_).detach();
       return S_OK;
     } catch (...) {
       return automation::hresult_from_number(automation::current_error().number());

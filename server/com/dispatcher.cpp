@@ -1,14 +1,15 @@
 #include "server/com/dispatcher.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "automation/com/com_object.h"
 #include "automation/com/failure.h"
 #include "automation/com/incoming_arguments.h"
 #include "automation/com/text.h"
+#include "automation/com/type_library.h"
 #include "automation/com/variant.h"
 #include "automation/folded_name.h"
-#include "server/com/type_library.h"
 
 namespace tallyra::server::com {
 namespace {
@@ -71,7 +72,7 @@ Dispatcher::Dispatcher(std::string_view class_name, REFIID interface_id)
       session_(table_ ? table_->make() : nullptr) {}
 
 ITypeInfo& Dispatcher::interface_info() {
-  if (!interface_info_) interface_info_ = type_info(interface_id_);
+  if (!interface_info_) interface_info_ = automation::com::type_info(interface_id_);
   return *interface_info_.get();
 }
 
@@ -96,7 +97,7 @@ HRESULT Dispatcher::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, 
     if (!names[i]) return E_POINTER;
   try {
     const ClassMember* member = find_member(table_, automation::com::to_utf8(names[0]));
-    if (!member) return interface_info().GetIDsOfNames(names, count, ids);
+    if (!member) return declared_ids(names, count, ids);
     ids[0] = member->id;
     HRESULT code = S_OK;
     for (UINT i = 1; i < count; ++i) {
@@ -176,10 +177,17 @@ std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, con
   }
 }
 
+HRESULT Dispatcher::declared_ids(LPOLESTR* names, UINT count, DISPID* ids) {
+  const HRESULT code = interface_info().GetIDsOfNames(names, count, ids);
+  if (!automation::com::is_inherited(ids[0])) return code;
+  std::fill_n(ids, count, DISPID_UNKNOWN);
+  return DISP_E_UNKNOWNNAME;
+}
+
 HRESULT Dispatcher::missing_member(DISPID id, Access access) {
   const unsigned kinds =
       access == Access::read ? INVOKE_FUNC | INVOKE_PROPERTYGET : INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF;
-  return declares(interface_info(), id, kinds) ? E_NOTIMPL : DISP_E_MEMBERNOTFOUND;
+  return automation::com::declares(interface_info(), id, kinds) ? E_NOTIMPL : DISP_E_MEMBERNOTFOUND;
 }
 
 }  // namespace tallyra::server::com

@@ -48,6 +48,8 @@ class Dispatcher {
   std::optional<Failure> run(DISPID id, automation::Access access, const DISPPARAMS& parameters,
                              automation::Value& result) noexcept;
   ITypeInfo& interface_info();
+  // Of a member that the library declares and the table has not.
+  HRESULT declared_ids(LPOLESTR* names, UINT count, DISPID* ids);
   HRESULT missing_member(DISPID id, automation::Access access);
   std::string source() const { return "Tallyra." + std::string(class_name_); }
 

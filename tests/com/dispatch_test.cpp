@@ -41,6 +41,26 @@ TEST(ComDispatch, NamesAreFoundWhateverTheirCaseWithThoseOfTheParameters) {
   EXPECT_EQ(ids[3], DISPID_UNKNOWN);
 }
 
+// The type library knows them too: every interface inherits them.
+TEST(ComDispatch, WhatEveryInterfaceInheritsIsNoMember) {
+  const auto detail = new_detail();
+  const auto close = new_close();
+  for (const wchar_t* name : {L"QueryInterface", L"AddRef", L"release", L"GetTypeInfoCount", L"GetTypeInfo",
+                              L"GetIDsOfNames", L"Invoke"}) {
+    EXPECT_EQ(id_of(detail.get(), name), DISPID_UNKNOWN) << testing::PrintToString(name);
+    EXPECT_EQ(id_of(close.get(), name), DISPID_UNKNOWN) << testing::PrintToString(name);
+  }
+  LPOLESTR names[] = {const_cast<LPOLESTR>(L"QueryInterface"), const_cast<LPOLESTR>(L"riid")};
+  DISPID ids[2];
+  EXPECT_EQ(detail->GetIDsOfNames(IID_NULL, names, 2, 0, ids), DISP_E_UNKNOWNNAME);
+  EXPECT_EQ(ids[0], DISPID_UNKNOWN);
+  EXPECT_EQ(ids[1], DISPID_UNKNOWN);
+  for (const DISPID id : {0x60000000, 0x60000001, 0x60010000, 0x60010003}) {
+    WireCall call{.id = id};
+    EXPECT_EQ(call.on(detail.get()), DISP_E_MEMBERNOTFOUND) << id;
+  }
+}
+
 TEST(ComDispatch, ScriptVariablesComeBackReplaced) {
   const auto detail = new_detail();
   Variant number(Value("A1"), Role::caller);

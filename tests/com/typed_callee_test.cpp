@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "automation/com/com_proxy.h"
-#include "server/com/type_library.h"
+#include "automation/com/type_library.h"
 #include "tests/com/business_objects.h"
 #include "tests/com/test_classes.h"
 
@@ -18,7 +18,7 @@ using automation::com::ComProxy;
 class TypedCallee : public IDispatch {
  public:
   explicit TypedCallee(Pointer<_CTranDetail> members)
-      : members_(std::move(members)), description_(server::com::type_info(IID__CTranDetail)) {}
+      : members_(std::move(members)), description_(automation::com::type_info(IID__CTranDetail)) {}
 
   STDMETHODIMP QueryInterface(REFIID id, void** out) override {
     *out = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;

@@ -1,24 +1,27 @@
-#include "server/com/type_library.h"
+#include "automation/com/type_library.h"
 
 #include <oleauto.h>
 
 #include "automation/com/failure.h"
 #include "automation/com/module.h"
 
-namespace tallyra::server::com {
-
-using automation::com::Pointer;
-using automation::com::throw_if_failed;
+namespace tallyra::automation::com {
 
 Pointer<ITypeInfo> type_info(REFGUID id) {
   Pointer<ITypeLib> library;
-  throw_if_failed(LoadTypeLibEx(automation::com::module_path().c_str(), REGKIND_NONE, library.out()));
+  throw_if_failed(LoadTypeLibEx(module_path().c_str(), REGKIND_NONE, library.out()));
   Pointer<ITypeInfo> info;
   throw_if_failed(library->GetTypeInfoOfGuid(id, info.out()));
   return info;
 }
 
+// Members without an id of their own have one that the system makes up; those begin here.
+bool is_inherited(MEMBERID id) {
+  return id >= 0x60000000;
+}
+
 bool declares(ITypeInfo& interface_info, MEMBERID id, unsigned invoke_kinds) {
+  if (is_inherited(id)) return false;
   FUNCDESC* function = nullptr;
   for (UINT i = 0; SUCCEEDED(interface_info.GetFuncDesc(i, &function)); ++i) {
     const bool found = function->memid == id && (function->invkind & invoke_kinds) != 0;
@@ -28,4 +31,4 @@ bool declares(ITypeInfo& interface_info, MEMBERID id, unsigned invoke_kinds) {
   return false;
 }
 
-}  // namespace tallyra::server::com
+}  // namespace tallyra::automation::com
