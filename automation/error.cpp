@@ -32,6 +32,7 @@ constexpr StandardText standard_texts[] = {
     {449, "Argument not optional"},
     {450, "Wrong number of arguments or invalid property assignment"},
     {451, "Object not a collection"},
+    {457, "This key is already associated with an element of this collection"},
     {458, "Variable uses an Automation type not supported"},
     {462, "The remote server machine does not exist or is unavailable"},
 };

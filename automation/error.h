@@ -24,6 +24,7 @@ inline constexpr std::int32_t action_not_supported = 445;
 inline constexpr std::int32_t no_such_named_argument = 448;
 inline constexpr std::int32_t argument_not_optional = 449;
 inline constexpr std::int32_t wrong_argument_count = 450;
+inline constexpr std::int32_t key_in_use = 457;
 }  // namespace error_number
 
 // A run-time error on its way to the trap of a business method or to the edge where a caller gets it.

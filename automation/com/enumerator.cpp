@@ -1,23 +1,14 @@
 #include "automation/com/enumerator.h"
 
 #include <algorithm>
-#include <new>
 
 #include "automation/com/failure.h"
 #include "automation/com/variant.h"
 
 namespace tallyra::automation::com {
 
-Enumerator::Enumerator(const Object& object, std::size_t position)
-    : object_(object), items_(dynamic_cast<const Enumerable&>(*object.dispatch())), position_(position) {}
-
 Pointer<IUnknown> Enumerator::make(const Object& object) {
   return Pointer<IUnknown>::adopt(new Enumerator(object, 0));
-}
-
-std::size_t Enumerator::left() const {
-  const std::size_t size = items_.item_count();
-  return size - std::min(position_, size);
 }
 
 HRESULT Enumerator::QueryInterface(REFIID id, void** out) {
@@ -46,14 +37,16 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* items, ULONG* fetched) {
   if (!items || (count != 1 && !fetched)) return E_POINTER;
   ULONG done = 0;
   try {
-    for (; done < count && left() > 0; ++done) {
-      items[done] = Variant(items_.item_at(position_), Role::callee).detach();
-      ++position_;
+    for (; done < count; ++done) {
+      const auto item = walk_.item();
+      if (!item) break;
+      items[done] = Variant(*item, Role::callee).detach();
+      walk_.move_to(walk_.position() + 1);
     }
   } catch (...) {
     const Error error = current_error();
     // The items of a failed call are nobody's.
-    position_ -= done;
+    walk_.move_to(walk_.position() - done);
     while (done > 0) VariantClear(&items[--done]);
     return hresult_from_number(error.number());
   }
@@ -63,8 +56,8 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* items, ULONG* fetched) {
 
 HRESULT Enumerator::Skip(ULONG count) {
   try {
-    const std::size_t skipped = std::min<std::size_t>(count, left());
-    position_ += skipped;
+    const std::size_t skipped = std::min<std::size_t>(count, walk_.left());
+    walk_.move_to(walk_.position() + skipped);
     return skipped == count ? S_OK : S_FALSE;
   } catch (...) {
     return hresult_from_number(current_error().number());
@@ -72,14 +65,19 @@ HRESULT Enumerator::Skip(ULONG count) {
 }
 
 HRESULT Enumerator::Reset() {
-  position_ = 0;
+  walk_.move_to(0);
   return S_OK;
 }
 
 HRESULT Enumerator::Clone(IEnumVARIANT** copy) {
   if (!copy) return E_POINTER;
-  *copy = new (std::nothrow) Enumerator(object_, position_);
-  return *copy ? S_OK : E_OUTOFMEMORY;
+  *copy = nullptr;
+  try {
+    *copy = new Enumerator(walk_.object(), walk_.position());
+    return S_OK;
+  } catch (...) {
+    return hresult_from_number(current_error().number());
+  }
 }
 
 }  // namespace tallyra::automation::com

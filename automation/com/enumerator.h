@@ -10,7 +10,7 @@
 
 namespace tallyra::automation::com {
 
-// Walks an object that is Enumerable for a client's For Each, item by item, as the object is at that moment.
+// A walk over an object that is Enumerable, for a client's For Each.
 class Enumerator final : public IEnumVARIANT {
  public:
   static Pointer<IUnknown> make(const Object& object);
@@ -24,15 +24,11 @@ class Enumerator final : public IEnumVARIANT {
   STDMETHODIMP Clone(IEnumVARIANT** copy) override;
 
  private:
-  Enumerator(const Object& object, std::size_t position);
+  Enumerator(const Object& object, std::size_t position) : walk_(object, position) {}
   ~Enumerator() = default;
 
-  std::size_t left() const;
-
   std::atomic<ULONG> references_ = 1;
-  Object object_;
-  const Enumerable& items_;  // the same object
-  std::size_t position_;
+  Walk walk_;
   ModuleUse module_use_;
 };
 

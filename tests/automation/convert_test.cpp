@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "automation/collection.h"
-#include "automation/error.h"
+#include "tests/automation/error_of.h"
 
 namespace tallyra::automation {
 namespace {
@@ -22,16 +22,6 @@ class Quantity : public Implements<Quantity> {
   }
   Value value() { return "2.5"; }
 };
-
-template <class Convert>
-std::int32_t error_of(const Convert& convert) {
-  try {
-    convert();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(Conversion, EveryKindHasOneText) {
   const struct {

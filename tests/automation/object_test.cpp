@@ -2,24 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "automation/collection.h"
 #include "automation/convert.h"
 #include "automation/create.h"
-#include "automation/error.h"
 #include "automation/local/registry.h"
+#include "automation/member_table.h"
+#include "tests/automation/error_of.h"
 
 namespace tallyra::automation {
 namespace {
-
-template <class Use>
-std::int32_t error_of(const Use& use) {
-  try {
-    use();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 // Counts how often its names are asked for and replaces what comes by reference.
 class Counter : public Implements<Counter> {
@@ -86,63 +76,6 @@ TEST(Creation, FindsRegisteredClassesWhateverTheCase) {
     EXPECT_EQ(error_of([] { create("Sample.Counter"); }), error_number::cannot_create);
   }
   EXPECT_TRUE(create("Sample.Counter"));
-}
-
-TEST(ACollection, CountsFromOneAndForgetsWhatIsRemoved) {
-  const Object collection = make_object<Collection>();
-  for (const char* item : {"a", "b", "c"}) collection.call("Add", item);
-  collection.call("Remove", 2);
-  EXPECT_EQ(collection.get("Count"), Value(2));
-  EXPECT_EQ(collection.call("Item", 2), Value("c"));
-  EXPECT_EQ(collection.invoke(default_member, Access::read, std::array{Argument(Value(1))}), Value("a"));
-  for (const int position : {0, 3, -1})
-    EXPECT_EQ(error_of([&] { collection.call("Item", position); }), error_number::bad_index);
-}
-
-// Puts something in its own place when it goes.
-class LastWord : public Implements<LastWord> {
- public:
-  static const MemberTable<LastWord>& members() {
-    static const MemberTable<LastWord> none{};
-    return none;
-  }
-  explicit LastWord(Collection& collection) : collection_(collection) {}
-  ~LastWord() override { collection_.add(std::array{Argument(Value("last word"))}); }
-
- private:
-  Collection& collection_;
-};
-
-TEST(ACollection, MayBeUsedByTheObjectThatIsRemoved) {
-  const Object collection = make_object<Collection>();
-  collection.call("Add", "first");
-  collection.call("Add", make_object<LastWord>(dynamic_cast<Collection&>(*collection.dispatch())));
-  for (int i = 0; i < 10; ++i) collection.call("Add", "a text that is too long to lie within a value itself");
-  collection.call("Remove", 2);
-  EXPECT_EQ(collection.get("Count"), Value(12));
-  EXPECT_EQ(collection.call("Item", 12), Value("last word"));
-}
-
-TEST(ACollection, KeepsValuesAsTheyAre) {
-  const Object collection = make_object<Collection>();
-  const Value values[] = {Value(),
-                          Null{},
-                          Missing{},
-                          true,
-                          std::int16_t{1},
-                          1,
-                          1.5F,
-                          1.5,
-                          Currency{1},
-                          Decimal(int64_t{5}),
-                          Date{45358.25},
-                          "文",
-                          Object(),
-                          collection};
-  for (const auto& value : values) collection.call("Add", value);
-  for (std::int32_t i = 0; i < std::ssize(values); ++i)
-    EXPECT_EQ(collection.call("Item", i + 1), values[i]) << i;
-  while (to_int32(collection.get("Count")) > 0) collection.call("Remove", 1);
 }
 
 TEST(ErrorNumbers, FollowTheHresultThatCarriesThem) {
