@@ -3,8 +3,8 @@
 #include <oaidl.h>
 
 #include <atomic>
-#include <optional>
 
+#include "automation/com/incoming_calls.h"
 #include "automation/com/module.h"
 #include "automation/com/pointer.h"
 #include "automation/com/role.h"
@@ -12,12 +12,11 @@
 
 namespace tallyra::automation::com {
 
-// An object of this module as other modules see it. What is Enumerable can be walked by a For Each.
+// An object of this module as other modules see it: to be called by name, without a description of itself.
+// What is Enumerable can be walked by a For Each.
 class ComObject final : public IDispatch {
  public:
   static Pointer<IDispatch> make(const Object& object, Role role);
-  // The object behind a ComObject that this module has made in that role; none for any other object.
-  static Object unwrap(IDispatch& dispatch, Role role);
 
   STDMETHODIMP QueryInterface(REFIID id, void** out) override;
   STDMETHODIMP_(ULONG) AddRef() override;
@@ -29,18 +28,12 @@ class ComObject final : public IDispatch {
                       VARIANT* result, EXCEPINFO* failure, UINT* argument_at_fault) override;
 
  private:
-  ComObject(Object object, Role role) : object_(std::move(object)), role_(role) {}
+  ComObject(const Object& object, Role role);
   ~ComObject() = default;
 
-  HRESULT run(DISPID id, Access access, const DISPPARAMS& parameters, VARIANT* result);
-
   std::atomic<ULONG> references_ = 1;
-  Object object_;
-  Role role_;
+  IncomingCalls calls_;
   ModuleUse module_use_;
 };
-
-// What Invoke's flags ask for; nothing when they ask for nothing that is known.
-std::optional<Access> access_of(WORD flags);
 
 }  // namespace tallyra::automation::com

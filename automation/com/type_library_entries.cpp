@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/com/collection_object.h"
 #include "automation/com/failure.h"
 #include "automation/com/pointer.h"
 
@@ -38,6 +39,12 @@ std::wstring help_text_of(ITypeLib& library) {
   return taken(text);
 }
 
+// The interface of collections is registered by the runtime library that it belongs to, with a marshaler of
+// its own. On a machine without that library no variable asks for it, and calls by name need no entry.
+bool is_registered(const TYPEATTR& type) {
+  return type.typekind == TKIND_DISPATCH && type.guid != collection_interface_id;
+}
+
 std::vector<LibraryInterface> interfaces_of(ITypeLib& library) {
   std::vector<LibraryInterface> list;
   for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
@@ -45,11 +52,11 @@ std::vector<LibraryInterface> interfaces_of(ITypeLib& library) {
     TYPEATTR* attributes = nullptr;
     throw_if_failed(library.GetTypeInfo(i, info.out()));
     throw_if_failed(info->GetTypeAttr(&attributes));
-    const bool is_interface = attributes->typekind == TKIND_DISPATCH;
+    const bool has_entry = is_registered(*attributes);
     const bool is_dual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
     const std::wstring key = L"Interface\\" + guid_text(attributes->guid);
     info->ReleaseTypeAttr(attributes);
-    if (is_interface) list.push_back({key, name_of(library, static_cast<INT>(i)), is_dual});
+    if (has_entry) list.push_back({key, name_of(library, static_cast<INT>(i)), is_dual});
   }
   return list;
 }

@@ -12,7 +12,7 @@
 namespace tallyra::automation::com {
 
 // Calls over apartment borders go by the type library, so every interface names the system's marshaler for
-// that. Throws Error.
+// that. The interface of collections, which is not the library's own, is left alone. Throws Error.
 void write_type_library(const ClassesBranch& branch, ITypeLib& library, const std::wstring& path);
 
 // The keys that write_type_library writes to, each of which with everything below it is the library's own.

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "automation/com/com_object.h"
 #include "automation/com/failure.h"
 #include "automation/com/incoming_arguments.h"
+#include "automation/com/incoming_calls.h"
 #include "automation/com/text.h"
 #include "automation/com/type_library.h"
 #include "automation/com/variant.h"

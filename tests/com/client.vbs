@@ -178,6 +178,40 @@ Sub WalkCollections
   Expect "items of an empty collection", walked, last & ",added,"
   values.Remove 99
   ExpectError "removing what is not there", 9
+  KeepByKey names
+End Sub
+
+' Keys and places in an empty collection that the DLL has made.
+Sub KeepByKey(names)
+  Dim name, walked
+  On Error Resume Next
+  names.Add "middle", "Key"
+  names.Add "first", "k1", 1
+  names.Add "second", "k2", "KEY"
+  StopOnError "adding with keys"
+  Expect "count with keys", names.Count, 3
+  Expect "an item by its key", names("key"), "middle"
+  Expect "the same by Item", names.Item("KEY"), "middle"
+  Expect "the item put before it", names.Item(2), "second"
+  Expect "the interface of a collection", TypeName(names), "_Collection"
+  names.Add "again", "kEY"
+  ExpectRaised "adding a key twice", 457, "This key is already associated with an element of this collection"
+  walked = names.Item("nosuch")
+  ExpectRaised "a key that is not there", 5, "Invalid procedure call or argument"
+  walked = names(4)
+  ExpectRaised "a number that is not there", 9, "Subscript out of range"
+  names.Add "x", "k3", 1, 1
+  ExpectError "before and after", 5
+  names.QueryInterface
+  ExpectError "a name that every interface has", 438
+  walked = ""
+  For Each name In names
+    walked = walked & name & ","
+    names.Remove 1
+  Next
+  StopOnError "removing while walking"
+  Expect "items removed while walking", walked, "first,second,middle,"
+  Expect "what is left", names.Count, 0
 End Sub
 
 ' The fields of a recordset.
@@ -295,6 +329,16 @@ Sub ExpectError(what, number)
   WScript.Echo "caught " & caught & " of " & Err.Source & ": " & Err.Description
   Err.Clear
   Expect what, caught, number
+End Sub
+
+' An error of a collection, with its source and description.
+Sub ExpectRaised(what, number, description)
+  Dim source, told
+  source = Err.Source
+  told = Err.Description
+  ExpectError what, number
+  Expect "source of " & what, source, "Tallyra.Collection"
+  Expect "description of " & what, told, description
 End Sub
 
 Sub StopOnError(what)

@@ -87,6 +87,14 @@ DescribedInterface default_interface_of(ITypeInfo& coclass) {
   return found;
 }
 
+bool is_creatable(ITypeInfo& coclass) {
+  TYPEATTR* attributes = nullptr;
+  throw_if_failed(coclass.GetTypeAttr(&attributes));
+  const bool creatable = (attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0;
+  coclass.ReleaseTypeAttr(attributes);
+  return creatable;
+}
+
 server::ParameterType parameter_type(VARTYPE type) {
   switch (type) {
     case VT_BSTR: return server::ParameterType::text;
@@ -180,7 +188,8 @@ const std::vector<DescribedInterface>& described_interfaces() {
       Pointer<ITypeInfo> info;
       throw_if_failed(library->GetTypeInfoType(i, &kind));
       throw_if_failed(library->GetTypeInfo(i, info.out()));
-      if (kind == TKIND_COCLASS) interfaces.push_back(default_interface_of(*info.get()));
+      if (kind == TKIND_COCLASS && is_creatable(*info.get()))
+        interfaces.push_back(default_interface_of(*info.get()));
     }
     return interfaces;
   }();

@@ -30,7 +30,7 @@ automation::Value sample(VARTYPE type, int place);
 inline constexpr int first_new_place = 100;
 inline constexpr int result_place = first_new_place - 1;
 
-// A class of the type library with its own interface.
+// A class of the type library that clients create, with its own interface.
 struct DescribedInterface {
   std::string class_name;
   GUID class_id;

@@ -335,6 +335,26 @@ TEST_F(Registration, AFailureLeavesAnEarlierRegistrationAsItWas) {
   EXPECT_EQ(dll_.unregister_server(), S_OK);
 }
 
+// The runtime library of classic clients registers that interface, with a marshaler of its own.
+TEST_F(Registration, LeavesTheInterfaceOfCollectionsToItsOwner) {
+  const std::wstring key = L"Interface\\" + guid_text(IID__Collection);
+  ASSERT_EQ(text_at(HKEY_LOCAL_MACHINE, key), L"(none)");
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key), L"(none)");
+  ASSERT_EQ(dll_.unregister_server(), S_OK);
+
+  set_text(HKEY_LOCAL_MACHINE, key, L"_Collection");
+  set_text(HKEY_LOCAL_MACHINE, key + L"\\ProxyStubClsid32", L"{11111111-2222-3333-4444-555555555555}");
+  set_text(HKEY_LOCAL_MACHINE, key + L"\\TypeLib", guid_text(LIBID_Tallyra));
+  const auto before = registered(HKEY_LOCAL_MACHINE);
+  ASSERT_EQ(dll_.register_server(), S_OK);
+  EXPECT_EQ(text_at(HKEY_LOCAL_MACHINE, key + L"\\ProxyStubClsid32"),
+            L"{11111111-2222-3333-4444-555555555555}");
+  ASSERT_EQ(dll_.unregister_server(), S_OK);
+  EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(classes_path) + L"\\" + key).c_str());
+}
+
 TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {
   // An obstacle refuses a class, the library, an interface.
   const std::wstring obstacles[] = {

@@ -165,14 +165,15 @@ class TypeLibrary : public testing::Test {
   std::map<std::string, Pointer<ITypeInfo>> types_ = library_types(*library_.get());
 };
 
-TEST_F(TypeLibrary, HoldsTheTenClassesTheirInterfacesAndTheEventsAndNothingElse) {
+TEST_F(TypeLibrary, HoldsTheTenClassesTheirInterfacesTheEventsAndTheCollectionAndNothingElse) {
   ASSERT_EQ(server::classes().size(), 10U);
-  EXPECT_EQ(types_.size(), 21U);
+  EXPECT_EQ(types_.size(), 23U);
   for (const auto& table : server::classes()) {
     EXPECT_TRUE(types_.contains(std::string(table.name))) << table.name;
     EXPECT_TRUE(types_.contains("_" + std::string(table.name))) << table.name;
   }
-  EXPECT_TRUE(types_.contains("__CStockClose"));
+  for (const char* name : {"__CStockClose", "_Collection", "Collection"})
+    EXPECT_TRUE(types_.contains(name)) << name;
 }
 
 TEST_F(TypeLibrary, EveryMemberAgreesWithItsClassTable) {
@@ -256,6 +257,8 @@ TEST_F(TypeLibrary, IdentifiersNeverChange) {
       {"_CSTKController", L"{2F3A7EDC-7B41-417D-A84A-B7A1F1D81E94}"},
       {"_CStkShipNote", L"{6D26BDEE-4115-49F8-83B2-074163ED4B9A}"},
       {"__CStockClose", L"{9FAADF83-2933-4CD1-9730-08D2FDFF1AA7}"},
+      {"_Collection", L"{A4C46780-499F-101B-BB78-00AA00383CBB}"},
+      {"Collection", L"{E8E500D0-5C5E-45D6-B2E4-BDA704BB377E}"},
       {"CTranHead", L"{C3CF34B2-56A6-4186-81E6-5878F852909B}"},
       {"CTranDetail", L"{1812A514-FF65-417F-B881-4A2AAF246929}"},
       {"CCheckHead", L"{D75EBA6D-3A4C-48EE-925F-E0B95B78DE4E}"},
