@@ -4,6 +4,7 @@
 
 #include "standins/ado/arguments.h"
 #include "standins/ado/connection_string.h"
+#include "standins/ado/properties.h"
 #include "standins/ado/recordset.h"
 
 namespace tallyra::standins::ado {
@@ -39,6 +40,7 @@ const automation::MemberTable<Connection>& Connection::members() {
       {10, "CursorLocation", automation::read_write<&C::location, &C::set_location>},
       {11, "Provider", automation::read_write<&C::provider, &C::set_provider>},
       {12, "Version", automation::property<&C::version>},
+      {13, "Properties", automation::method<&C::properties>},
   };
   return table;
 }
@@ -163,6 +165,14 @@ Value Connection::provider() {
 void Connection::set_provider(const Value& value) {
   if (is_open()) raise(ado_error::object_open);
   provider_ = text_value(value);
+}
+
+// As a client writes it: the collection itself, or one of its items by name or position.
+Value Connection::properties(Arguments arguments) {
+  automation::expect_arguments(arguments, 0, 1);
+  automation::Object all = automation::make_object<Properties>(*this);
+  return arguments.empty() ? Value(std::move(all))
+                           : all.invoke(automation::default_member, automation::Access::read, arguments);
 }
 
 }  // namespace tallyra::standins::ado

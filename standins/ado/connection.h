@@ -39,6 +39,7 @@ class Connection : public AdoObject<Connection> {
   void set_location(const automation::Value& value);
   automation::Value provider();
   void set_provider(const automation::Value& value);
+  automation::Value properties(automation::Arguments arguments);
 
   // For recordsets.
   bool is_open() const { return session_ != nullptr; }

@@ -162,4 +162,11 @@ std::string odbc_connection_string(std::string_view client_string, std::string_v
   return std::move(result.text);
 }
 
+std::string without_password(std::string_view odbc_string) {
+  std::string text;
+  for (const Keyword& keyword : split(odbc_string))
+    if (!keyword.bare && !equals_folded(keyword.name, "PWD")) append(text, keyword.name, keyword.value);
+  return text;
+}
+
 }  // namespace tallyra::standins::ado

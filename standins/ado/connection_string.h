@@ -13,6 +13,9 @@ namespace tallyra::standins::ado {
 std::string odbc_connection_string(std::string_view client_string, std::string_view user,
                                    std::string_view password);
 
+// An ODBC connection string without its passwords.
+std::string without_password(std::string_view odbc_string);
+
 // True for the name of the ODBC provider, whatever its case and version, and for no name at all.
 bool is_odbc_provider(std::string_view provider);
 

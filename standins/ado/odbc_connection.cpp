@@ -13,6 +13,8 @@
 namespace tallyra::standins::ado {
 namespace {
 
+constexpr std::size_t longest_completed_string = 4096;
+
 std::uint64_t next_ordinal() {
   static std::atomic<std::uint64_t> last{0};
   return ++last;
@@ -23,8 +25,11 @@ std::uint64_t next_ordinal() {
 OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t seconds)
     : handle(SQL_HANDLE_ENV, odbc_environment()) {
   SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
-  handle.require(SQLDriverConnect(handle.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS, nullptr, 0,
-                                  nullptr, SQL_DRIVER_NOPROMPT));
+  std::array<SQLCHAR, longest_completed_string> completed{};
+  handle.require(SQLDriverConnect(handle.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS,
+                                  completed.data(), static_cast<SQLSMALLINT>(completed.size()), nullptr,
+                                  SQL_DRIVER_NOPROMPT));
+  completed_string = reinterpret_cast<const char*>(completed.data());
 }
 
 OdbcConnection::Login::~Login() {
@@ -54,12 +59,16 @@ OdbcConnection::~OdbcConnection() {
   trace(Operation::disconnect, {}, 0, true);
 }
 
-bool OdbcConnection::is_sqlite() {
-  std::array<char, 128> name{};
+std::string OdbcConnection::information(SQLUSMALLINT kind) const {
+  std::array<char, 1024> text{};
   SQLSMALLINT length = 0;
-  const SQLRETURN result = SQLGetInfo(login_.handle.get(), SQL_DBMS_NAME, name.data(),
-                                      static_cast<SQLSMALLINT>(name.size()), &length);
-  return SQL_SUCCEEDED(result) && automation::equals_folded(name.data(), "SQLite");
+  const SQLRETURN result =
+      SQLGetInfo(login_.handle.get(), kind, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
+  return SQL_SUCCEEDED(result) ? text.data() : std::string();
+}
+
+bool OdbcConnection::is_sqlite() const {
+  return automation::equals_folded(information(SQL_DBMS_NAME), "SQLite");
 }
 
 bool OdbcConnection::rereads_bound_columns() {

@@ -35,6 +35,12 @@ class OdbcConnection {
   // How long a statement may take, 0 for ever. A driver without such a limit ignores it.
   void limit_statements(std::int32_t seconds);
 
+  // What the driver says about itself or the database under a number of SQLGetInfo that stands for a text;
+  // empty when it says nothing.
+  std::string information(SQLUSMALLINT kind) const;
+  // The connection string as the driver completed it, from the data source and its defaults.
+  const std::string& completed_string() const { return login_.completed_string; }
+
   bool in_transaction() const { return in_transaction_; }
   // Must not be in a transaction.
   void begin();
@@ -48,9 +54,10 @@ class OdbcConnection {
     Login(const std::string& odbc_string, std::int32_t seconds);
     ~Login();
     OdbcHandle<SQL_HANDLE_DBC> handle;
+    std::string completed_string;
   };
 
-  bool is_sqlite();
+  bool is_sqlite() const;
   bool rereads_bound_columns();
   // Throws Error where a text meets a date column and is no date: SQLite itself would take it.
   std::string_view in_words_of_engine(std::string_view sql);

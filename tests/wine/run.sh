@@ -10,5 +10,7 @@ source "$repository/scripts/wine.sh"
 mkdir -p "$repository/build/wine"
 TALLYRA_TEST_FOLDER=$(mktemp -d "$repository/build/wine/test.XXXXXX")
 export TALLYRA_TEST_FOLDER
+# The data sources that tests define; the driver, a library of the machine, knows no variable that is set later.
+export ODBCINI=$TALLYRA_TEST_FOLDER/odbc.ini
 trap 'rm -rf "$TALLYRA_TEST_FOLDER"' EXIT
 wine_run "$@"
