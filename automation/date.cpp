@@ -73,12 +73,15 @@ CivilTime civil_time(Date date) {
 }
 
 std::optional<Date> date_from_civil(const CivilTime& civil) {
+  // The calendar's types keep a byte of a month or day: what lies beyond must not come near them.
+  if (civil.year < 100 || civil.year > 9999 || civil.month < 1 || civil.month > 12 || civil.day < 1 ||
+      civil.day > 31)
+    return std::nullopt;
   const std::chrono::year_month_day day(std::chrono::year(civil.year),
                                         std::chrono::month(static_cast<unsigned>(civil.month)),
                                         std::chrono::day(static_cast<unsigned>(civil.day)));
-  if (!day.ok() || civil.year < 100 || civil.year > 9999) return std::nullopt;
-  if (civil.hour < 0 || civil.hour > 23 || civil.minute < 0 || civil.minute > 59 || civil.second < 0 ||
-      civil.second > 59)
+  if (!day.ok() || civil.hour < 0 || civil.hour > 23 || civil.minute < 0 || civil.minute > 59 ||
+      civil.second < 0 || civil.second > 59)
     return std::nullopt;
   const auto days = static_cast<double>((std::chrono::sys_days(day) - day_zero).count());
   const double time = (civil.hour * 3600 + civil.minute * 60 + civil.second) / double{seconds_per_day};
