@@ -8,23 +8,38 @@
 namespace tallyra::standins::corvane {
 namespace {
 
-// How long the value at the start of the text is; a value in braces runs to the brace that closes it, "}}"
-// being a brace inside.
+// The mark that ends a value which begins with this one; a doubled one is an ordinary character inside.
+char closing_mark(char opening) {
+  switch (opening) {
+    case '{': return '}';
+    case '"':
+    case '\'': return opening;
+    default: return '\0';
+  }
+}
+
+// How long the value at the start of the text is.
 std::size_t value_length(std::string_view text) {
   std::size_t at = text.find_first_not_of(' ');
   if (at == std::string_view::npos) return text.size();
-  if (text[at] == '{') {
+  if (const char closing = closing_mark(text[at]); closing != '\0') {
     for (++at; at < text.size(); ++at) {
-      if (text[at] != '}') continue;
-      if (at + 1 == text.size() || text[at + 1] != '}') break;
+      if (text[at] != closing) continue;
+      if (at + 1 == text.size() || text[at + 1] != closing) break;
       ++at;
     }
   }
   return std::min(text.find(';', std::min(at, text.size())), text.size());
 }
 
-bool is_braced(std::string_view value) {
-  return value.size() >= 2 && value.front() == '{' && value.back() == '}';
+bool is_enclosed(std::string_view value) {
+  return value.size() >= 2 && value.back() == closing_mark(value.front());
+}
+
+std::string with_doubled(std::string_view value, char mark) {
+  std::string text;
+  for (const char c : value) text.append(c == mark ? 2 : 1, c);
+  return text;
 }
 
 }  // namespace
@@ -55,22 +70,26 @@ const ConnectionString::Part* ConnectionString::find(std::string_view key) const
 std::string ConnectionString::value(std::string_view key) const {
   const Part* part = find(key);
   if (!part) return {};
-  if (!is_braced(part->value)) return part->value;
+  if (!is_enclosed(part->value)) return part->value;
   std::string value = part->value.substr(1, part->value.size() - 2);
-  for (std::size_t at = 0; (at = value.find("}}", at)) != std::string::npos; ++at) value.erase(at, 1);
+  const std::string doubled(2, part->value.back());
+  for (std::size_t at = 0; (at = value.find(doubled, at)) != std::string::npos; ++at) value.erase(at, 1);
   return value;
 }
 
-void ConnectionString::extend(std::string_view key, std::string_view suffix) {
-  for (Part& part : parts_) {
-    if (!automation::equals_folded(part.key, key)) continue;
-    part.value.insert(is_braced(part.value) ? part.value.size() - 1 : part.value.size(), suffix);
-    return;
-  }
+void ConnectionString::remove(std::string_view key) {
+  std::erase_if(parts_, [&](const Part& part) { return automation::equals_folded(part.key, key); });
 }
 
-void ConnectionString::add_if_missing(std::string_view key, std::string_view value) {
-  if (!find(key)) parts_.push_back({std::string(key), std::string(value)});
+void ConnectionString::set(std::string_view key, std::string_view value) {
+  remove(key);
+  const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos;
+  parts_.push_back({std::string(key), plain ? std::string(value) : '{' + with_doubled(value, '}') + '}'});
+}
+
+void ConnectionString::set_quoted(std::string_view key, std::string_view value) {
+  remove(key);
+  parts_.push_back({std::string(key), '"' + with_doubled(value, '"') + '"'});
 }
 
 std::string ConnectionString::text() const {

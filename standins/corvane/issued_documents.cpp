@@ -27,13 +27,12 @@ std::string_view document_table(std::string_view key_column) {
                           "No document numbers are issued for a column \"" + std::string(key_column) + "\".");
 }
 
-std::int32_t highest_stored_counter(const std::string& connection_string, std::string_view key_column,
+std::int32_t highest_stored_counter(const automation::Object& connection, std::string_view key_column,
                                     const Series& series) {
   const std::string column(key_column);
   const std::string select = "Select Top 1 " + column + " From " + std::string(document_table(key_column)) +
                              " Where " + column + ">=" + quoted(series.number(0)) + " And " + column;
   const std::string order = " Order By " + column + " Desc";
-  const automation::Object connection = open_connection(connection_string);
   // Between two numbers of a series other texts may sort, such as one with a letter behind it: look below
   // those.
   std::string limit = series.number(series.last_counter());
@@ -54,7 +53,6 @@ std::int32_t highest_stored_counter(const std::string& connection_string, std::s
       break;
     }
   }
-  connection.call("Close");
   return highest;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
+#include "automation/object.h"
 #include "standins/corvane/document_number.h"
 
 namespace tallyra::standins::corvane {
@@ -12,9 +12,9 @@ namespace tallyra::standins::corvane {
 // that no numbers are issued for.
 std::string_view document_table(std::string_view key_column);
 
-// The highest counter among the stored documents of the series, 0 without one. Opens a connection of its own,
-// so it sees committed documents only.
-std::int32_t highest_stored_counter(const std::string& connection_string, std::string_view key_column,
+// The highest counter among the stored documents of the series, 0 without one. Over a connection of its own
+// it sees committed documents only.
+std::int32_t highest_stored_counter(const automation::Object& connection, std::string_view key_column,
                                     const Series& series);
 
 }  // namespace tallyra::standins::corvane

@@ -1,6 +1,7 @@
 #include "standins/corvane/system_services.h"
 
 #include "automation/convert.h"
+#include "standins/corvane/document_database.h"
 #include "standins/corvane/document_number.h"
 #include "standins/corvane/failure.h"
 #include "standins/corvane/issued_documents.h"
@@ -121,9 +122,12 @@ std::string SystemServices::next_key(Arguments arguments) const {
   if (connection_string_.empty())
     throw Error(failure::no_key_database, "No connection string is set to issue document numbers with.");
   try {
-    const std::string documents = with_bounded_wait(connection_string_);
-    const std::int32_t highest = highest_stored_counter(documents, key_column, series);
-    return series.number(take_next_counter(key_database(documents), series, highest));
+    const DocumentDatabase documents(connection_string_);
+    const std::int32_t highest = highest_stored_counter(documents.connection(), key_column, series);
+    const automation::Object counters = documents.open_counters();
+    std::string number = series.number(take_next_counter(counters, series, highest));
+    counters.call("Close");
+    return number;
   } catch (const Error& error) {
     if (error.number() == failure::series_exhausted) throw;
     throw Error(failure::key_database_failed,

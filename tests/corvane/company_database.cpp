@@ -36,12 +36,20 @@ CompanyDatabase::CompanyDatabase()
   run(statements_of(TALLYRA_SCHEMA));
 }
 
+std::filesystem::path CompanyDatabase::file() const {
+  return folder_.file("company.db");
+}
+
 std::filesystem::path CompanyDatabase::key_file() const {
   return folder_.file("company.db.keys");
 }
 
 automation::Object CompanyDatabase::open() const {
   return open_connection(connection_string_);
+}
+
+automation::Object CompanyDatabase::open(const std::string& file) const {
+  return open_connection("DRIVER={SQLite3};Database=" + file);
 }
 
 void CompanyDatabase::run(const std::vector<std::string>& statements) const {

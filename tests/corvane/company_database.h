@@ -20,10 +20,13 @@ class CompanyDatabase {
   CompanyDatabase& operator=(const CompanyDatabase&) = delete;
 
   const std::string& connection_string() const { return connection_string_; }
+  std::filesystem::path file() const;
   std::filesystem::path key_file() const;
 
   // An open connection, as a business method has one.
   automation::Object open() const;
+  // An open connection to another file.
+  automation::Object open(const std::string& file) const;
   // Runs statements on a connection of their own.
   void run(const std::vector<std::string>& statements) const;
   // The one value that a query gives.

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "standins/corvane/key_counter.h"
-
 namespace tallyra::standins::corvane {
 namespace {
 
@@ -18,35 +16,46 @@ TEST(ConnectionString, GivesValuesByKeyWhateverItsCase) {
 }
 
 TEST(ConnectionString, NeverReadsBeyondABrokenText) {
-  for (const char* text : {"", ";", "=", "a", "a=", "a={", "a={b", "a={b}}", "=;=", "a={b}c;d=e"}) {
+  for (const char* text : {"", ";", "=", "a", "a=", "a={", "a={b", "a={b}}", "=;=", "a={b}c;d=e", "a=\"",
+                           "a='b\"", "a=\"\"\"", "a='b'c;d=e"}) {
     const ConnectionString parsed(text);
     EXPECT_EQ(ConnectionString(parsed.text()).text(), parsed.text()) << text;
   }
 }
 
-TEST(ConnectionString, KeyDatabaseOfAnSqliteFileIsAFileBesideIt) {
-  const struct {
-    const char* connection_string;
-    const char* key_database;
-  } cases[] = {
-      {"DRIVER={SQLite3};Database=/data/x.db", "DRIVER={SQLite3};Database=/data/x.db.keys"},
-      {"Provider=MSDASQL;driver=sqlite3;database=/data/x.db;FKSupport=1",
-       "Provider=MSDASQL;driver=sqlite3;database=/data/x.db.keys;FKSupport=1"},
-      {"Driver={SQLite3 ODBC Driver};Database={/data/a;b.db}",
-       "Driver={SQLite3 ODBC Driver};Database={/data/a;b.db.keys}"},
-      {"Driver={PostgreSQL Unicode};Database=erp", "Driver={PostgreSQL Unicode};Database=erp"},
-      {"DSN=erp", "DSN=erp"},
-      {"DRIVER={SQLite3}", "DRIVER={SQLite3}"},
-  };
-  for (const auto& row : cases) EXPECT_EQ(key_database(row.connection_string), row.key_database);
+TEST(ConnectionString, ReadsWhatStandsBetweenQuotes) {
+  const ConnectionString text(
+      "Provider=MSDASQL; Extended Properties = \"DRIVER={SQLite3};Database=/data/x.db;PWD=say \"\"a\"\"\" ;"
+      "Data Source='it''s; stock';Open=\"x");
+  EXPECT_EQ(text.value("Extended Properties"), "DRIVER={SQLite3};Database=/data/x.db;PWD=say \"a\"");
+  EXPECT_EQ(text.value("Data Source"), "it's; stock");
+  EXPECT_EQ(text.value("Open"), "\"x");
 }
 
-TEST(ConnectionString, TheWaitForALockIsBoundedUnlessItAlreadyIs) {
-  EXPECT_EQ(with_bounded_wait("DRIVER={SQLite3};Database=x.db"),
-            "DRIVER={SQLite3};Database=x.db;Timeout=30000");
-  EXPECT_EQ(with_bounded_wait("DRIVER={SQLite3};timeout=200;Database=x.db"),
-            "DRIVER={SQLite3};timeout=200;Database=x.db");
-  EXPECT_EQ(with_bounded_wait("Driver={PostgreSQL};Database=erp"), "Driver={PostgreSQL};Database=erp");
+TEST(ConnectionString, AValueTakesThePlaceOfEveryOther) {
+  const struct {
+    const char* before;
+    const char* value;
+    const char* after;
+  } cases[] = {
+      {"DRIVER={SQLite3};Database=/a.db;Timeout=5", "/b.db", "DRIVER={SQLite3};Timeout=5;Database=/b.db"},
+      {"DSN=stock", "/b c.db", "DSN=stock;Database=/b c.db"},
+      {"database={/a;b};DATABASE=x", "/a;}b.db", "Database={/a;}}b.db}"},
+      {"", "", "Database="},
+  };
+  for (const auto& row : cases) {
+    ConnectionString text(row.before);
+    text.set("Database", row.value);
+    EXPECT_EQ(text.text(), row.after);
+    EXPECT_EQ(text.value("DATABASE"), row.value);
+  }
+}
+
+TEST(ConnectionString, AStringWithinAStringKeepsItsQuotes) {
+  ConnectionString text("Provider=MSDASQL");
+  text.set_quoted("Extended Properties", "DSN=stock;PWD={a\"b}");
+  EXPECT_EQ(text.text(), "Provider=MSDASQL;Extended Properties=\"DSN=stock;PWD={a\"\"b}\"");
+  EXPECT_EQ(text.value("Extended Properties"), "DSN=stock;PWD={a\"b}");
 }
 
 }  // namespace

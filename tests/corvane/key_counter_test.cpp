@@ -20,14 +20,12 @@ TEST(KeyCounter, TheTransactionStartsWithAWrite) {
   ScriptedDatabase database([](const std::string& statement) {
     return statement.starts_with("Update") ? Reply{{}, 1} : Reply{{{{"LASTNO", 8}}}, 0};
   });
-  EXPECT_EQ(take_next_counter("k", series, 3), 8);
+  EXPECT_EQ(take_next_counter(database.connection(), series, 3), 8);
   EXPECT_EQ(database.log,
-            "Open k\n"
             "BeginTrans\n"
             "Update TABLEKEYS Set LASTNO=LASTNO+1 Where SERIES='027CLOSE'\n"
             "Select LASTNO From TABLEKEYS Where SERIES='027CLOSE'\n"
-            "CommitTrans\n"
-            "Close\n");
+            "CommitTrans\n");
   EXPECT_EQ(database.connections, 0);
 }
 
@@ -35,7 +33,7 @@ TEST(KeyCounter, AStaleCounterIsLiftedAboveTheFloor) {
   ScriptedDatabase database([](const std::string& statement) {
     return statement.starts_with("Update") ? Reply{{}, 1} : Reply{{{{"LASTNO", 8}}}, 0};
   });
-  EXPECT_EQ(take_next_counter("k", series, 8), 9);
+  EXPECT_EQ(take_next_counter(database.connection(), series, 8), 9);
   EXPECT_NE(database.log.find("Update TABLEKEYS Set LASTNO=9 Where SERIES='027CLOSE'\nCommitTrans\n"),
             std::string::npos)
       << database.log;
@@ -50,9 +48,8 @@ TEST(KeyCounter, ALostRaceForTheFirstNumberIsRunAgain) {
     row_is_there = true;
     throw Error(duplicate_key, "duplicate key");
   });
-  EXPECT_EQ(take_next_counter("k", series, 0), 2);
+  EXPECT_EQ(take_next_counter(database.connection(), series, 0), 2);
   EXPECT_EQ(database.log,
-            "Open k\n"
             "BeginTrans\n"
             "Update TABLEKEYS Set LASTNO=LASTNO+1 Where SERIES='027CLOSE'\n"
             "Insert Into TABLEKEYS(SERIES,LASTNO) Values('027CLOSE',1)\n"
@@ -60,8 +57,7 @@ TEST(KeyCounter, ALostRaceForTheFirstNumberIsRunAgain) {
             "BeginTrans\n"
             "Update TABLEKEYS Set LASTNO=LASTNO+1 Where SERIES='027CLOSE'\n"
             "Select LASTNO From TABLEKEYS Where SERIES='027CLOSE'\n"
-            "CommitTrans\n"
-            "Close\n");
+            "CommitTrans\n");
 }
 
 TEST(KeyCounter, AMissingTableIsCreatedOnce) {
@@ -74,7 +70,7 @@ TEST(KeyCounter, AMissingTableIsCreatedOnce) {
     if (!table_is_there) throw Error(no_such_table, "no such table");
     return {{}, 0};
   });
-  EXPECT_EQ(take_next_counter("k", series, 41), 42);
+  EXPECT_EQ(take_next_counter(database.connection(), series, 41), 42);
 }
 
 TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheDatabasesError) {
@@ -83,7 +79,7 @@ TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheDatabasesError) {
     throw Error(no_such_table, "no such table");
   });
   try {
-    take_next_counter("k", series, 0);
+    take_next_counter(database.connection(), series, 0);
     ADD_FAILURE();
   } catch (const Error& error) {
     EXPECT_EQ(error.number(), no_such_table);
@@ -94,14 +90,13 @@ TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheDatabasesError) {
 TEST(KeyCounter, AnyOtherErrorRollsBackAndLeavesAtOnce) {
   ScriptedDatabase database([](const std::string&) -> Reply { throw Error(unspecified, "locked"); });
   try {
-    take_next_counter("k", series, 0);
+    take_next_counter(database.connection(), series, 0);
     ADD_FAILURE();
   } catch (const Error& error) {
     EXPECT_EQ(error.description(), "locked");
   }
-  EXPECT_EQ(
-      database.log,
-      "Open k\nBeginTrans\nUpdate TABLEKEYS Set LASTNO=LASTNO+1 Where SERIES='027CLOSE'\nRollbackTrans\n");
+  EXPECT_EQ(database.log,
+            "BeginTrans\nUpdate TABLEKEYS Set LASTNO=LASTNO+1 Where SERIES='027CLOSE'\nRollbackTrans\n");
 }
 
 TEST(KeyCounter, AUsedUpSeriesTakesNothing) {
@@ -109,7 +104,7 @@ TEST(KeyCounter, AUsedUpSeriesTakesNothing) {
     return statement.starts_with("Update") ? Reply{{}, 1} : Reply{{{{"LASTNO", 10000}}}, 0};
   });
   try {
-    take_next_counter("k", Series::daily("STKCHECKISS", {2024, 3, 31}), 0);
+    take_next_counter(database.connection(), Series::daily("STKCHECKISS", {2024, 3, 31}), 0);
     ADD_FAILURE();
   } catch (const Error& error) {
     EXPECT_EQ(error.number(), failure::series_exhausted);

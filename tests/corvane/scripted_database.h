@@ -23,6 +23,7 @@ struct Reply {
 
 struct Script {
   std::function<Reply(const std::string& statement)> answer;  // may throw Error
+  std::map<std::string, std::string> properties;              // of every connection
   std::string log;                                            // one call per line
   int connections = 0;                                        // that exist
 };
@@ -71,6 +72,22 @@ class RowsDouble : public automation::Implements<RowsDouble> {
   std::size_t position_ = 0;
 };
 
+class PropertiesDouble : public automation::Implements<PropertiesDouble> {
+ public:
+  explicit PropertiesDouble(const Script& script) : script_(script) {}
+  static const automation::MemberTable<PropertiesDouble>& members() {
+    static const automation::MemberTable<PropertiesDouble> table{
+        {0, "Item", automation::method<&PropertiesDouble::item>}};
+    return table;
+  }
+  automation::Value item(automation::Arguments arguments) {
+    return automation::make_object<RowField>(script_.properties.at(automation::to_text(arguments[0].get())));
+  }
+
+ private:
+  const Script& script_;
+};
+
 class ConnectionDouble : public automation::Implements<ConnectionDouble> {
  public:
   explicit ConnectionDouble(Script& script) : script_(script) { ++script_.connections; }
@@ -83,6 +100,7 @@ class ConnectionDouble : public automation::Implements<ConnectionDouble> {
         {4, "CommitTrans", automation::method<&ConnectionDouble::commit>},
         {5, "RollbackTrans", automation::method<&ConnectionDouble::roll_back>},
         {6, "Close", automation::method<&ConnectionDouble::close>},
+        {7, "Properties", automation::property<&ConnectionDouble::properties>},
     };
     return table;
   }
@@ -100,6 +118,7 @@ class ConnectionDouble : public automation::Implements<ConnectionDouble> {
   automation::Value commit(automation::Arguments) { return log("CommitTrans"); }
   automation::Value roll_back(automation::Arguments) { return log("RollbackTrans"); }
   automation::Value close(automation::Arguments) { return log("Close"); }
+  automation::Value properties() { return automation::make_object<PropertiesDouble>(script_); }
 
  private:
   automation::Value log(const std::string& line) {

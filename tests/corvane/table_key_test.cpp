@@ -3,7 +3,6 @@
 #include <fstream>
 
 #include "automation/convert.h"
-#include "automation/create.h"
 #include "standins/corvane/failure.h"
 #include "tests/corvane/company_database.h"
 
@@ -135,8 +134,7 @@ TEST(TableKey, ALockedKeyFileEndsInAFailureAfterABoundedWait) {
   const Object system = database.system();
   system.put("ConnectionString", database.connection_string() + ";Timeout=200");
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"), "027CLOSE00000001");
-  const Object holder = automation::create("ADODB.Connection");
-  holder.call("Open", "DRIVER={SQLite3};Database=" + database.key_file().string(), "", "", -1);
+  const Object holder = database.open(database.key_file().generic_string());
   holder.call("BeginTrans");
   Value affected;
   holder.call("Execute", "Update TABLEKEYS Set LASTNO=77", ref(affected), -1);
@@ -188,6 +186,11 @@ TEST(TableKey, UnknownShapesAreAFailure) {
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, 2, 30), date);
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, 13, 1), date);
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 0, 0, 0), date);
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, 257, 31), date);
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, 3, 257), date);
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, 3, -255), date);
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, -253, 1), date);
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 67560, 3, 1), date);
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", 2024, "March", 1), date);
   EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO", Null{}, 3, 1), date);
   EXPECT_EQ(system.call("GetTableKeyID"), Value(0));
