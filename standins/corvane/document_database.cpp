@@ -2,16 +2,20 @@
 
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 
 #include "automation/convert.h"
+#include "automation/error.h"
 #include "automation/folded_name.h"
 #include "standins/corvane/connection_string.h"
 #include "standins/corvane/database.h"
+#include "standins/corvane/failure.h"
 
 namespace tallyra::standins::corvane {
 namespace {
 
+using automation::Error;
 using automation::Object;
 
 constexpr std::int32_t longest_wait = 30000;  // milliseconds
@@ -47,6 +51,17 @@ bool is_bounded(std::string_view wait) {
   return status == std::errc{} && end == wait.data() + wait.size() && milliseconds <= longest_wait;
 }
 
+[[noreturn]] void refuse_link(const std::string& key_file) {
+  throw Error(failure::key_database_failed,
+              "The key file " + key_file + " is a symbolic link, and what it leads to is not written.");
+}
+
+bool is_link(const std::string& file) {
+  std::error_code ignored;
+  return std::filesystem::is_symlink(
+      std::filesystem::symlink_status(std::u8string(file.begin(), file.end()), ignored));
+}
+
 }  // namespace
 
 DocumentDatabase::DocumentDatabase(const std::string& connection_string)
@@ -62,7 +77,12 @@ Object DocumentDatabase::open_counters() const {
   if (file_.empty()) return connection_;
   connection_.call("Close");
   const std::string key_file = file_ + ".keys";
-  return open_connection(key_connection_string(key_file));
+  // Opening would already create what a link leads to. A link that is made after this look shows in the name
+  // under which the engine, which follows links, has opened the file.
+  if (is_link(key_file)) refuse_link(key_file);
+  Object counters = open_connection(key_connection_string(key_file));
+  if (sqlite_file(counters) != key_file) refuse_link(key_file);
+  return counters;
 }
 
 std::string DocumentDatabase::key_connection_string(const std::string& key_file) const {

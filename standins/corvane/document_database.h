@@ -20,7 +20,7 @@ class DocumentDatabase {
   // a number must be issuable while the caller holds a write transaction on the database: there, a file of
   // its own beside the database, "<file>.keys", and the connection to the documents is closed. Elsewhere the
   // table TABLEKEYS of the database itself, which then locks by row: the connection to the documents serves.
-  // Throws Error.
+  // Throws Error, also when the name of the key file is a symbolic link.
   automation::Object open_counters() const;
 
  private:

@@ -62,8 +62,8 @@ std::optional<Error> error_of(const auto& attempt) {
 }
 
 // Where another process was faster, the table is there already: the next attempt shows.
-void create_table(const Object& connection) {
-  error_of([&] {
+std::optional<Error> create_table(const Object& connection) {
+  return error_of([&] {
     execute(connection,
             "Create Table TABLEKEYS(SERIES VARCHAR(40) Not Null Primary Key,LASTNO INTEGER Not Null)");
   });
@@ -72,15 +72,18 @@ void create_table(const Object& connection) {
 }  // namespace
 
 std::int32_t take_next_counter(const Object& connection, const Series& series, std::int32_t floor) {
+  std::optional<Error> not_created;
   for (int attempt = 1;; ++attempt) {
     std::int32_t counter = 0;
     const std::optional<Error> error = error_of([&] { counter = take(connection, series, floor); });
     if (!error) return counter;
     error_of([&] { connection.call("RollbackTrans"); });
+    // That there is no table is what follows; why there is none is the reason.
+    if (error->number() == no_such_table && not_created) throw *not_created;
     // Two first numbers of a series at once: the one that comes second finds the row now.
     const bool again = error->number() == no_such_table || error->number() == duplicate_key;
     if (!again || attempt == most_attempts) throw *error;
-    if (error->number() == no_such_table) create_table(connection);
+    if (error->number() == no_such_table) not_created = create_table(connection);
   }
 }
 

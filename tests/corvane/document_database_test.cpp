@@ -43,7 +43,8 @@ TEST(DocumentDatabase, OfSqliteHasItsCountersInAFileBesideIt) {
             "Open DSN=stock\n"
             "PRAGMA database_list\n"
             "Close\n"
-            "Open DSN=stock;Database=/data/x.db.keys\n");
+            "Open DSN=stock;Database=/data/x.db.keys\n"
+            "PRAGMA database_list\n");
   EXPECT_EQ(database.connections, 0);
 }
 

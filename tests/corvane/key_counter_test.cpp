@@ -9,6 +9,7 @@ namespace tallyra::standins::corvane::testing {
 namespace {
 
 using automation::Error;
+using automation::Value;
 
 constexpr std::int32_t no_such_table = static_cast<std::int32_t>(0x80040E37U);
 constexpr std::int32_t duplicate_key = static_cast<std::int32_t>(0x80040E2FU);
@@ -73,7 +74,7 @@ TEST(KeyCounter, AMissingTableIsCreatedOnce) {
   EXPECT_EQ(take_next_counter(database.connection(), series, 41), 42);
 }
 
-TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheDatabasesError) {
+TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheReasonForThat) {
   ScriptedDatabase database([](const std::string& statement) -> Reply {
     if (statement.starts_with("Create")) throw Error(unspecified, "read-only");
     throw Error(no_such_table, "no such table");
@@ -82,7 +83,8 @@ TEST(KeyCounter, ATableThatCannotBeCreatedEndsInTheDatabasesError) {
     take_next_counter(database.connection(), series, 0);
     ADD_FAILURE();
   } catch (const Error& error) {
-    EXPECT_EQ(error.number(), no_such_table);
+    EXPECT_EQ(error.number(), unspecified);
+    EXPECT_EQ(error.description(), "read-only");
   }
   EXPECT_EQ(database.connections, 0);
 }
@@ -111,6 +113,28 @@ TEST(KeyCounter, AUsedUpSeriesTakesNothing) {
   }
   EXPECT_TRUE(database.log.ends_with("RollbackTrans\n")) << database.log;
   EXPECT_EQ(database.log.find("CommitTrans"), std::string::npos);
+}
+
+// Whoever may write the key file can put anything there.
+TEST(KeyCounter, ACounterBeyondAllNumbersIsASeriesThatIsUsedUp) {
+  for (const Value& planted : {Value(2147483647), Value(9.2233720368547758e18), Value(100000000)}) {
+    ScriptedDatabase database([&](const std::string& statement) {
+      return statement.starts_with("Update") ? Reply{{}, 1} : Reply{{{{"LASTNO", planted}}}, 0};
+    });
+    try {
+      take_next_counter(database.connection(), series, 0);
+      ADD_FAILURE();
+    } catch (const Error& error) {
+      EXPECT_EQ(error.number(), failure::series_exhausted);
+    }
+  }
+}
+
+TEST(KeyCounter, ANegativeCounterIsLifted) {
+  ScriptedDatabase database([](const std::string& statement) {
+    return statement.starts_with("Update") ? Reply{{}, 1} : Reply{{{{"LASTNO", -5e18}}}, 0};
+  });
+  EXPECT_EQ(take_next_counter(database.connection(), series, 3), 4);
 }
 
 }  // namespace

@@ -167,6 +167,33 @@ TEST(TableKey, AKeyFileThatIsNoDatabaseIsAFailure) {
             "failed with " + std::to_string(failure::key_database_failed));
 }
 
+// What an administrator does about a series that a planted counter has used up.
+TEST(TableKey, ASeriesIsMendedByTakingItsCounterOutOfTheKeyFile) {
+  const CompanyDatabase database;
+  const Object system = database.system();
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"), "027CLOSE00000001");
+  EXPECT_EQ(next(system, "STK030SHIP", "TRANNO"), "030SHIP00000001");
+  database.run({document("027CLOSE00000001")});
+  const Object keys = database.open(database.key_file().generic_string());
+  for (const char* planted : {"99999999", "2147483647", "9223372036854775807"}) {
+    keys.call("Execute", "Update TABLEKEYS Set LASTNO=" + std::string(planted) + " Where SERIES='027CLOSE'");
+    EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"),
+              "failed with " + std::to_string(failure::series_exhausted))
+        << planted;
+    keys.call("Execute", "Delete From TABLEKEYS Where SERIES='027CLOSE'");
+    EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"), "027CLOSE00000002") << planted;
+  }
+  EXPECT_EQ(next(system, "STK030SHIP", "TRANNO"), "030SHIP00000002") << "the other series go on";
+
+  database.run({document("027CLOSE99999999")});
+  keys.call("Execute", "Delete From TABLEKEYS Where SERIES='027CLOSE'");
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"),
+            "failed with " + std::to_string(failure::series_exhausted));
+  database.run({"Delete From STKTRANHD Where TRANNO='027CLOSE99999999'"});
+  EXPECT_EQ(next(system, "STK027CLOSE", "TRANNO"), "027CLOSE00000002");
+  keys.call("Close");
+}
+
 TEST(TableKey, UnknownShapesAreAFailure) {
   const CompanyDatabase database;
   const Object system = database.system();
