@@ -57,7 +57,7 @@ std::size_t Analyzer::step(std::size_t i) {
     case TokenKind::open: open(i); break;
     case TokenKind::close: return close(i);
     case TokenKind::comma: comma(); break;
-    case TokenKind::date: findings_->dates.push_back(span(i)); break;
+    case TokenKind::date: date(i); break;
     case TokenKind::text: text(i); break;
     case TokenKind::word:
       if (tokens[i].keyword != Keyword::none) return keyword(i);
@@ -94,7 +94,10 @@ std::size_t Analyzer::keyword(std::size_t i) {
     case Keyword::set:
     case Keyword::values:
     case Keyword::where:
-    case Keyword::window: frame.in_from = frame.expects_table = frame.in_select_list = false; break;
+    case Keyword::window:
+      frame.in_from = frame.expects_table = frame.in_select_list = frame.declares = false;
+      break;
+    case Keyword::with: frame.declares = !frame.selects; break;
     case Keyword::except:
     case Keyword::intersect:
     case Keyword::union_:
@@ -127,6 +130,7 @@ void Analyzer::open(std::size_t i) {
              (before == Keyword::values || tokens[i - 1].kind == TokenKind::comma)) {
     inner.inside = Inside::values;
   }
+  inner.lists_names = frame.declares && tokens.is_name(i - 1);
   frames_.push_back(inner);
 }
 
@@ -156,7 +160,7 @@ std::size_t Analyzer::begin_select(std::size_t i) {
   Frame& frame = frames_.back();
   frame.scope = scopes_.open(frame.parent);
   frame.selects = frame.in_select_list = true;
-  frame.in_from = frame.expects_table = false;
+  frame.in_from = frame.expects_table = frame.declares = false;
   frame.select = i;
   frame.order = frame.position = 0;
   frame.top = read_top(tokens, i);
@@ -176,6 +180,8 @@ void Analyzer::end_select(std::size_t end, bool in_compound) {
   if (!frame.top) return;
   const TopClause top = *frame.top;
   frame.top.reset();
+  // An ORDER BY before the next member is refused; within a subquery it would not be.
+  if (in_compound && frame.order != 0) return;
   if (!in_compound && frame.in_compound && frame.order != 0) end = frame.order;
   findings_->tops.push_back({.begin = tokens[frame.select].begin,
                              .end = end_before(end),

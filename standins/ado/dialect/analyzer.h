@@ -45,6 +45,8 @@ class Analyzer {
     bool expects_table = false;
     bool in_select_list = false;
     bool in_compound = false;
+    bool declares = false;       // before what CREATE, ALTER or WITH declares: a name with a list of names
+    bool lists_names = false;    // that list
     std::size_t select = 0;      // the word SELECT
     std::size_t list_begin = 0;  // first token of the select list
     std::size_t order = 0;       // the word ORDER
@@ -81,6 +83,8 @@ class Analyzer {
   std::size_t alias(std::size_t i, std::string_view& alias) const;
   void between(std::size_t i);
 
+  void date(std::size_t i);
+  bool is_operand(std::size_t i) const;
   void text(std::size_t i);
   void meet_date_column(std::size_t i);
   std::string_view content(std::size_t i) const;

@@ -1,10 +1,61 @@
-// Which quoted literals meet a date column.
+// Which date literals stand for a value, and which quoted ones meet a date column.
 
 #include "standins/ado/dialect/analyzer.h"
 #include "standins/ado/dialect/date_literal.h"
 #include "standins/ado/dialect/keyword.h"
 
 namespace tallyra::standins::ado::dialect {
+
+namespace {
+
+// Words behind which a value may begin.
+bool precedes_value(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::all:
+    case Keyword::and_:
+    case Keyword::between:
+    case Keyword::by:
+    case Keyword::case_:
+    case Keyword::default_:
+    case Keyword::distinct:
+    case Keyword::else_:
+    case Keyword::having:
+    case Keyword::like:
+    case Keyword::not_:
+    case Keyword::on:
+    case Keyword::or_:
+    case Keyword::select:
+    case Keyword::then:
+    case Keyword::when:
+    case Keyword::where: return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+// A date that is no value is left for the engine to refuse.
+void Analyzer::date(std::size_t i) {
+  if (is_operand(i)) findings_->dates.push_back(span(i));
+}
+
+// Elsewhere the text that a date becomes would be a name, such as the alias of what stands before it, or one
+// text with its neighbour.
+bool Analyzer::is_operand(std::size_t i) const {
+  const Tokens& tokens = *tokens_;
+  const Frame& frame = frames_.back();
+  const TokenKind after = tokens[i + 1].kind;
+  if (after == TokenKind::text || after == TokenKind::date || after == TokenKind::unterminated) return false;
+  switch (tokens[i - 1].kind) {
+    case TokenKind::arithmetic:
+    case TokenKind::comparison:
+    case TokenKind::star: return true;
+    case TokenKind::comma:
+    case TokenKind::open: return !frame.lists_names;
+    case TokenKind::word: return precedes_value(tokens[i - 1].keyword);
+    default: return frame.top && i == frame.list_begin;
+  }
+}
 
 void Analyzer::between(std::size_t i) {
   const Tokens& tokens = *tokens_;

@@ -22,7 +22,7 @@ std::size_t Analyzer::begin_statement(std::size_t first) {
     case Keyword::update: frames_.back().in_from = frames_.back().expects_table = true; return first + 1;
     case Keyword::alter:
     case Keyword::create:
-    case Keyword::drop: findings_->changes_schema = true; return first + 1;
+    case Keyword::drop: findings_->changes_schema = frames_.back().declares = true; return first + 1;
     default: return first;
   }
 }

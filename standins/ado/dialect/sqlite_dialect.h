@@ -23,7 +23,8 @@ namespace tallyra::standins::ado::dialect {
 //   '2024/3/31' at a date column, compared or written: the same
 //   '' there                    '1900-01-01 00:00:00'
 //
-// Only the tokens concerned change. Not safe for use by several threads at once.
+// Only the tokens concerned change, and only where such a thing can stand: what is malformed stays so, for
+// the engine to refuse. Not safe for use by several threads at once.
 class SqliteDialect {
  public:
   // `columns` must outlive the dialect. It is asked about each column once, not once per statement; a CREATE,

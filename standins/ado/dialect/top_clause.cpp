@@ -8,25 +8,41 @@ bool is_count(const Tokens& tokens, std::size_t i) {
          tokens.text(i).find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// A select list must follow; what cannot begin one shows that top was a name or a function.
+// Words of SQL that can also be a column, a function, or begin an expression.
+bool begins_expression(const Tokens& tokens, std::size_t i) {
+  switch (tokens[i].keyword) {
+    case Keyword::none:
+    case Keyword::by:
+    case Keyword::case_:
+    case Keyword::cross:
+    case Keyword::end:
+    case Keyword::full:
+    case Keyword::inner:
+    case Keyword::left:
+    case Keyword::natural:
+    case Keyword::not_:
+    case Keyword::offset:
+    case Keyword::outer:
+    case Keyword::right:
+    case Keyword::ties:
+    case Keyword::top:
+    case Keyword::window: return true;
+    case Keyword::with: return tokens[i + 1].keyword != Keyword::ties;
+    default: return false;
+  }
+}
+
+// A select list must follow; what cannot begin one shows that top was a name or a function, or that the
+// statement is malformed and must stay so.
 bool begins_select_list(const Tokens& tokens, std::size_t i) {
   switch (tokens[i].kind) {
-    case TokenKind::word:
-      switch (tokens[i].keyword) {
-        case Keyword::as:
-        case Keyword::from:
-        case Keyword::percent:
-        case Keyword::union_:
-        case Keyword::except:
-        case Keyword::intersect: return false;
-        case Keyword::with: return tokens[i + 1].keyword != Keyword::ties;
-        default: return true;
-      }
+    case TokenKind::word: return begins_expression(tokens, i);
     case TokenKind::comparison:
     case TokenKind::close:
     case TokenKind::comma:
     case TokenKind::dot:
     case TokenKind::semicolon:
+    case TokenKind::unterminated:
     case TokenKind::end: return false;
     default: return true;
   }
