@@ -7,7 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "automation/com/attempts.h"
 #include "automation/com/failure.h"
+#include "automation/com/file_path.h"
 #include "automation/com/module.h"
 #include "automation/com/registry_key.h"
 #include "automation/com/type_library_entries.h"
@@ -27,12 +29,17 @@ std::wstring class_key(const ServedClass& served) {
   return L"CLSID\\" + guid_text(served.class_id);
 }
 
+// Names the file that the class is in.
+std::wstring file_key(const ServedClass& served) {
+  return class_key(served) + L"\\InprocServer32";
+}
+
 void write_class(const ClassesBranch& branch, const ServedClass& served, const ServedModule& module,
                  const std::wstring& path) {
   const std::wstring key = class_key(served);
   branch.set(key, nullptr, served.description);
-  branch.set(key + L"\\InprocServer32", nullptr, path);
-  branch.set(key + L"\\InprocServer32", L"ThreadingModel", L"Apartment");
+  branch.set(file_key(served), nullptr, path);
+  branch.set(file_key(served), L"ThreadingModel", L"Apartment");
   branch.set(key + L"\\ProgID", nullptr, versioned(served));
   branch.set(key + L"\\VersionIndependentProgID", nullptr, served.prog_id);
   branch.set(key + L"\\Programmable", nullptr, {});
@@ -81,6 +88,15 @@ void keep_replaced(const ClassesBranch& branch, const ServedClass& served) {
   for (const auto& prog_id : prog_ids(served))
     if (is_foreign(branch, prog_id, served))
       branch.restore(replaced_key(served, prog_id), branch.copy(prog_id));
+}
+
+void remove_class(const ClassesBranch& branch, const ServedClass& served, Attempts& attempts) {
+  for (const auto& prog_id : prog_ids(served))
+    attempts.run([&] {
+      if (!is_foreign(branch, prog_id, served))
+        branch.restore(prog_id, branch.copy(replaced_key(served, prog_id)));
+    });
+  attempts.run([&] { branch.remove(class_key(served)); });
 }
 
 Pointer<ITypeLib> type_library_in(const std::wstring& path) {
@@ -143,32 +159,14 @@ HRESULT register_module(const ServedModule& module, Scope scope, Conflict confli
 
 HRESULT unregister_module(const ServedModule& module, Scope scope) {
   const ClassesBranch branch = branch_of(scope);
-  HRESULT first_failure = S_OK;
-  const auto attempt = [&first_failure](const auto& step) {
-    HRESULT code = S_OK;
-    try {
-      code = step();
-    } catch (...) {
-      code = hresult_from_number(current_error().number());
-    }
-    if (FAILED(code) && SUCCEEDED(first_failure)) first_failure = code;
-  };
-  for (const auto& served : module.classes) {
-    for (const auto& prog_id : prog_ids(served))
-      attempt([&] {
-        if (!is_foreign(branch, prog_id, served))
-          branch.restore(prog_id, branch.copy(replaced_key(served, prog_id)));
-        return S_OK;
-      });
-    attempt([&] { return branch.remove(class_key(served)); });
-  }
-  if (module.type_library)
-    attempt([&] {
-      for (const auto& key : type_library_keys(*type_library_in(module_path()).get()))
-        attempt([&] { return branch.remove(key); });
-      return S_OK;
-    });
-  return first_failure;
+  Attempts attempts;
+  attempts.run([&] {
+    const std::wstring path = module_path();
+    for (const auto& served : module.classes)
+      if (is_same_path(branch.text(file_key(served)), path)) remove_class(branch, served, attempts);
+    if (module.type_library) remove_type_library(branch, *type_library_in(path).get(), path, attempts);
+  });
+  return attempts.first_failure();
 }
 
 }  // namespace tallyra::automation::com

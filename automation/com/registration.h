@@ -16,8 +16,9 @@ enum class Conflict { refuse, replace };
 // without the rights, 0x800700B7 for a ProgID of another class).
 HRESULT register_module(const ServedModule& module, Scope scope, Conflict conflict);
 
-// Takes everything away that register_module has written, and gives back what it has replaced; what is not
-// there is no error. Goes on after a failure and returns the first.
+// Takes away what register_module has written of this very copy of the module, and gives back what it has
+// replaced: a class or type library that another copy has registered since stays with all that belongs to it.
+// What is not there is no error. Goes on after a failure and returns the first.
 HRESULT unregister_module(const ServedModule& module, Scope scope);
 
 }  // namespace tallyra::automation::com

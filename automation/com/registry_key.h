@@ -17,11 +17,11 @@ class ClassesBranch {
 
   // Sets a text; an empty name means the value of the key itself. Throws Error.
   void set(const std::wstring& key, const wchar_t* name, const std::wstring& text) const;
-  // The text of the key itself, empty when there is none.
-  std::wstring text(const std::wstring& key) const;
-  // Removes the key with everything below it, and the key above it when that is empty then; one that is not
-  // there is no error.
-  HRESULT remove(const std::wstring& key) const;
+  // The text of that name, or of the key itself; empty when there is none.
+  std::wstring text(const std::wstring& key, const wchar_t* name = nullptr) const;
+  // Removes the key with everything below it, and those above it that are empty then; one that is not there
+  // is no error. Throws Error.
+  void remove(const std::wstring& key) const;
 
   // The key with everything below it; nothing when it is not there. Throws Error.
   std::optional<RegistryTree> copy(const std::wstring& key) const;
@@ -31,7 +31,8 @@ class ClassesBranch {
  private:
   static std::wstring path(const std::wstring& key) { return L"Software\\Classes\\" + key; }
 
-  void remove_if_empty(const std::wstring& key) const;
+  // Whether there is such a key no more.
+  bool remove_if_empty(const std::wstring& key) const;
 
   HKEY root_;
 };

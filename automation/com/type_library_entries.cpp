@@ -2,11 +2,13 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "automation/com/collection_object.h"
 #include "automation/com/failure.h"
+#include "automation/com/file_path.h"
 #include "automation/com/pointer.h"
 
 namespace tallyra::automation::com {
@@ -75,13 +77,36 @@ LibraryId id_of(ITypeLib& library) {
   return id;
 }
 
+std::wstring version_key(const LibraryId& id) {
+  return L"TypeLib\\" + id.guid + L"\\" + id.version;
+}
+
+std::wstring file_key(const LibraryId& id) {
+  return version_key(id) + L"\\0\\win32";
+}
+
+// Whether a version has entries for files: for other languages or other kinds of programs.
+bool has_files(const ClassesBranch& branch, const LibraryId& id) {
+  const auto version = branch.copy(version_key(id));
+  if (!version) return false;
+  return std::any_of(version->keys.begin(), version->keys.end(), [](const auto& each) {
+    return _wcsicmp(each.first.c_str(), L"FLAGS") != 0 && _wcsicmp(each.first.c_str(), L"HELPDIR") != 0;
+  });
+}
+
+bool belongs_to(const ClassesBranch& branch, const LibraryInterface& each, const LibraryId& id) {
+  const std::wstring key = each.key + L"\\TypeLib";
+  return _wcsicmp(branch.text(key).c_str(), id.guid.c_str()) == 0 &&
+         branch.text(key, L"Version") == id.version;
+}
+
 }  // namespace
 
 void write_type_library(const ClassesBranch& branch, ITypeLib& library, const std::wstring& path) {
   const LibraryId id = id_of(library);
-  const std::wstring key = L"TypeLib\\" + id.guid + L"\\" + id.version;
+  const std::wstring key = version_key(id);
   branch.set(key, nullptr, help_text_of(library));
-  branch.set(key + L"\\0\\win32", nullptr, path);
+  branch.set(file_key(id), nullptr, path);
   branch.set(key + L"\\FLAGS", nullptr, L"0");
   branch.set(key + L"\\HELPDIR", nullptr, path.substr(0, path.rfind(L'\\')));
   for (const auto& each : interfaces_of(library)) {
@@ -91,6 +116,17 @@ void write_type_library(const ClassesBranch& branch, ITypeLib& library, const st
     branch.set(each.key + L"\\TypeLib", nullptr, id.guid);
     branch.set(each.key + L"\\TypeLib", L"Version", id.version);
   }
+}
+
+void remove_type_library(const ClassesBranch& branch, ITypeLib& library, const std::wstring& path,
+                         Attempts& attempts) {
+  const LibraryId id = id_of(library);
+  if (!is_same_path(branch.text(file_key(id)), path)) return;
+  attempts.run([&] { branch.remove(file_key(id)); });
+  if (has_files(branch, id)) return;
+  attempts.run([&] { branch.remove(version_key(id)); });
+  for (const auto& each : interfaces_of(library))
+    if (belongs_to(branch, each, id)) attempts.run([&] { branch.remove(each.key); });
 }
 
 std::vector<std::wstring> type_library_keys(ITypeLib& library) {

@@ -6,62 +6,13 @@
 #include "automation/com/text.h"
 #include "server/class_table.h"
 #include "tallyra.h"
+#include "tests/com/registered_classes.h"
 #include "tests/com/server_dll.h"
 
 // What registering leaves in the system's registry, and that unregistering takes all of it away. The entries
 // that were there before are put back at the end.
 namespace tallyra::tests::com {
 namespace {
-
-constexpr wchar_t classes_path[] = L"Software\\Classes";
-
-// Every key and text below a key, one line each.
-void collect(HKEY key, const std::wstring& path, std::set<std::wstring>& lines) {
-  wchar_t name[512];
-  for (DWORD i = 0;; ++i) {
-    DWORD length = 512;
-    BYTE data[4096];
-    DWORD size = sizeof data;
-    DWORD type = 0;
-    if (RegEnumValueW(key, i, name, &length, nullptr, &type, data, &size) != ERROR_SUCCESS) break;
-    const bool is_text = type == REG_SZ || type == REG_EXPAND_SZ;
-    lines.insert(path + L" " + name + L"=" + (is_text ? reinterpret_cast<wchar_t*>(data) : L"(data)"));
-  }
-  for (DWORD i = 0;; ++i) {
-    DWORD length = 512;
-    if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-    lines.insert(path + L"\\" + name);
-    HKEY child = nullptr;
-    if (RegOpenKeyExW(key, name, 0, KEY_READ, &child) != ERROR_SUCCESS) continue;
-    collect(child, path + L"\\" + name, lines);
-    RegCloseKey(child);
-  }
-}
-
-std::set<std::wstring> registered(HKEY root) {
-  std::set<std::wstring> lines;
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(root, classes_path, 0, KEY_READ, &key) == ERROR_SUCCESS) {
-    collect(key, {}, lines);
-    RegCloseKey(key);
-  }
-  return lines;
-}
-
-std::wstring text_at(HKEY root, const std::wstring& path, const wchar_t* name = nullptr) {
-  wchar_t text[1024];
-  DWORD size = sizeof text;
-  const std::wstring whole = std::wstring(classes_path) + L"\\" + path;
-  if (RegGetValueW(root, whole.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size) != ERROR_SUCCESS)
-    return L"(none)";
-  return text;
-}
-
-std::wstring guid_text(REFGUID guid) {
-  wchar_t text[39];
-  StringFromGUID2(guid, text, 39);
-  return text;
-}
 
 // What is there now and was not before, in small letters: a key keeps the case in which somebody else has
 // made it.
@@ -178,13 +129,6 @@ TEST_F(Registration, ForTheUserLeavesTheMachineAlone) {
   EXPECT_EQ(registered(HKEY_CURRENT_USER), user_before_);
 }
 
-void set_text(HKEY root, const std::wstring& path, const std::wstring& text) {
-  const std::wstring whole = std::wstring(classes_path) + L"\\" + path;
-  EXPECT_EQ(RegSetKeyValueW(root, whole.c_str(), nullptr, REG_SZ, text.c_str(),
-                            static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))),
-            ERROR_SUCCESS);
-}
-
 // Another class of somebody's that has a ProgID, for as long as it lives.
 class ForeignOwner {
  public:
@@ -194,7 +138,7 @@ class ForeignOwner {
     set_text(root_, prog_id_ + L"\\CurVer", prog_id_ + L".6");
     set_text(root_, prog_id_ + L"\\DefaultIcon", L"own.dll,1");
   }
-  ~ForeignOwner() { RegDeleteTreeW(root_, (std::wstring(classes_path) + L"\\" + prog_id_).c_str()); }
+  ~ForeignOwner() { remove_key(root_, prog_id_); }
   ForeignOwner(const ForeignOwner&) = delete;
   ForeignOwner& operator=(const ForeignOwner&) = delete;
 
@@ -209,7 +153,10 @@ class Obstacle {
   explicit Obstacle(HKEY root = HKEY_LOCAL_MACHINE, const std::wstring& name = L"Tallyra.CSTKController")
       : root_(root), path_(std::wstring(classes_path) + L"\\" + name) {
     RegDeleteTreeW(root_, path_.c_str());
+    // A user without any class may not even have the branch, which must not become one that does not last.
     HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyW(root_, classes_path, &key), ERROR_SUCCESS);
+    RegCloseKey(key);
     EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr,
                               &key, nullptr),
               ERROR_SUCCESS);
@@ -218,7 +165,8 @@ class Obstacle {
   ~Obstacle() {
     RegDeleteTreeW(root_, path_.c_str());
     // Refused where it holds other keys, which were there before.
-    RegDeleteKeyW(root_, path_.substr(0, path_.rfind(L'\\')).c_str());
+    const std::wstring container = path_.substr(0, path_.rfind(L'\\'));
+    if (container != classes_path) RegDeleteKeyW(root_, container.c_str());
   }
   Obstacle(const Obstacle&) = delete;
   Obstacle& operator=(const Obstacle&) = delete;
@@ -352,7 +300,7 @@ TEST_F(Registration, LeavesTheInterfaceOfCollectionsToItsOwner) {
             L"{11111111-2222-3333-4444-555555555555}");
   ASSERT_EQ(dll_.unregister_server(), S_OK);
   EXPECT_EQ(registered(HKEY_LOCAL_MACHINE), before);
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(classes_path) + L"\\" + key).c_str());
+  remove_key(HKEY_LOCAL_MACHINE, key);
 }
 
 TEST_F(Registration, AFailureHalfWayLeavesNothingBehind) {

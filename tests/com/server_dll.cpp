@@ -13,7 +13,7 @@ std::wstring ServerDll::path() {
   return whole.substr(0, whole.rfind(L'\\') + 1) + L"Tallyra.dll";
 }
 
-ServerDll::ServerDll() : module_(LoadLibraryW(path().c_str())) {
+ServerDll::ServerDll(const std::wstring& file) : module_(LoadLibraryW(file.c_str())) {
   if (!module_) throw std::runtime_error("Tallyra.dll cannot be loaded");
 }
 

@@ -10,10 +10,13 @@ namespace tallyra::tests::com {
 
 using automation::com::Pointer;
 
-// Tallyra.dll as it lies beside the test program, loaded for as long as this lives.
+// Tallyra.dll, loaded for as long as this lives.
 class ServerDll {
  public:
-  ServerDll();
+  // As it lies beside the test program.
+  ServerDll() : ServerDll(path()) {}
+  // A copy that lies elsewhere.
+  explicit ServerDll(const std::wstring& file);
   ~ServerDll();
   ServerDll(const ServerDll&) = delete;
   ServerDll& operator=(const ServerDll&) = delete;
