@@ -1,6 +1,6 @@
 #include "frame/record_maintenance.h"
 
-#include <vector>
+#include <utility>
 
 #include "automation/collection.h"
 #include "automation/convert.h"
@@ -14,50 +14,19 @@ using automation::BoundMember;
 using automation::Object;
 using automation::Value;
 
-struct FieldContent {
-  Value name;
-  Value value;
-};
-
-std::vector<FieldContent> current_row(const Recordset& recordset) {
+// Appends the fields of the current row one by one: each is the collections' before the next is read.
+void append_row(const Recordset& recordset, const FieldCollections& collections) {
   const Object fields = recordset.fields();
   const std::int32_t count = automation::to_int32(fields.get("Count"));
   const BoundMember item(fields, "Item");
-  std::vector<FieldContent> row;
-  row.reserve(static_cast<std::size_t>(count));
+  LazyMember add_name("Add");
+  LazyMember add_value("Add");
   for (std::int32_t i = 0; i < count; ++i) {
     const Object field = automation::to_object(item.call(i));
-    Value name = field.get("Name");
-    row.push_back({std::move(name), field.get("Value")});
-  }
-  return row;
-}
-
-// Takes the last `added` items off again. The collection is the client's; if it cannot, there is nothing left
-// to do.
-void take_off(const Object& collection, std::size_t added) noexcept {
-  try {
-    for (; added > 0; --added) collection.call("Remove", collection.get("Count"));
-  } catch (...) {
-  }
-}
-
-void append_row(const FieldCollections& fields, const std::vector<FieldContent>& row) {
-  const BoundMember add_name(fields.names, "Add");
-  const BoundMember add_value(fields.values, "Add");
-  std::size_t names = 0;
-  std::size_t values = 0;
-  try {
-    for (const auto& [name, value] : row) {
-      add_name.call(name);
-      ++names;
-      add_value.call(value);
-      ++values;
-    }
-  } catch (...) {
-    take_off(fields.names, names);
-    take_off(fields.values, values);
-    throw;
+    const Value name = field.get("Name");
+    add_name.of(collections.names).call(name);
+    const Value value = field.get("Value");
+    add_value.of(collections.values).call(value);
   }
 }
 
@@ -111,24 +80,19 @@ void read_row(Call& call, const FieldCollections& fields, const ReadMove& move) 
   Recordset& recordset = call.recordset();
   recordset.set_cursor_location(CursorLocation::server);
   recordset.open(std::string(move.statement), call.connection, CursorType::static_copy);
-  std::vector<FieldContent> row;
+  const bool replace = move.fill == ReadMove::Fill::replace;
+  Object names = replace ? automation::make_object<automation::Collection>() : fields.names;
+  Object values = replace ? automation::make_object<automation::Collection>() : fields.values;
   if (recordset.at_end()) {
     call.report(message::not_found);
   } else {
     if (move.count_rows) recordset.move_last();
     recordset.move_first();
-    row = current_row(recordset);
+    append_row(recordset, {names, values});
   }
   recordset.close();
   call.connection.close();
-
-  if (move.fill == ReadMove::Fill::append) {
-    if (!row.empty()) append_row(fields, row);
-    return;
-  }
-  Object names = automation::make_object<automation::Collection>();
-  Object values = automation::make_object<automation::Collection>();
-  append_row({names, values}, row);
+  if (!replace) return;
   fields.names = std::move(names);
   fields.values = std::move(values);
 }

@@ -15,14 +15,16 @@ namespace tallyra::frame {
 
 struct ReadMove {
   std::string_view statement;
-  // A class either adds to the caller's collections or hands new ones back in their place.
+  // A class either adds to the caller's collections, each field as it is read, or hands new ones back in
+  // their place once everything is closed.
   enum class Fill { append, replace } fill = Fill::append;
   // The row count is made known by going to the end and back.
   bool count_rows = true;
 };
 
 // Reads the first row into the collections. A missing row is reported and is a success all the same. When
-// anything fails, the collections are as they were.
+// anything fails, collections that are added to keep what they have got; those that would have been replaced
+// are as they were. Of the caller's collections nothing but Add is called.
 void read_row(Call& call, const FieldCollections& fields, const ReadMove& move);
 
 struct InsertMove {

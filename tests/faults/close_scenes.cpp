@@ -76,7 +76,8 @@ std::vector<Scene> month_close_scenes() {
        },
        [](const Object& object, Fields& fields) {
          return object.call("Read", "2024/03/31", ref(fields.names), ref(fields.values));
-       }},
+       },
+       std::nullopt, true},
       {"CStockClose", "Update", "", [](Stage& stage) { stage.set("CanApproved", 1); },
        [](const Object& object, Fields& fields) {
          Value tag = "APPROVED";

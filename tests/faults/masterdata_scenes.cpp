@@ -45,6 +45,7 @@ void add_key_record(std::vector<Scene>& scenes, const KeyRecord& record) {
   add("Read", "found", [query = record.row_query](Stage& stage) {
     stage.finds(query, {{"A", "B"}, {{"A1", 1}}});
   });
+  scenes.back().appends = true;
   add("Read", "missing", [](Stage&) {});
   add("Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); });
   add("Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); });

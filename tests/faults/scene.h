@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,12 @@ struct Scene {
   // What the client sees when nothing fails, in a method that does all its work and reports an error on
   // purpose.
   std::optional<stage::Outcome> reported = std::nullopt;
+  // A Read that adds to the client's collections as it goes, so that what it has read stays when it fails.
+  bool appends = false;
+
+  friend void PrintTo(const Scene& scene, std::ostream* out) {
+    *out << scene.class_name << "." << scene.member << " " << scene.branch;
+  }
 };
 
 // The scenes of the classes of one folder.
