@@ -67,14 +67,16 @@ automation::Value PowerCheck::update_sql(automation::Arguments arguments) {
 
 automation::Value PowerCheck::build(automation::Arguments arguments, Statement statement) {
   automation::expect_arguments(arguments, 4, 4);
-  err_number_ = 0;
-  err_description_.clear();
   try {
     const std::string table = automation::to_text(arguments[0].get());
-    return statement(table,
-                     assignments(table, automation::to_object(arguments[1].get()),
-                                 automation::to_object(arguments[2].get()),
-                                 automation::to_object(arguments[3].get()), dialect_of(database_kind_)));
+    std::string built =
+        statement(table, assignments(table, automation::to_object(arguments[1].get()),
+                                     automation::to_object(arguments[2].get()),
+                                     automation::to_object(arguments[3].get()), dialect_of(database_kind_)));
+    // Last: a collection may have had another statement built meanwhile, and that one may have failed.
+    err_number_ = 0;
+    err_description_.clear();
+    return built;
   } catch (const automation::Error& error) {
     err_number_ = error.number();
     err_description_ = error.description();

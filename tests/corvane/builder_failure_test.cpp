@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "automation/error.h"
 #include "standins/corvane/failure.h"
 #include "tests/corvane/builder_call.h"
@@ -103,6 +106,36 @@ TEST(BuilderFailure, IsForgottenAtTheNextCall) {
             "Insert Into REVADDR(SN) Values(1)");
   EXPECT_EQ(builder.get("ErrNumber"), Value(0));
   EXPECT_EQ(builder.get("ErrDescription"), Value(""));
+}
+
+// Has something done whenever it is used.
+class BusyCollection : public automation::Collection {
+ public:
+  explicit BusyCollection(std::function<void()> work) : work_(std::move(work)) {}
+  Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
+    work_();
+    return automation::Collection::invoke(id, access, arguments);
+  }
+
+ private:
+  std::function<void()> work_;
+};
+
+TEST(BuilderFailure, OfAStatementBuiltMeanwhileIsNotThatOfTheOneAroundIt) {
+  const Object builder = power_check("");
+  bool failing = true;
+  const Object names = automation::make_object<BusyCollection>([&] {
+    EXPECT_EQ(build(builder, "GetUpdateSQL", "REVADDR", {failing ? "X" : "SN"}, {1}, addresses()).empty(),
+              failing);
+  });
+  names.call("Add", "SN");
+  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({7}), addresses()),
+            Value("Insert Into REVADDR(SN) Values(7)"));
+  EXPECT_EQ(builder.get("ErrNumber"), Value(0));
+  EXPECT_EQ(builder.get("ErrDescription"), Value(""));
+  failing = false;
+  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({"seven"}), addresses()), Value(""));
+  EXPECT_EQ(builder.get("ErrNumber"), Value(failure::unfit_value));
 }
 
 TEST(BuilderFailure, ArgumentsOfTheWrongKindAreAFailureToo) {
