@@ -9,22 +9,26 @@ void Argument::set(Value value) const {
 }
 
 MemberId Object::resolve(std::string_view name) const {
-  if (!dispatch_) throw Error(error_number::object_not_set);
-  return dispatch_->resolve(name);
+  const Object called(*this);
+  if (!called) throw Error(error_number::object_not_set);
+  return called.dispatch_->resolve(name);
 }
 
 Value Object::invoke(MemberId member, Access access, Arguments arguments) const {
-  if (!dispatch_) throw Error(error_number::object_not_set);
-  return dispatch_->invoke(member, access, arguments);
+  const Object called(*this);
+  if (!called) throw Error(error_number::object_not_set);
+  return called.dispatch_->invoke(member, access, arguments);
 }
 
 Value Object::get(std::string_view name) const {
-  return invoke(resolve(name), Access::read, {});
+  const Object called(*this);
+  return called.invoke(called.resolve(name), Access::read, {});
 }
 
 void Object::put(std::string_view name, const Value& value) const {
   const std::array<Argument, 1> list{Argument(value)};
-  invoke(resolve(name), value.is_object() ? Access::put_reference : Access::put, list);
+  const Object called(*this);
+  called.invoke(called.resolve(name), value.is_object() ? Access::put_reference : Access::put, list);
 }
 
 Value BoundMember::get() const {

@@ -40,7 +40,8 @@ inline constexpr MemberId default_member = 0;
 enum class Access { read, put, put_reference };
 
 // A late-bound object: whatever stands behind it, it is reached by member names and ids only. Counted by
-// reference; belongs to the thread that made it, like every object of an apartment.
+// reference; belongs to the thread that made it, like every object of an apartment. Whoever calls it holds a
+// reference meanwhile, as every Object does.
 class Dispatch {
  public:
   Dispatch() = default;
@@ -72,7 +73,9 @@ inline Reference ref(Value& target) {
   return {target};
 }
 
-// Counted reference to a late-bound object, or to none. Every use of none throws Error 91.
+// Counted reference to a late-bound object, or to none. Every use of none throws Error 91. A call goes on
+// with the object that it began with, though whatever runs inside it may let the Object go or give it another
+// one.
 class Object {
  public:
   Object() = default;

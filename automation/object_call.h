@@ -62,8 +62,9 @@ Value with_arguments(const Invoke& invoke, Args&&... arguments) {
 
 template <class... Args>
 Value Object::call(std::string_view name, Args&&... arguments) const {
-  const MemberId member = resolve(name);
-  return detail::with_arguments([&](Arguments list) { return invoke(member, Access::read, list); },
+  const Object called(*this);
+  const MemberId member = called.resolve(name);
+  return detail::with_arguments([&](Arguments list) { return called.invoke(member, Access::read, list); },
                                 std::forward<Args>(arguments)...);
 }
 

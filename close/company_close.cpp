@@ -2,6 +2,7 @@
 
 #include "automation/yield.h"
 #include "close/stock_close.h"
+#include "frame/collaborator_member.h"
 #include "frame/method.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
@@ -34,15 +35,14 @@ class PartCosts {
   // The quantity goes by reference: the cost function may put another in its place.
   double of_current_row(const Field& part, const Field& price_type, const Field& material_type,
                         Value& quantity) {
-    ask_the_set_of_this_moment();
     const Value price = price_type.value();
     if (automation::equals_number(price, price_type_cost) &&
         automation::exceeds_number(material_type.value(), material_type_purchased))
-      return automation::to_double(part_cost_.of(system_).call(
-          part.object(), ref(close_literal_), previous_literal_, ref(quantity), ref(connection_)));
-    frame::LazyMember& price_function =
+      return automation::to_double(part_cost_.now().call(part.object(), ref(close_literal_),
+                                                         previous_literal_, ref(quantity), ref(connection_)));
+    frame::CollaboratorMember& price_function =
         automation::equals_number(price, price_type_last) ? last_price_ : average_price_;
-    return automation::to_double(price_function.of(system_).call(
+    return automation::to_double(price_function.now().call(
         part.object(), ref(close_literal_), previous_literal_, ref(connection_), material_type.object()));
   }
 
@@ -50,22 +50,13 @@ class PartCosts {
   std::string close_literal() const { return automation::to_text(close_literal_); }
 
  private:
-  // Between two rows the caller's message loop has a turn, and may set the collaborators up anew.
-  void ask_the_set_of_this_moment() {
-    if (system_ == frame::collaborators().system) return;
-    system_ = frame::collaborators().system;
-    part_cost_ = frame::LazyMember("GetPartCost");
-    last_price_ = frame::LazyMember("GetLastUprice");
-    average_price_ = frame::LazyMember("GetAvgUprice");
-  }
-
   Value close_literal_;
-  Value previous_literal_;
+  // The field of the object, which a close that is begun meanwhile sets anew.
+  const std::string& previous_literal_;
   Value connection_;
-  Object system_;
-  frame::LazyMember part_cost_{"GetPartCost"};
-  frame::LazyMember last_price_{"GetLastUprice"};
-  frame::LazyMember average_price_{"GetAvgUprice"};
+  frame::CollaboratorMember part_cost_{&frame::Collaborators::system, "GetPartCost"};
+  frame::CollaboratorMember last_price_{&frame::Collaborators::system, "GetLastUprice"};
+  frame::CollaboratorMember average_price_{&frame::Collaborators::system, "GetAvgUprice"};
 };
 
 }  // namespace

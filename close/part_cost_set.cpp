@@ -27,10 +27,11 @@ float CPartCostSet::Read(std::int32_t& iMTypeSN, Object& colFieldName, Object& c
 float CPartCostSet::Update(std::int32_t iMTypeSN, Object& colFieldName, Object& colFieldValue,
                            std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
+    const std::string tag = strOprTag;
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::part_cost_setting,
                  .function_code = schema::function_code::part_cost,
-                 .operation_tag = strOprTag,
+                 .operation_tag = tag,
                  .owner = {.then = OwnerTest::Then::open_if_closed},
                  .structure = "Select top 1 * From PARTCOSTSET",
                  .condition = sql(" Where PARTCOSTSET.MTYPESN={}", iMTypeSN)});

@@ -31,6 +31,7 @@ float CStockClose::Read(std::string pCloseDT, Object& colFieldName, Object& colF
 float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& colFieldValue,
                           std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
+    const std::string tag = strOprTag;
     const DateLiteral literal(system_database());
     const std::string close_literal = literal.of_text(pCloseDT);
     const std::string next_day = next_day_literal(literal, pCloseDT);
@@ -45,7 +46,7 @@ float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& co
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::month_close,
                  .function_code = schema::function_code::month_close,
-                 .operation_tag = strOprTag,
+                 .operation_tag = tag,
                  .structure = "Select top 1 * From STKCLOSEHD",
                  .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", close_literal),
                  .in_transaction = true,

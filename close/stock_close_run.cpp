@@ -113,8 +113,9 @@ float CStockClose::Insert(Value pCloseDT, Object& colFieldName, Object& colField
     const frame::Field department_name = departments.field(schema::column::department_name);
     Value document_number{std::string()};
     for (; !departments.at_end(); departments.move_next()) {
-      CurDeptNm.clear();
-      automation::append_concatenated(CurDeptNm, department_name.value());
+      std::string name;
+      automation::append_concatenated(name, department_name.value());
+      CurDeptNm = std::move(name);
       if (!issue_document_number(document_number)) {
         call.copy_error(frame::collaborators().system);
         call.leave();
@@ -139,7 +140,7 @@ float CStockClose::Insert(Value pCloseDT, Object& colFieldName, Object& colField
     const auto statement = call.try_build("GetInsertSQL", schema::table::month_close, fields, records);
     if (!statement) {
       remove_unapproved_documents(call.connection);
-      call.copy_error(frame::collaborators().rights);
+      call.copy_builder_error();
       records.close();
       call.connection.close();
       call.leave();

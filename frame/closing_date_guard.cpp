@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "frame/date_literal.h"
 #include "frame/method.h"
 #include "frame/sql.h"
 
@@ -11,7 +12,8 @@ namespace {
 using automation::Error;
 using automation::Value;
 
-std::string later_closes(const DateLiteral& literal, const Value& date) {
+std::string later_closes(const std::string& system_database, const Value& date) {
+  const DateLiteral literal(system_database);
   return sql("Select * From STKCLOSEHD Where CLOSEDT>={}", literal.of_text(automation::to_text(date)));
 }
 
@@ -25,10 +27,11 @@ void report_closed_period(Session& session) {
 
 }  // namespace
 
-Value valid_close_date(Session& session, const DateLiteral& literal, const Value& date,
+Value valid_close_date(Session& session, const std::string& system_database, const Value& date,
                        const ClosingDateGuard& guard) {
   std::string statement;
-  if (guard.statement == ClosingDateGuard::Statement::before_trap) statement = later_closes(literal, date);
+  if (guard.statement == ClosingDateGuard::Statement::before_trap)
+    statement = later_closes(system_database, date);
   std::optional<Call> call;
   std::optional<Error> error;
   try {
@@ -39,7 +42,8 @@ Value valid_close_date(Session& session, const DateLiteral& literal, const Value
       call->prepare();
     else
       call->set_error(0, {});
-    if (guard.statement == ClosingDateGuard::Statement::inside_trap) statement = later_closes(literal, date);
+    if (guard.statement == ClosingDateGuard::Statement::inside_trap)
+      statement = later_closes(system_database, date);
 
     call->open_connection();
     closes.open(std::move(statement), call->connection, CursorType::forward_only);

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <string>
+
 #include "automation/value.h"
-#include "frame/date_literal.h"
 #include "frame/session.h"
 
 namespace tallyra::frame {
@@ -23,8 +24,8 @@ struct ClosingDateGuard {
 // The verdict is ErrNumber: 0 for an open date, 10000112 when a close record exists on or after it. The
 // result is always Empty. Throws Error 438 when an error strikes while the connection is open, after the
 // error fields are set, and whatever the reporting of a closed period itself meets; such a connection is let
-// go unclosed.
-automation::Value valid_close_date(Session& session, const DateLiteral& literal,
+// go unclosed. `system_database` is the field of the session, which is read when the statement is built.
+automation::Value valid_close_date(Session& session, const std::string& system_database,
                                    const automation::Value& date, const ClosingDateGuard& guard);
 
 }  // namespace tallyra::frame

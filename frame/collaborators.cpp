@@ -31,20 +31,22 @@ void release_collaborators() noexcept {
 
 void InitObjects(const std::string& Language, const std::string& SystemDatabase,
                  const std::string& ConnectionString, const std::string& UserID) {
-  auto& [messages, rights, wording, system] = collaborators();
-  messages = automation::create("Lexbank.ErrMsg");
-  rights = automation::create("Corvane.CPowerCheck");
-  wording = automation::create("Lexbank.CPartF");
-  system = automation::create("Corvane.CSystem");
+  // Each step asks for the set anew: another set-up may run while a class is created or told something.
+  collaborators().messages = automation::create("Lexbank.ErrMsg");
+  collaborators().rights = automation::create("Corvane.CPowerCheck");
+  collaborators().wording = automation::create("Lexbank.CPartF");
+  collaborators().system = automation::create("Corvane.CSystem");
 
-  messages.put("Language", Language);
-  wording.put("Language", Language);
+  collaborators().messages.put("Language", Language);
+  collaborators().wording.put("Language", Language);
 
+  const automation::Object rights = collaborators().rights;
   rights.put("Language", Language);
   rights.put("ConnectionString", ConnectionString);
   rights.put("UserID", UserID);
   rights.put("SystemDatabase", SystemDatabase);
 
+  const automation::Object system = collaborators().system;
   system.put("Language", Language);
   system.put("ConnectionString", ConnectionString);
   system.put("UserID", UserID);

@@ -49,7 +49,7 @@ void Call::set_error(float number, std::string description) {
   session_.error_description_ = std::move(description);
 }
 
-void Call::copy_error(const Object& collaborator) {
+void Call::copy_error(Object collaborator) {
   const float number = automation::to_single(collaborator.get("ErrNumber"));
   set_error(number, automation::to_text(collaborator.get("ErrDescription")));
 }
@@ -80,6 +80,7 @@ bool Call::has_right(std::string_view right) const {
 std::optional<std::string> Call::try_build(std::string_view builder, std::string_view table,
                                            const FieldCollections& fields, Recordset& structure) {
   const Object rights = collaborators().rights;
+  builder_ = rights;
   Value table_name(table);
   Value names(fields.names);
   Value values(fields.values);
@@ -100,7 +101,7 @@ std::optional<std::string> Call::try_build(std::string_view builder, std::string
 std::string Call::insert_statement(std::string_view table, const FieldCollections& fields) {
   auto statement = try_build("GetInsertSQL", table, fields, recordset());
   if (statement) return *std::move(statement);
-  copy_error(collaborators().rights);
+  copy_builder_error();
   close_all();
   leave();
 }
@@ -108,7 +109,7 @@ std::string Call::insert_statement(std::string_view table, const FieldCollection
 std::string Call::update_statement(std::string_view table, const FieldCollections& fields) {
   auto statement = try_build("GetUpdateSQL", table, fields, recordset());
   if (statement) return *std::move(statement);
-  copy_error(collaborators().rights);
+  copy_builder_error();
   close_all();
   leave();
 }

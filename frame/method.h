@@ -28,6 +28,10 @@ struct FieldCollections {
 
 // One run of a business method: its database objects, its checks and its way out. Database objects that are
 // not closed when the call ends are let go unclosed.
+//
+// Nothing is locked. Whatever a run calls, and its yields, may write the session or run another method of the
+// same object, so a run holds nothing of the session across a call: it reads each field when it uses it and
+// goes on with what the field holds then. The caller of a method keeps the object.
 class Call {
  public:
   // Creates the connection and the recordsets.
@@ -53,7 +57,7 @@ class Call {
   // Sets the error fields, leaves everything as it is.
   void set_error(float number, std::string description);
   // Copies the error fields of a collaborator.
-  void copy_error(const automation::Object& collaborator);
+  void copy_error(automation::Object collaborator);
   // Closes the recordset and the connection as far as they are open.
   void close_all();
   // Ends the method with failure, without any call to the database.
@@ -70,9 +74,10 @@ class Call {
   std::string insert_statement(std::string_view table, const FieldCollections& fields);
   std::string update_statement(std::string_view table, const FieldCollections& fields);
   // The same without the way out: nothing when the builder reports an error, which is then still to be
-  // copied.
+  // copied, from the object that has built even if the thread has another one by now.
   std::optional<std::string> try_build(std::string_view builder, std::string_view table,
                                        const FieldCollections& fields, Recordset& structure);
+  void copy_builder_error() { copy_error(builder_); }
 
   // What the error trap does.
   void trap(const automation::Error& error) noexcept;
@@ -84,6 +89,7 @@ class Call {
  private:
   Session& session_;
   std::array<std::optional<Recordset>, 3> recordsets_;
+  automation::Object builder_;
   bool roll_back_on_error_ = false;
 };
 

@@ -10,7 +10,8 @@
 
 // The four moves by which most classes maintain one table. A class states its statements and where it departs
 // from the pattern; whatever it leaves out is as the pattern has it, but for the right to insert. Each move
-// runs inside run_method.
+// runs inside run_method. The texts of a move stay as they are until it ends: in place of an argument by
+// reference, which its owner may change meanwhile, a class gives a copy.
 namespace tallyra::frame {
 
 struct ReadMove {

@@ -52,17 +52,18 @@ float CCheckHead::Read(std::string& cCHECKNO, Object& colFieldName, Object& colF
 float CCheckHead::Update(std::string cCHECKNO, Object& colFieldName, Object& colFieldValue,
                          std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
+    const std::string tag = strOprTag;
     const auto post_or_remove_postings = [&](Call&) {
-      if (strOprTag == schema::operation_tag::approved)
+      if (tag == schema::operation_tag::approved)
         PostCheckIssue(cCHECKNO, call.connection, DateLiteral(system_database()));
-      else if (strOprTag == schema::operation_tag::unapproved)
+      else if (tag == schema::operation_tag::unapproved)
         remove_postings(call.connection, cCHECKNO);
     };
     update_rows(
         call, {colFieldName, colFieldValue},
         {.table = schema::table::stock_check_header,
          .function_code = schema::function_code::stock_check,
-         .operation_tag = strOprTag,
+         .operation_tag = tag,
          .owner = owner_test(sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO)),
          .structure = "Select top 1 * From STKCHECKHD",
          .structure_cursor = CursorType::static_copy,
@@ -94,7 +95,7 @@ float CCheckHead::Delete(std::string cCHECKNO) {
 
 Value CCheckHead::ValidCloseDT(Value vTranDT) {
   using Guard = frame::ClosingDateGuard;
-  return valid_close_date(*this, DateLiteral(system_database()), vTranDT,
+  return valid_close_date(*this, system_database(), vTranDT,
                           {.statement = Guard::Statement::inside_trap,
                            .collaborators = Guard::Collaborators::as_they_are,
                            .trap = Guard::Trap::the_error});

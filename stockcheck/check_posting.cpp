@@ -1,6 +1,7 @@
 #include "stockcheck/check_posting.h"
 
 #include "automation/clock.h"
+#include "frame/collaborator_member.h"
 #include "frame/collaborators.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
@@ -127,7 +128,7 @@ class Adjustment {
   void begin(const frame::Field& department_name) {
     request_number();
     const Value name = department_name.value();
-    const Value status = words_.get("StatusApproved");
+    const Value status = frame::collaborators().wording.get("StatusApproved");
     const Value notes = note();
     connection_.execute(
         sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,REFERENCE,TRANDT,DEPTNOFR,DEPTNMFR,STATUS,STATUSSN,"
@@ -151,7 +152,7 @@ class Adjustment {
     }
   }
 
-  Value note() { return note_.of(words_).get(); }
+  Value note() { return note_.now().get(); }
 
   Connection& connection_;
   const Count& count_;
@@ -159,8 +160,7 @@ class Adjustment {
   std::string today_;
   std::string now_;
   std::string number_;
-  Object words_ = frame::collaborators().wording;
-  frame::LazyMember note_{"NameCheck"};
+  frame::CollaboratorMember note_{&frame::Collaborators::wording, "NameCheck"};
   Value line_;
 };
 

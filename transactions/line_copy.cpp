@@ -4,6 +4,7 @@
 
 #include "automation/clock.h"
 #include "automation/convert.h"
+#include "frame/date_literal.h"
 #include "frame/find_field.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
@@ -51,7 +52,7 @@ struct Line {
 
 }  // namespace
 
-void copy_lines(Call& call, const frame::FieldCollections& header, const DateLiteral& literal,
+void copy_lines(Call& call, const frame::FieldCollections& header, const std::string& system_database,
                 const std::string& from, const std::string& to) {
   Recordset& lines = call.recordset();
   lines.open(frame::sql("SELECT * FROM STKTRANDT WHERE TRANNO='{}'", from), call.connection,
@@ -68,6 +69,7 @@ void copy_lines(Call& call, const frame::FieldCollections& header, const DateLit
           line.v_quantity.value(),     line.unit_price.value(),       line.notes.value()};
       const auto& [reference, number, part, reference_part, order, quantity, v_quantity, price, notes] =
           copied;
+      const DateLiteral literal(system_database);
       const std::string added = literal.of_time_stamp(automation::now());
       const std::string edited = literal.of_time_stamp(automation::now());
       // A number that is Null leaves a gap in the text; the database refuses it and the copy is given up.

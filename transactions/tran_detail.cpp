@@ -67,14 +67,15 @@ float CTranDetail::Update(std::string& cTRANNO, std::string& cTranType, std::str
                           std::string& cPartNo, Object& colFieldName, Object& colFieldValue,
                           std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
+    const std::string type = cTranType;
     const LineAddress line{cTRANNO, cReference, cPartNo, intSN};
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::transaction_line,
-                 .function_code = cTranType,
+                 .function_code = type,
                  .owner = owner_test(line.owner_query()),
                  .structure = "Select top 1 * From STKTRANDT",
                  .structure_cursor = CursorType::static_copy,
-                 .condition = line.update_condition(cTranType)});
+                 .condition = line.update_condition(type)});
   });
 }
 
@@ -82,9 +83,10 @@ float CTranDetail::Insert(std::string& cTRANNO, std::string& cTranType, std::str
                           std::string& cPartNo, Object& colFieldName, Object& colFieldValue,
                           std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
+    const std::string type = cTranType;
     insert_row(call, {colFieldName, colFieldValue},
                {.table = schema::table::transaction_line,
-                .function_code = cTranType,
+                .function_code = type,
                 .existing = intSN >= 0 ? sql("Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='{}'"
                                              " And STKTRANDT.REFERENCE='{}' And STKTRANDT.SN={}",
                                              cTRANNO, cReference, intSN)
@@ -97,8 +99,9 @@ float CTranDetail::Insert(std::string& cTRANNO, std::string& cTranType, std::str
 float CTranDetail::Delete(std::string& cTRANNO, std::string& cTranType, std::string& cReference,
                           std::string& cPartNo, std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
+    const std::string type = cTranType;
     const LineAddress line{cTRANNO, cReference, cPartNo, intSN};
-    delete_rows(call, {.function_code = cTranType,
+    delete_rows(call, {.function_code = type,
                        .owner = owner_test(line.owner_query()),
                        .statements = {"Delete From STKTRANDT" + line.condition()}});
   });

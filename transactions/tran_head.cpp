@@ -15,7 +15,6 @@ using automation::Object;
 using automation::Value;
 using frame::Call;
 using frame::CursorType;
-using frame::DateLiteral;
 using frame::sql;
 namespace schema = frame::schema;
 
@@ -39,13 +38,15 @@ float CTranHead::Read(std::string& cTRANNO, std::string& cTranType, Object& colF
 float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& colFieldName,
                         Object& colFieldValue, std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
+    const std::string type = cTranType;
+    const std::string tag = strOprTag;
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::transaction_header,
-                 .function_code = cTranType,
-                 .operation_tag = strOprTag,
+                 .function_code = type,
+                 .operation_tag = tag,
                  .owner = owner_test(sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
                                          " AND STKTRANHD.TRANTYPE='{}'",
-                                         cTRANNO, cTranType)),
+                                         cTRANNO, type)),
                  .structure = "Select top 1 * From STKTRANHD",
                  .structure_cursor = CursorType::static_copy,
                  .condition = sql(" Where STKTRANHD.TRANNO='{}' ", cTRANNO)});
@@ -55,13 +56,14 @@ float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& col
 float CTranHead::Insert(std::string cTRANNO, std::string& cTranType, Object& colFieldName,
                         Object& colFieldValue, std::string& pCopyID) {
   return run_method(*this, [&](Call& call) {
+    const std::string type = cTranType;
     const frame::FieldCollections fields{colFieldName, colFieldValue};
     const auto copy = [&](Call&) {
-      if (!pCopyID.empty()) copy_lines(call, fields, DateLiteral(system_database()), pCopyID, cTRANNO);
+      if (!pCopyID.empty()) copy_lines(call, fields, system_database(), pCopyID, cTRANNO);
     };
     insert_row(call, fields,
                {.table = schema::table::transaction_header,
-                .function_code = cTranType,
+                .function_code = type,
                 .existing = sql("Select * From STKTRANHD where TRANNO='{}'", cTRANNO),
                 .in_transaction = true,
                 .also = copy});
@@ -70,7 +72,8 @@ float CTranHead::Insert(std::string cTRANNO, std::string& cTranType, Object& col
 
 float CTranHead::Delete(std::string cTRANNO, std::string& cTranType) {
   return run_method(*this, [&](Call& call) {
-    delete_rows(call, {.function_code = cTranType,
+    const std::string type = cTranType;
+    delete_rows(call, {.function_code = type,
                        .owner = owner_test(sql("Select ADDBY from STKTRANHD WHERE TRANNO='{}'", cTRANNO)),
                        .statements = {sql("Delete From STKTRANHD Where TRANNO='{}'", cTRANNO),
                                       sql("Delete From STKTRANDT Where TRANNO='{}'", cTRANNO),
@@ -80,7 +83,7 @@ float CTranHead::Delete(std::string cTRANNO, std::string& cTranType) {
 
 Value CTranHead::ValidCloseDT(Value vTranDT) {
   using Guard = frame::ClosingDateGuard;
-  return valid_close_date(*this, DateLiteral(system_database()), vTranDT,
+  return valid_close_date(*this, system_database(), vTranDT,
                           {.statement = Guard::Statement::before_trap,
                            .collaborators = Guard::Collaborators::set_up,
                            .trap = Guard::Trap::closed_period});

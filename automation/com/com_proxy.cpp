@@ -65,15 +65,12 @@ ReferenceForm ComProxy::reference_form(Arguments arguments) {
 MemberId ComProxy::resolve(std::string_view name) {
   for (const auto& [known, id] : known_names_)
     if (known == name) return id;
-  // The callee may let go of everything that leads here, this object included.
-  const Object alive(this);
   DISPID id = DISPID_UNKNOWN;
   throw_if_failed(look_up(name, id));
   known_names_.emplace_back(name, id);
   return id;
 }
 
-// The caller keeps this object alive: the callee may let go of everything that leads here.
 ComProxy::Answer ComProxy::ask(MemberId id, WORD flags, DISPPARAMS& parameters) {
   Answer answer;
   EXCEPINFO description{};
@@ -100,7 +97,6 @@ bool ComProxy::may_be_variable(const Answer& answer, Access access, Arguments ar
 }
 
 Value ComProxy::invoke(MemberId id, Access access, Arguments arguments) {
-  const Object alive(this);
   OutgoingArguments outgoing(arguments, access, reference_form(arguments));
   Answer answer = ask(id, flags_of(access), outgoing.parameters());
   if (may_be_variable(answer, access, arguments)) {

@@ -1,7 +1,6 @@
 #include "server/com/dispatcher.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "automation/com/failure.h"
 #include "automation/com/incoming_arguments.h"
@@ -40,19 +39,6 @@ DISPID parameter_id(const ClassMember& member, std::string_view name) {
     if (automation::equals_folded(member.parameters[i].name, name)) return static_cast<DISPID>(i);
   return DISPID_UNKNOWN;
 }
-
-// True for as long as it lives.
-class Mark {
- public:
-  Mark(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value || flag)) {}
-  ~Mark() { flag_ = before_; }
-  Mark(const Mark&) = delete;
-  Mark& operator=(const Mark&) = delete;
-
- private:
-  bool& flag_;
-  bool before_;
-};
 
 HRESULT current_code() {
   return automation::hresult_from_number(automation::current_error().number());
@@ -156,11 +142,8 @@ std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, con
     if (!thread_use_.on_own_thread()) throw_if_failed(RPC_E_WRONG_THREAD);
     const ClassMember* member = table_ ? table_->find(id, access) : nullptr;
     if (!member) throw_if_failed(missing_member(id, access));
-    const bool reads_property = member->kind == MemberKind::property_get;
-    if (running_ && !reads_property) throw_if_failed(RPC_E_CALL_REJECTED);
     incoming.emplace(parameters, member->parameters.size());
     const automation::Arguments arguments = incoming->read();
-    const Mark running(running_, !reads_property);
     in_member = true;
     result = member->invoke(*session_, *member, arguments);
     incoming->write_back();

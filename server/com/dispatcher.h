@@ -17,9 +17,10 @@ namespace tallyra::server::com {
 // Runs the members of one business object for all its callers, by name or through the interface, over the
 // class table. A member that the type library declares and the table has not answers E_NOTIMPL.
 //
-// Refused are calls from another thread than the one that made the object (RPC_E_WRONG_THREAD), and, while a
-// method runs, every call but the reading of a property (RPC_E_CALL_REJECTED): a running method yields to the
-// client's message loop, from which such calls come.
+// Refused are calls from another thread than the one that made the object (RPC_E_WRONG_THREAD). While a
+// method runs, every member may be called all the same: from the client's message loop, which has a turn in a
+// month close, or from a collection of the client's. Whoever calls a member holds the object until it
+// returns.
 class Dispatcher {
  public:
   Dispatcher(std::string_view class_name, REFIID interface_id);
@@ -60,7 +61,6 @@ class Dispatcher {
   const ClassTable* table_;  // none for a class that only the type library knows
   std::unique_ptr<frame::Session> session_;
   automation::com::Pointer<ITypeInfo> interface_info_;
-  bool running_ = false;
 };
 
 }  // namespace tallyra::server::com

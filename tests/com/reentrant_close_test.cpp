@@ -2,7 +2,9 @@
 #include <ocidl.h>
 
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
@@ -22,6 +24,7 @@ namespace {
 namespace company = samples::company;
 
 constexpr float no_right = 10000016;
+constexpr float failed = -2147467259.0F;
 
 // A window of the client's that does something again and again when the client's loop gets a turn.
 class ClientWindow {
@@ -81,24 +84,46 @@ class ReentrantClose : public testing::Test {
   template <class I>
   Pointer<I> opened(REFCLSID class_id, const char* user = "ADMIN", const char* language = "EN") const {
     auto object = dll_.create<I>(class_id);
-    EXPECT_EQ(object->put_ConnectionString(
-                  Text("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";Timeout=5000").in()),
-              S_OK);
+    EXPECT_EQ(object->put_ConnectionString(Text(connection_string(5000)).in()), S_OK);
     EXPECT_EQ(object->put_UserID(Text(user).in()), S_OK);
     EXPECT_EQ(object->put_Language(Text(language).in()), S_OK);
     EXPECT_EQ(object->put_SystemDatabase(Text("MSACCESS").in()), S_OK);
     return object;
   }
 
-  // Closes January; the object need not outlive the call.
-  float closed_by(_CStockClose* close) const {
+  // A session waits so many milliseconds for a lock.
+  std::string connection_string(int timeout) const {
+    return "DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";Timeout=" + std::to_string(timeout);
+  }
+
+  // Closes January, or another month; the object need not outlive the call.
+  float closed_by(_CStockClose* close, const char* date = "2024/01/31") const {
+    const Variant day(Value(date), Role::caller);
     IDispatch* names = list_of("CLOSEDT").detach();
-    IDispatch* values = list_of("2024/01/31").detach();
-    float result = 0;
-    EXPECT_EQ(close->Insert(day_.raw(), &names, &values, &result), S_OK);
+    IDispatch* values = list_of(date).detach();
+    float result = 5;
+    EXPECT_EQ(close->Insert(day.raw(), &names, &values, &result), S_OK);
     names->Release();
     values->Release();
     return result;
+  }
+
+  // Whether the record of that close is found.
+  static bool reads(_CStockClose* close, const char* date) {
+    IDispatch* names = list_of("x").detach();
+    IDispatch* values = list_of("x").detach();
+    float result = 5;
+    EXPECT_EQ(close->Read(Text(date).in(), &names, &values, &result), S_OK);
+    EXPECT_EQ(result, 100.0F);
+    names->Release();
+    values->Release();
+    float number = 5;
+    EXPECT_EQ(close->get_ErrNumber(&number), S_OK);
+    return number == 0;
+  }
+
+  std::vector<std::vector<std::string>> query(const char* statement) const {
+    return company::Database(folder_.file("company.db")).query(statement);
   }
 
   template <class I>
@@ -117,8 +142,7 @@ class ReentrantClose : public testing::Test {
   }
 
   void expect_january_closed() const {
-    company::Database database(folder_.file("company.db"));
-    const auto closes = database.query("Select CLOSEDT From STKCLOSEHD");
+    const auto closes = query("Select CLOSEDT From STKCLOSEHD Where CLOSEDT>='2024-01-01'");
     ASSERT_EQ(closes.size(), 1U);
     EXPECT_EQ(closes.front().front(), "2024-01-31 00:00:00");
   }
@@ -134,32 +158,91 @@ class ReentrantClose : public testing::Test {
   const Variant day_{Value("2024/01/31"), Role::caller};
 };
 
-TEST_F(ReentrantClose, EndsWellThoughItsClientCallsBackMeanwhile) {
+TEST_F(ReentrantClose, TakesPropertiesMeanwhileAndGoesOnWithThem) {
   const auto close = opened<_CStockClose>(CLSID_CStockClose);
   int calls_back = 0;
   const ClientWindow window([&] {
     ++calls_back;
-    float result = 5;
-    EXPECT_EQ(close->Delete(day_.raw(), &result), RPC_E_CALL_REJECTED);
-    EXPECT_EQ(result, 0.0F);
-    EXPECT_EQ(close->put_UserID(Text("SOMEBODY").in()), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(close->put_UserID(Text("SOMEBODY").in()), S_OK);
+    EXPECT_EQ(close->put_Language(Text("DE").in()), S_OK);
+    EXPECT_EQ(close->put_SystemDatabase(Text("MSSQLSERVER").in()), S_OK);
+    EXPECT_EQ(close->put_ConnectionString(Text(connection_string(6000)).in()), S_OK);
     EXPECT_EQ(error_number(close), 0.0F);
-
-    const auto address = opened<_CRevAddr>(CLSID_CRevAddr);
-    auto names = list_of("x");
-    auto values = list_of("x");
-    IDispatch* names_variable = names.detach();
-    IDispatch* values_variable = values.detach();
-    Text key("nowhere");
-    EXPECT_EQ(address->Read(key.in_out(), &names_variable, &values_variable, &result), S_OK);
-    EXPECT_EQ(result, 100.0F);
-    EXPECT_EQ(error_number(address), 10000003.0F);
-    names_variable->Release();
-    values_variable->Release();
+    EXPECT_EQ(error_description(close), "");
   });
 
   EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
   EXPECT_GT(calls_back, 1);
+  expect_january_closed();
+  const auto users = query(
+      "Select Distinct STKTRANDT.ADDBY From STKTRANDT Inner Join STKTRANHD"
+      " On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where TRANTYPE In ('STK027CLOSE','STKCLOSEALL') Order By 1");
+  EXPECT_EQ(users, (std::vector<std::vector<std::string>>{{"ADMIN"}, {"SOMEBODY"}}));
+}
+
+TEST_F(ReentrantClose, AnswersItsClientMeanwhileAsOtherObjectsDo) {
+  company::Database(folder_.file("company.db"))
+      .execute("Insert Into STKCLOSEHD(CLOSEDT) Values('2023-12-31 00:00:00')");
+  const auto close = opened<_CStockClose>(CLSID_CStockClose);
+  int calls_back = 0;
+  const ClientWindow window([&] {
+    ++calls_back;
+    const auto address = opened<_CRevAddr>(CLSID_CRevAddr);
+    IDispatch* names = list_of("x").detach();
+    IDispatch* values = list_of("x").detach();
+    float result = 5;
+    EXPECT_EQ(address->Read(Text("nowhere").in_out(), &names, &values, &result), S_OK);
+    EXPECT_EQ(result, 100.0F);
+    EXPECT_EQ(error_number(address), 10000003.0F);
+    names->Release();
+    values->Release();
+    EXPECT_FALSE(reads(close.get(), "2023/11/30"));
+    // What succeeds last decides: the run asks the same error fields.
+    EXPECT_TRUE(reads(close.get(), "2023/12/31"));
+  });
+
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
+  EXPECT_GT(calls_back, 1);
+  expect_january_closed();
+}
+
+TEST_F(ReentrantClose, EndsWithTheErrorThatACallMeanwhileLeaves) {
+  const auto close = opened<_CStockClose>(CLSID_CStockClose);
+  bool read = false;
+  {
+    const ClientWindow window([&] {
+      if (!std::exchange(read, true)) {
+        EXPECT_FALSE(reads(close.get(), "2023/12/31"));
+      }
+    });
+    EXPECT_EQ(closed_by(close.get()), 0.0F);
+  }
+  EXPECT_TRUE(read);
+  EXPECT_EQ(error_number(close), 10000003.0F);
+  EXPECT_TRUE(query("Select TRANNO From STKTRANHD Where TRANTYPE In ('STK027CLOSE','STKCLOSEALL')").empty());
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
+  expect_january_closed();
+}
+
+// SQLite lets one write at a time: the second close waits for the first one, below it on the same thread.
+TEST_F(ReentrantClose, ACloseWithinTheCloseEndsWithTheErrorOfTheLock) {
+  const auto close = opened<_CStockClose>(CLSID_CStockClose);
+  EXPECT_EQ(close->put_ConnectionString(Text(connection_string(50)).in()), S_OK);
+  bool tried = false;
+  {
+    const ClientWindow window([&] {
+      if (std::exchange(tried, true)) return;
+      EXPECT_EQ(closed_by(close.get(), "2024/02/29"), 0.0F);
+      EXPECT_EQ(error_number(close), failed);
+      EXPECT_EQ(error_description(close), "database is locked");
+    });
+    EXPECT_EQ(closed_by(close.get()), 0.0F);
+  }
+  EXPECT_TRUE(tried);
+  EXPECT_EQ(error_number(close), failed);
+  EXPECT_EQ(error_description(close), "database is locked");
+  EXPECT_TRUE(query("Select TRANNO From STKTRANHD Where TRANTYPE In ('STK027CLOSE','STKCLOSEALL')").empty());
+  EXPECT_EQ(closed_by(close.get()), 100.0F) << error_description(close);
   expect_january_closed();
 }
 
@@ -185,8 +268,7 @@ TEST_F(ReentrantClose, EndsWellThoughAnObjectOfAnotherUserIsFirstUsedMeanwhile) 
   EXPECT_EQ(error_number(close), 0.0F);
   EXPECT_GT(calls_back, 0);
   expect_january_closed();
-  company::Database database(folder_.file("company.db"));
-  const auto users = database.query(
+  const auto users = query(
       "Select Distinct STKTRANDT.ADDBY From STKTRANDT Inner Join STKTRANHD"
       " On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where TRANTYPE In ('STK027CLOSE','STKCLOSEALL')");
   ASSERT_EQ(users.size(), 1U) << "every line is written by the user of the close";
@@ -204,6 +286,14 @@ TEST_F(ReentrantClose, EndsWellThoughAnObjectOfAnotherUserIsFirstUsedMeanwhile) 
 
 TEST_F(ReentrantClose, EndsWellThoughItsClientLetsTheObjectGoMeanwhile) {
   _CStockClose* const close = opened<_CStockClose>(CLSID_CStockClose).detach();
+  CountingSink sink(DIID___CStockClose);
+  {
+    const auto container = automation::com::query<IConnectionPointContainer>(close);
+    Pointer<IConnectionPoint> point;
+    ASSERT_EQ(container->FindConnectionPoint(DIID___CStockClose, point.out()), S_OK);
+    DWORD cookie = 0;
+    ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+  }
   bool let_go = false;
   const ClientWindow window([&] {
     if (!std::exchange(let_go, true)) {
@@ -212,7 +302,7 @@ TEST_F(ReentrantClose, EndsWellThoughItsClientLetsTheObjectGoMeanwhile) {
   });
   EXPECT_EQ(closed_by(close), 100.0F);
   EXPECT_TRUE(let_go);
-  EXPECT_EQ(dll_.can_unload_now(), S_OK) << "the object went with its method";
+  EXPECT_EQ(sink.references, 1U) << "the object went with its method, and what it held with it";
   expect_january_closed();
 }
 

@@ -129,14 +129,14 @@ TEST(Dispatch, CollectionsThatAreNoneEndInTheTrap) {
     }
 }
 
-TEST(Dispatch, AReadIntoWhatIsNoCollectionAddsNothing) {
+TEST(Dispatch, AReadIntoWhatIsNoCollectionEndsWhereTheCollectionIsMissing) {
   Stage stage;
   stage.finds("Select * From REVADDR Where AddrNo='A1'", {{"A"}, {{"A1"}}});
   const Object object = stage.client("CRevAddr");
   Fields fields;
   const auto outcome = stage::outcome_of(object, object.call("Read", "A1", fields.names, Object()));
   EXPECT_EQ(outcome, stage::trapped(91, "Object variable or With block variable not set"));
-  EXPECT_EQ(automation::to_int32(automation::to_object(fields.names).get("Count")), 0);
+  EXPECT_EQ(automation::to_int32(automation::to_object(fields.names).get("Count")), 1) << "the first name";
 }
 
 TEST(Dispatch, AClassThatIsNotRegisteredEndsInTheTrap) {

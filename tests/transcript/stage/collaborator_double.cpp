@@ -26,7 +26,7 @@ automation::MemberId CollaboratorDouble::resolve(std::string_view name) {
 }
 
 Value CollaboratorDouble::invoke(automation::MemberId id, automation::Access access, Arguments arguments) {
-  const std::string& member = names_.at(static_cast<std::size_t>(id));
+  const std::string member = names_.at(static_cast<std::size_t>(id));
   if (access != automation::Access::read) {
     stage_.step(name() + "." + member + " =" + shown(arguments));
     return {};

@@ -1,6 +1,7 @@
 #include "tests/transcript/stage/stage.h"
 
 #include <sstream>
+#include <utility>
 
 #include "automation/convert.h"
 #include "automation/create.h"
@@ -19,7 +20,10 @@ using automation::local::ScopedClass;
 Stage::Stage(std::string system_database)
     : system_database_(std::move(system_database)),
       clock_([] { return *automation::parse_date("2024/04/05 14:05:09"); }),
-      yield_([this] { ++yields_; }) {
+      yield_([this] {
+        ++yields_;
+        moment();
+      }) {
   server::register_classes();
   const auto put_on_stage = [this](std::string_view prog_id, automation::local::Factory factory) {
     classes_.push_back(std::make_unique<ScopedClass>(prog_id, std::move(factory)));
@@ -99,12 +103,26 @@ std::string Stage::rights_calls() const {
   return result;
 }
 
+Stage& Stage::interrupts_at(int number, std::function<void()> what) {
+  interrupted_moment_ = number;
+  moments_ = 0;
+  interruption_ = std::move(what);
+  return *this;
+}
+
+void Stage::moment() {
+  if (moments_++ != interrupted_moment_) return;
+  interrupted_ = true;
+  std::exchange(interruption_, nullptr)();
+}
+
 void Stage::step(const std::string& line, Line kind) {
   const auto fail = [&](const automation::Error& error) {
     failed_ = true;
     transcript_ += line + " ! " + error.description() + '\n';
     throw automation::Error(error);
   };
+  moment();
   if (steps_++ == failing_step_) fail(step_error_);
   for (auto& failure : failures_)
     if (line.find(failure.call) != std::string::npos && --failure.occurrence == 0) fail(failure.error);

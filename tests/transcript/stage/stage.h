@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -46,6 +47,9 @@ class Stage {
   Stage& fails(std::string call, automation::Error error, int occurrence = 1);
   // The call with this number, from 0 and counting every call to the outside, fails.
   Stage& fails_at(int step, automation::Error error);
+  // In the midst of the moment with this number, from 0 and counting calls to the outside and yields from
+  // now on, this is done, as a client does it whose message loop or collection has its turn then.
+  Stage& interrupts_at(int moment, std::function<void()> what);
   // Another user, or other session values, than the stage begins with.
   std::string user = "TESTER";
   std::string connection_string = "DSN=x";
@@ -69,6 +73,8 @@ class Stage {
   int alive() const { return alive_; }
   // Whether the failure that was asked for has happened.
   bool failed() const { return failed_; }
+  // And whether the interruption has.
+  bool interrupted() const { return interrupted_; }
 
   // How a member of a collaborator got its arguments at its last call: 'v' by value, '&' by reference.
   std::string forms(const std::string& member) const;
@@ -79,6 +85,7 @@ class Stage {
   void note_forms(const std::string& member, automation::Arguments arguments);
   enum class Line { shown, hidden };
   void step(const std::string& line, Line kind = Line::shown);
+  void moment();
   const Rows& rows_of(const std::string& statement);
   automation::Value member(const std::string& name) const;
   bool has_member(const std::string& name) const { return members_.contains(name); }
@@ -103,6 +110,10 @@ class Stage {
   int issued_numbers_ = 0;
   bool failed_ = false;
   int failing_step_ = -1;
+  int moments_ = 0;
+  int interrupted_moment_ = -1;
+  bool interrupted_ = false;
+  std::function<void()> interruption_;
   automation::Error step_error_{0};
   std::vector<Failure> failures_;
   std::map<std::string, std::deque<Rows>> queries_;
