@@ -6,8 +6,9 @@
 #include "automation/com/failure.h"
 #include "automation/com/module.h"
 #include "automation/com/registration.h"
+#include "automation/com/runtime_threads.h"
 
-// The entry points that COM and the registration tools look for in a DLL.
+// The entry points that the system, COM and the registration tools look for in a DLL.
 
 using namespace tallyra::automation;
 
@@ -18,6 +19,13 @@ bool is_same_word(std::wstring_view word, std::wstring_view known) {
 }
 
 }  // namespace
+
+// Called under the loader's lock: nothing of another module but the system's basic functions.
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* process_ends) {
+  if (reason == DLL_THREAD_DETACH) com::release_values_of_thread();
+  if (reason == DLL_PROCESS_DETACH && process_ends) com::leave_values_to_process();
+  return TRUE;
+}
 
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID id, void** out) {
   if (!out) return E_POINTER;

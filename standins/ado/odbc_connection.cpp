@@ -23,7 +23,7 @@ std::uint64_t next_ordinal() {
 }  // namespace
 
 OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t seconds)
-    : handle(SQL_HANDLE_ENV, odbc_environment()) {
+    : environment(make_odbc_environment()), handle(SQL_HANDLE_ENV, environment.get()) {
   SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
   std::array<SQLCHAR, longest_completed_string> completed{};
   handle.require(SQLDriverConnect(handle.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS,

@@ -53,6 +53,7 @@ class OdbcConnection {
   struct Login {
     Login(const std::string& odbc_string, std::int32_t seconds);
     ~Login();
+    OdbcHandle<SQL_HANDLE_ENV> environment;
     OdbcHandle<SQL_HANDLE_DBC> handle;
     std::string completed_string;
   };

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc_handle.h"
 
 namespace tallyra::standins::ado {
 
-// The ODBC environment of this process, made on first use and kept until the process ends. Safe from any
-// thread. Throws Error when the driver manager gives none; the next call tries again.
-SQLHENV odbc_environment();
+// An ODBC environment. Each connection has its own, which costs next to nothing: one that all shared would be
+// left to free when a DLL is unloaded, where the driver manager must not be called. Throws Error when the
+// driver manager gives none.
+OdbcHandle<SQL_HANDLE_ENV> make_odbc_environment();
 
 }  // namespace tallyra::standins::ado

@@ -43,7 +43,8 @@ class RowReaderTest : public Stage, public testing::WithParamInterface<DriverTra
     return statement->get();
   }
 
-  OdbcHandle<SQL_HANDLE_DBC> login{SQL_HANDLE_ENV, odbc_environment()};
+  OdbcHandle<SQL_HANDLE_ENV> environment = make_odbc_environment();
+  OdbcHandle<SQL_HANDLE_DBC> login{SQL_HANDLE_ENV, environment.get()};
   std::optional<OdbcHandle<SQL_HANDLE_STMT>> statement;
   RowReader reader{GetParam()};
 };

@@ -6,15 +6,16 @@
 
 namespace tallyra::tests::com {
 
-std::wstring ServerDll::path() {
+std::wstring ServerDll::path(const std::wstring& name) {
   wchar_t program[1024];
   GetModuleFileNameW(nullptr, program, 1024);
   const std::wstring whole = program;
-  return whole.substr(0, whole.rfind(L'\\') + 1) + L"Tallyra.dll";
+  return whole.substr(0, whole.rfind(L'\\') + 1) + name;
 }
 
-ServerDll::ServerDll(const std::wstring& file) : module_(LoadLibraryW(file.c_str())) {
-  if (!module_) throw std::runtime_error("Tallyra.dll cannot be loaded");
+ServerDll::ServerDll(const std::wstring& file)
+    : module_(LoadLibraryW(file.find(L'\\') == file.npos ? path(file).c_str() : file.c_str())) {
+  if (!module_) throw std::runtime_error("the DLL cannot be loaded");
 }
 
 ServerDll::~ServerDll() {

@@ -10,18 +10,16 @@ namespace tallyra::tests::com {
 
 using automation::com::Pointer;
 
-// Tallyra.dll, loaded for as long as this lives.
+// A DLL, loaded for as long as this lives.
 class ServerDll {
  public:
-  // As it lies beside the test program.
-  ServerDll() : ServerDll(path()) {}
-  // A copy that lies elsewhere.
-  explicit ServerDll(const std::wstring& file);
+  // The name of one that lies beside the test program, or the whole path of another.
+  explicit ServerDll(const std::wstring& file = L"Tallyra.dll");
   ~ServerDll();
   ServerDll(const ServerDll&) = delete;
   ServerDll& operator=(const ServerDll&) = delete;
 
-  static std::wstring path();
+  static std::wstring path(const std::wstring& name = L"Tallyra.dll");
 
   HRESULT get_class_object(REFCLSID class_id, REFIID id, void** out) const;
   HRESULT can_unload_now() const;
