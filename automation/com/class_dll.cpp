@@ -41,7 +41,7 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID id, void** out) {
 }
 
 STDAPI DllCanUnloadNow() {
-  return com::module_uses() == 0 ? S_OK : S_FALSE;
+  return com::may_unload_module() ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

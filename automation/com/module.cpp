@@ -1,6 +1,10 @@
 #include "automation/com/module.h"
 
+#include <oleauto.h>
+
 #include <atomic>
+#include <mutex>
+#include <utility>
 
 #include "automation/com/failure.h"
 
@@ -8,6 +12,32 @@ namespace tallyra::automation::com {
 namespace {
 
 std::atomic<long> uses = 0;
+std::atomic<long> locks = 0;
+std::atomic<long> abandoned_references = 0;
+
+std::mutex type_library_mutex;
+// Not a Pointer: whatever is still held when the module is unloaded must not be called any more.
+ITypeLib* type_library = nullptr;
+
+// Takes one off unless that leaves fewer than `least`.
+bool take_off(std::atomic<long>& count, long least) noexcept {
+  long now = count;
+  while (now > least)
+    if (count.compare_exchange_weak(now, now - 1)) return true;
+  return false;
+}
+
+void let_type_library_go() noexcept {
+  if (ITypeLib* const gone = std::exchange(type_library, nullptr)) gone->Release();
+}
+
+void end_use() noexcept {
+  if (take_off(uses, 1)) return;
+  // The last one counts until the type library has gone: the module must be there meanwhile.
+  const std::lock_guard lock(type_library_mutex);
+  if (uses == 1) let_type_library_go();
+  --uses;
+}
 
 }  // namespace
 
@@ -16,15 +46,52 @@ ModuleUse::ModuleUse() noexcept {
 }
 
 ModuleUse::~ModuleUse() {
-  --uses;
+  end_use();
 }
 
 long module_uses() noexcept {
   return uses;
 }
 
+bool may_unload_module() noexcept {
+  if (uses != 0) return false;
+  {
+    const std::lock_guard lock(type_library_mutex);
+    if (uses == 0) let_type_library_go();
+  }
+  while (take_off(abandoned_references, 0)) FreeLibrary(module_handle());
+  return uses == 0;
+}
+
 void lock_module(bool lock) noexcept {
-  uses += lock ? 1 : -1;
+  if (lock) {
+    ++uses;
+    ++locks;
+  } else if (take_off(locks, 0)) {
+    end_use();
+  }
+}
+
+void begin_called_back_use() noexcept {
+  ++uses;
+  HMODULE held = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&uses), &held);
+}
+
+HMODULE end_called_back_use() noexcept {
+  end_use();
+  return module_handle();
+}
+
+void abandon_called_back_use() noexcept {
+  ++abandoned_references;
+  --uses;
+}
+
+Pointer<ITypeLib> module_type_library() {
+  const std::lock_guard lock(type_library_mutex);
+  if (!type_library) throw_if_failed(LoadTypeLibEx(module_path().c_str(), REGKIND_NONE, &type_library));
+  return Pointer<ITypeLib>(type_library);
 }
 
 HMODULE module_handle() {

@@ -99,12 +99,6 @@ void remove_class(const ClassesBranch& branch, const ServedClass& served, Attemp
   attempts.run([&] { branch.remove(class_key(served)); });
 }
 
-Pointer<ITypeLib> type_library_in(const std::wstring& path) {
-  Pointer<ITypeLib> library;
-  throw_if_failed(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.out()));
-  return library;
-}
-
 // The state of all keys that a registration may write to.
 class StateBefore {
  public:
@@ -136,13 +130,14 @@ class StateBefore {
 }  // namespace
 
 HRESULT register_module(const ServedModule& module, Scope scope, Conflict conflict) {
+  const ModuleUse use;
   const ClassesBranch branch = branch_of(scope);
   std::optional<StateBefore> before;
   try {
     if (conflict == Conflict::refuse && takes_from_others(module))
       return HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS);
     const std::wstring path = module_path();
-    const auto library = module.type_library ? type_library_in(path) : Pointer<ITypeLib>();
+    const auto library = module.type_library ? module_type_library() : Pointer<ITypeLib>();
     before.emplace(branch, module, library.get());
     for (const auto& served : module.classes) {
       keep_replaced(branch, served);
@@ -158,13 +153,14 @@ HRESULT register_module(const ServedModule& module, Scope scope, Conflict confli
 }
 
 HRESULT unregister_module(const ServedModule& module, Scope scope) {
+  const ModuleUse use;
   const ClassesBranch branch = branch_of(scope);
   Attempts attempts;
   attempts.run([&] {
     const std::wstring path = module_path();
     for (const auto& served : module.classes)
       if (is_same_path(branch.text(file_key(served)), path)) remove_class(branch, served, attempts);
-    if (module.type_library) remove_type_library(branch, *type_library_in(path).get(), path, attempts);
+    if (module.type_library) remove_type_library(branch, *module_type_library().get(), path, attempts);
   });
   return attempts.first_failure();
 }

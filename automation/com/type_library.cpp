@@ -1,17 +1,13 @@
 #include "automation/com/type_library.h"
 
-#include <oleauto.h>
-
 #include "automation/com/failure.h"
 #include "automation/com/module.h"
 
 namespace tallyra::automation::com {
 
 Pointer<ITypeInfo> type_info(REFGUID id) {
-  Pointer<ITypeLib> library;
-  throw_if_failed(LoadTypeLibEx(module_path().c_str(), REGKIND_NONE, library.out()));
   Pointer<ITypeInfo> info;
-  throw_if_failed(library->GetTypeInfoOfGuid(id, info.out()));
+  throw_if_failed(module_type_library()->GetTypeInfoOfGuid(id, info.out()));
   return info;
 }
 

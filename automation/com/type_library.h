@@ -6,8 +6,8 @@
 
 namespace tallyra::automation::com {
 
-// The description of an interface or class in the type library that lies in this module. Throws Error when
-// there is none.
+// The description of an interface or class in the type library of this module (see module_type_library).
+// Throws Error when there is none.
 Pointer<ITypeInfo> type_info(REFGUID id);
 
 // Whether an id belongs to what every interface inherits (QueryInterface, ..., Invoke). No such id is given

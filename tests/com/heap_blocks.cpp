@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <iostream>
+
 // Exported by the system; the headers do not know it.
 extern "C" void SetOaNoCache();
 
@@ -26,7 +28,9 @@ long leaked_by(int rounds, const std::function<void()>& body) {
   for (int i = 0; i < 100; ++i) body();
   const long before = blocks_in_use();
   for (int i = 0; i < rounds; ++i) body();
-  return blocks_in_use() - before;
+  const long left = blocks_in_use() - before;
+  std::cout << rounds << " rounds have left " << left << " blocks of memory behind\n";
+  return left;
 }
 
 }  // namespace tallyra::tests::com

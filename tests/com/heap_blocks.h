@@ -12,7 +12,7 @@ namespace tallyra::tests::com {
 long blocks_in_use();
 
 // Runs the body in `rounds` rounds, after some that let the system fill its tables, and says how many blocks
-// they have left behind.
+// they have left behind; prints it too.
 long leaked_by(int rounds, const std::function<void()>& body);
 
 }  // namespace tallyra::tests::com
