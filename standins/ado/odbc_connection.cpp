@@ -80,12 +80,23 @@ bool OdbcConnection::rereads_bound_columns() {
 
 std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
   if (!dialect_) return sql;
-  dialect_->ask_sparingly(in_transaction_);
+  if (in_transaction_ && !holds_write_lock_) take_write_lock();
   const std::string_view rewritten = dialect_->rewrite(sql);
   if (const std::string_view text = dialect_->no_date(); !text.empty())
     throw automation::Error(provider_error::cannot_convert,
                             "The text " + std::string(text) + " cannot be converted to a date");
   return rewritten;
+}
+
+void OdbcConnection::take_write_lock() {
+  // Of all statements that begin to write, this one alone needs no table and changes nothing.
+  constexpr std::string_view lock = "PRAGMA incremental_vacuum(1)";
+  const StatementScope scope(statement_.get());
+  const auto failure = statement_.failure(
+      SQLExecDirect(statement_.get(), odbc_text(lock.data()), static_cast<SQLINTEGER>(lock.size())));
+  if (failure && failure->description() == "database is locked") throw *failure;
+  // Where nothing can be written at all, reading goes on.
+  holds_write_lock_ = !failure;
 }
 
 OdbcConnection::Result OdbcConnection::run(std::string_view sql, bool count_affected) {
@@ -137,6 +148,7 @@ void OdbcConnection::begin() {
   trace(Operation::begin, {}, 0, SQL_SUCCEEDED(result));
   login_.handle.require(result);
   in_transaction_ = true;
+  holds_write_lock_ = false;
 }
 
 void OdbcConnection::commit() {

@@ -62,6 +62,10 @@ class OdbcConnection {
   bool rereads_bound_columns();
   // Throws Error where a text meets a date column and is no date: SQLite itself would take it.
   std::string_view in_words_of_engine(std::string_view sql);
+  // SQLite lets a transaction that has read write no more once another process has committed a change, and to
+  // look up a column is to read. So the first statement of a transaction begins with the lock. Throws Error
+  // when another keeps it.
+  void take_write_lock();
   Result read_result(std::string_view sql, bool count_affected);
   SQLRETURN set_autocommit(bool on);
   void trace(Operation operation, std::string_view text, std::uint64_t rows, bool succeeded) const {
@@ -74,6 +78,7 @@ class OdbcConnection {
   const DriverTraits traits_;
   RowReader reader_;
   bool in_transaction_ = false;
+  bool holds_write_lock_ = false;  // in this transaction
   DateColumnCatalog date_columns_;
   std::unique_ptr<dialect::SqliteDialect> dialect_;
 };

@@ -53,6 +53,28 @@ TEST_F(DialectPassageTest, ATextThatIsNoDateIsRefusedAtADateColumnAndNothingIsDo
   EXPECT_EQ(scalar(connection, "select count(*) from STKCLOSEHD"), Value(2));
 }
 
+TEST_F(DialectPassageTest, ATextThatIsNoDateIsRefusedWithinATransactionAsWell) {
+  connection.call("BeginTrans");
+  for (const std::string_view sql :
+       {"Select * From STKCLOSEHD Where CLOSEDT>='x'", "insert into STKCLOSEHD(CLOSEDT) values('x')",
+        "update STKCLOSEHD set CLOSEDT='x'", "delete from STKCLOSEHD where CLOSEDT<'x'"})
+    EXPECT_EQ(error_of([&] { execute(connection, sql); }), -2147217913) << sql;
+  connection.call("CommitTrans");
+  EXPECT_EQ(scalar(connection, "select count(*) from STKCLOSEHD"), Value(2));
+}
+
+TEST_F(DialectPassageTest, ATableOfTheSameTransactionIsLookedUp) {
+  connection.call("BeginTrans");
+  execute(connection, "create table D(WHENDT timestamp)");
+  execute(connection, "insert into D(WHENDT) values('2024/03/31')");
+  execute(connection, "update D set WHENDT='2024/04/30' where WHENDT='2024/03/31'");
+  EXPECT_EQ(scalar(connection, "select WHENDT from D"), Value(*automation::date_from_civil({2024, 4, 30})));
+  connection.call("RollbackTrans");
+  execute(connection, "create table D(WHENDT varchar(20))");
+  execute(connection, "insert into D(WHENDT) values('2024/03/31')");
+  EXPECT_EQ(scalar(connection, "select WHENDT from D"), Value("2024/03/31"));
+}
+
 TEST_F(DialectPassageTest, AccessDeletesRun) {
   Value affected;
   connection.call("Execute", "Delete * From STKCLOSEHD Where CLOSEDT=#2024/03/31#", automation::ref(affected),

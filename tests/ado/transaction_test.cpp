@@ -130,16 +130,40 @@ TEST_F(TransactionTest, ALockedDatabaseFailsTheStatementOnly) {
   EXPECT_EQ(rows_seen_by_others(), 1);
 }
 
+// Who has read must be able to write, whatever others do in between.
+TEST_F(TransactionTest, ItsFirstStatementKeepsOtherWritersOut) {
+  const Object other = open_connection();
+  const auto insert = [&] { execute(other, "insert into T values(2)"); };
+  connection.call("BeginTrans");
+  EXPECT_EQ(error_of(insert), 0) << "nothing has been done yet";
+  EXPECT_EQ(scalar(connection, "select count(*) from T"), Value(1));
+  EXPECT_EQ(description_of(insert), "database is locked");
+  execute(connection, "insert into T values(1)");
+  connection.call("CommitTrans");
+  EXPECT_EQ(error_of(insert), 0);
+  EXPECT_EQ(rows_seen_by_others(), 3);
+}
+
+TEST_F(TransactionTest, CanReadWhatCannotBeWritten) {
+  execute(connection, "insert into T values(1)");
+  execute(connection, "pragma query_only=1");
+  connection.call("BeginTrans");
+  EXPECT_EQ(scalar(connection, "select count(*) from T"), Value(1));
+  EXPECT_EQ(description_of([&] { execute(connection, "insert into T values(2)"); }),
+            "attempt to write a readonly database");
+  connection.call("CommitTrans");
+}
+
 TEST_F(TransactionTest, ACommitThatFailsLeavesItOpen) {
   execute(connection, "insert into T values(1)");
   const Object reader = open_connection();
-  reader.call("BeginTrans");
+  execute(reader, "begin");
   // A reader in the middle of a transaction keeps the writer from committing.
   EXPECT_EQ(scalar(reader, "select count(*) from T"), Value(1));
   connection.call("BeginTrans");
   execute(connection, "insert into T values(2)");
   const std::int32_t failure = error_of([&] { connection.call("CommitTrans"); });
-  reader.call("RollbackTrans");
+  execute(reader, "rollback");
   EXPECT_EQ(failure, -2147467259);
   EXPECT_EQ(error_of([&] { connection.call("Close"); }), 3246);
   connection.call("CommitTrans");

@@ -154,30 +154,6 @@ TEST(QuotedText, ThatIsNoDateBesideADateColumnIsToldAndLeftAlone) {
   }
 }
 
-TEST(QuotedText, OfAnUpdateOrDeleteIsOnlyAskedAboutWhenItIsADateWhereAskingIsSparing) {
-  StockColumns columns;
-  SqliteDialect dialect(columns);
-  dialect.ask_sparingly(true);
-  for (const std::string_view sql :
-       {"Update STKTRANHD Set NOTES='x' Where TRANDT='x'", "Delete From STKTRANHD Where TRANDT='x'",
-        "Update STKTRANHD Set TRANDT=''", "Delete STKTRANHD.* From STKTRANHD Where TRANDT In ('x')"}) {
-    dialect.rewrite(sql);
-    EXPECT_EQ(dialect.no_date(), "") << sql;
-    EXPECT_EQ(columns.asked, 0u) << sql;
-  }
-  EXPECT_EQ(dialect.rewrite("Update STKTRANHD Set NOTES='x' Where TRANDT='2024/03/31'"),
-            "Update STKTRANHD Set NOTES='x' Where TRANDT='2024-03-31 00:00:00'");
-  EXPECT_EQ(columns.asked, 1u);
-  for (const std::string_view sql :
-       {"Select * From STKTRANHD Where TRANDT='x'", "Insert Into STKTRANHD(TRANDT) Values('x')"}) {
-    dialect.rewrite(sql);
-    EXPECT_EQ(dialect.no_date(), "'x'") << sql;
-  }
-  dialect.ask_sparingly(false);
-  dialect.rewrite("Update STKTRANHD Set NOTES='x' Where TRANDT='x'");
-  EXPECT_EQ(dialect.no_date(), "'x'");
-}
-
 TEST(QuotedText, OfNothingButBlanksIsTheFirstDayOf1900BesideADateColumn) {
   for (const Rewriting& row : {
            Rewriting{"Select * From STKCLOSEHD Where CLOSEDT>=''",

@@ -23,9 +23,6 @@ class Analyzer {
  public:
   explicit Analyzer(DateColumnCache& columns) : columns_(columns) {}
 
-  // When it has to ask sparingly, a text that is no date is not looked for in an UPDATE or DELETE.
-  void ask_sparingly(bool sparingly) { sparingly_ = sparingly; }
-
   // Nothing is found in a text with parentheses nested deeper than any engine accepts.
   void analyze(const Tokens& tokens, Findings& findings);
 
@@ -104,8 +101,6 @@ class Analyzer {
   Scopes::Id outermost_ = Scopes::none;  // scope of the statement itself
   std::size_t delete_target_ = 0;        // the name between DELETE and FROM
   bool balanced_ = true;
-  bool sparingly_ = false;
-  bool looks_for_no_dates_ = true;  // in this statement
 };
 
 }  // namespace tallyra::standins::ado::dialect

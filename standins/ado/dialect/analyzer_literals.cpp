@@ -69,7 +69,6 @@ void Analyzer::text(std::size_t i) {
   if (is_inserted(i)) {
     if (insert_.dates[frames_.back().position]) meet_date_column(i);
   } else if (const ColumnRef column = met_column(i)) {
-    if (!looks_for_no_dates_ && !read_date(content(i))) return;
     comparisons_.push_back({i, column, frames_.back().scope});
   }
 }

@@ -14,9 +14,7 @@ std::size_t Analyzer::begin_statement(std::size_t first) {
   balanced_ = true;
   outermost_ = scopes_.open(Scopes::none);
   frames_.assign(1, {.scope = outermost_});
-  const Keyword verb = (*tokens_)[first].keyword;
-  looks_for_no_dates_ = !sparingly_ || (verb != Keyword::delete_ && verb != Keyword::update);
-  switch (verb) {
+  switch ((*tokens_)[first].keyword) {
     case Keyword::delete_: return begin_delete(first);
     case Keyword::insert: return begin_insert(first);
     case Keyword::update: frames_.back().in_from = frames_.back().expects_table = true; return first + 1;

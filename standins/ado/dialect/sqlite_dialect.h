@@ -41,11 +41,6 @@ class SqliteDialect {
   // Throws only what `DateColumns` throws.
   std::string_view rewrite(std::string_view sql);
 
-  // From now on an UPDATE or DELETE asks only about the columns that meet a date, and its texts that are none
-  // stay unnoticed. For transactions: to ask is to read, and of two transactions that read before they write
-  // SQLite refuses one.
-  void ask_sparingly(bool sparingly) { analyzer_.ask_sparingly(sparingly); }
-
   // The first text of the statement rewritten last that meets a date column and is no date, with its quotes;
   // empty when there is none. Such a text stays as it is, and SQLite would compare or store it as a text; the
   // databases for which the statements are written answer with an error. A view into that statement.

@@ -29,7 +29,8 @@ std::string part(const char* number, int price_type, int material_type) {
 
 }  // namespace
 
-ClosingCompany::ClosingCompany(const std::string& system_database) : CompanyDatabase(system_database) {
+ClosingCompany::ClosingCompany(const std::string& system_database, int lock_wait)
+    : CompanyDatabase(system_database, lock_wait) {
   run({"BEGIN", "INSERT INTO DEPARTS(DEPTNO,DEPTNM) VALUES('20','Assembly'),('10','Store'),('30','Office')",
        part("bolt-1", 1, 1), part("Bolt1", 3, 1), part("BOLT-1", 2, 1), part("frame", 2, 2),
        part("螺丝", 1, 1), document("R1", "STK010POREV", "2024-01-10", "10", "S1"),

@@ -9,7 +9,7 @@ namespace tallyra::behaviour {
 // closes by hand. Parts differ in price and material type, in case, in hyphens and beyond ASCII.
 class ClosingCompany : public CompanyDatabase {
  public:
-  explicit ClosingCompany(const std::string& system_database = "MSACCESS");
+  explicit ClosingCompany(const std::string& system_database = "MSACCESS", int lock_wait = default_lock_wait);
 
   stage::Outcome close(const char* date, const char* user = "ADMIN") const;
   stage::Outcome approve(const char* date) const;

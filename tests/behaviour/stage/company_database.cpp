@@ -14,14 +14,15 @@ namespace tallyra::behaviour {
 using automation::Object;
 using automation::Value;
 
-CompanyDatabase::CompanyDatabase(std::string system_database)
+CompanyDatabase::CompanyDatabase(std::string system_database, int lock_wait)
     : file_(folder_.file("company.db")), system_database_(std::move(system_database)) {
   server::register_classes();
   standins::ado::register_classes();
   standins::corvane::register_classes();
   standins::lexbank::register_classes();
   // What a test writes need not survive a power cut.
-  connection_string_ = "DRIVER={SQLite3};Database=" + file_.generic_string() + ";SyncPragma=OFF;Timeout=2000";
+  connection_string_ = "DRIVER={SQLite3};Database=" + file_.generic_string() +
+                       ";SyncPragma=OFF;Timeout=" + std::to_string(lock_wait);
   run(samples::company::read_schema(TALLYRA_SCHEMA));
   run({"INSERT INTO USERRIGHTS VALUES('ADMIN','*',1,1,1,1,1,1,1,1)"});
 }

@@ -16,7 +16,10 @@ namespace tallyra::behaviour {
 // its tables and the rights of ADMIN; file and side files go with the object.
 class CompanyDatabase {
  public:
-  explicit CompanyDatabase(std::string system_database = "MSACCESS");
+  // Milliseconds that a statement waits for a lock. The driver waits up to twice as long.
+  static constexpr int default_lock_wait = 2000;
+
+  explicit CompanyDatabase(std::string system_database = "MSACCESS", int lock_wait = default_lock_wait);
   ~CompanyDatabase();
   CompanyDatabase(const CompanyDatabase&) = delete;
   CompanyDatabase& operator=(const CompanyDatabase&) = delete;

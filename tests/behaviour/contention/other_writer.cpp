@@ -1,0 +1,78 @@
+#include "tests/behaviour/contention/other_writer.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <stdexcept>
+
+#include "automation/create.h"
+#include "automation/error.h"
+
+namespace tallyra::behaviour {
+namespace {
+
+constexpr useconds_t half_a_second = 500'000;
+
+std::array<int, 2> make_pipe() {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0) throw std::runtime_error("no pipe");
+  return ends;
+}
+
+bool receive(int from, char& byte) {
+  return read(from, &byte, 1) == 1;
+}
+void send(int to, char byte) {
+  if (write(to, &byte, 1) != 1) _exit(1);
+}
+
+// Whether the lock could be had; told through `answers` while it is held.
+void write_something(const std::string& connection_string, int answers) try {
+  const automation::Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", connection_string);
+  connection.call("Execute", "BEGIN IMMEDIATE");
+  connection.call("Execute", "INSERT INTO OTHERS VALUES(1)");
+  send(answers, 'y');
+  usleep(half_a_second);
+  connection.call("Execute", "COMMIT");
+} catch (const automation::Error&) {
+  send(answers, 'n');
+}
+
+}  // namespace
+
+OtherWriter::OtherWriter(const std::filesystem::path& database) {
+  const std::string connection_string =
+      "DRIVER={SQLite3};Database=" + database.generic_string() + ";SyncPragma=OFF;Timeout=50";
+  const auto requests = make_pipe();
+  const auto answers = make_pipe();
+  process_ = fork();
+  if (process_ == 0) {
+    close(requests[1]);
+    close(answers[0]);
+    serve(connection_string, requests[0], answers[1]);
+  }
+  close(requests[0]);
+  close(answers[1]);
+  requests_ = requests[1];
+  answers_ = answers[0];
+}
+
+OtherWriter::~OtherWriter() {
+  close(requests_);
+  close(answers_);
+  if (process_ > 0) waitpid(process_, nullptr, 0);
+}
+
+void OtherWriter::serve(const std::string& connection_string, int requests, int answers) {
+  for (char request = 0; receive(requests, request);) write_something(connection_string, answers);
+  _exit(0);
+}
+
+bool OtherWriter::takes_the_lock() {
+  char answer = 'n';
+  return write(requests_, "?", 1) == 1 && receive(answers_, answer) && answer == 'y';
+}
+
+}  // namespace tallyra::behaviour
