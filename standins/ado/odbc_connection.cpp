@@ -8,12 +8,22 @@
 #include "standins/ado/ado_error.h"
 #include "standins/ado/odbc_environment.h"
 #include "standins/ado/odbc_error.h"
+#include "standins/ado/reaching_keywords.h"
 #include "standins/ado/statement_scope.h"
 
 namespace tallyra::standins::ado {
 namespace {
 
 constexpr std::size_t longest_completed_string = 4096;
+
+void require_harmless(const dialect::Verdict& verdict) {
+  if (verdict.reach == dialect::Reach::beyond)
+    throw automation::Error(provider_error::permission_denied,
+                            "The statement reaches beyond the database: " + std::string(verdict.cause));
+  // In the driver's words, which says so of most such texts itself.
+  if (verdict.reach == dialect::Reach::several)
+    throw automation::Error(provider_error::errors_in_command, "only one SQL statement allowed");
+}
 
 std::uint64_t next_ordinal() {
   static std::atomic<std::uint64_t> last{0};
@@ -24,6 +34,7 @@ std::uint64_t next_ordinal() {
 
 OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t seconds)
     : environment(make_odbc_environment()), handle(SQL_HANDLE_ENV, environment.get()) {
+  refuse_reaching_keywords(odbc_string);
   SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
   std::array<SQLCHAR, longest_completed_string> completed{};
   handle.require(SQLDriverConnect(handle.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS,
@@ -82,6 +93,7 @@ std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
   if (!dialect_) return sql;
   if (in_transaction_ && !holds_write_lock_) take_write_lock();
   const std::string_view rewritten = dialect_->rewrite(sql);
+  require_harmless(dialect_->verdict());
   if (const std::string_view text = dialect_->no_date(); !text.empty())
     throw automation::Error(provider_error::cannot_convert,
                             "The text " + std::string(text) + " cannot be converted to a date");

@@ -28,23 +28,44 @@ bool blank_at(std::string_view sql, std::size_t at) {
 
 std::string_view SqliteDialect::rewrite(std::string_view sql) {
   no_date_ = {};
-  if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) return sql;
+  verdict_ = {};
+  if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) {
+    verdict_ = {Reach::beyond, sql.substr(0, 1)};
+    return sql;
+  }
   if (const InsertHead* head = heads_.match(sql)) {
     const ValuesOutcome outcome = rewrite_values(sql, *head, out_);
     if (outcome != ValuesOutcome::not_plain) return outcome == ValuesOutcome::rewritten ? out_ : sql;
   }
   release_memory();
+  const std::string_view rewritten = rewrite_by_tokens(sql);
+  verdict_ = judge(tokens_);
+  if (verdict_.reach == Reach::database) remember_head(sql);
+  return rewritten;
+}
+
+// Leaves the tokens of what it returns.
+std::string_view SqliteDialect::rewrite_by_tokens(std::string_view sql) {
   tokenize(sql, tokens_);
   analyzer_.analyze(tokens_, findings_);
   no_date_ = findings_.no_date;
   if (findings_.changes_schema) {
     columns_.clear();
     heads_.clear();
-  } else if (findings_.values_begin != 0 && heads_.match(sql) == nullptr) {
-    heads_.remember(sql.substr(0, findings_.values_begin), analyzer_.insert().dates);
   }
   collect_edits(sql);
-  return edits_.empty() ? sql : apply_edits(sql);
+  if (edits_.empty()) return sql;
+  apply_edits(sql);
+  tokenize(out_, tokens_);
+  return out_;
+}
+
+// What comes behind a known head is not judged again. So the driver must not find a quote in it that is none
+// to the engine.
+void SqliteDialect::remember_head(std::string_view sql) {
+  if (findings_.values_begin == 0 || heads_.match(sql) != nullptr) return;
+  const std::string_view head = sql.substr(0, findings_.values_begin);
+  if (head.find_first_of("'\"{") == std::string_view::npos) heads_.remember(head, analyzer_.insert().dates);
 }
 
 void SqliteDialect::collect_edits(std::string_view sql) {
@@ -94,7 +115,7 @@ void SqliteDialect::replace(Span span, Texts... texts) {
   edits_.push_back({span.begin, span.end, begin, replacements_.size()});
 }
 
-std::string_view SqliteDialect::apply_edits(std::string_view sql) {
+void SqliteDialect::apply_edits(std::string_view sql) {
   std::sort(edits_.begin(), edits_.end(), [](const Edit& a, const Edit& b) {
     return a.begin != b.begin ? a.begin < b.begin : a.text_begin < b.text_begin;
   });
@@ -106,7 +127,6 @@ std::string_view SqliteDialect::apply_edits(std::string_view sql) {
     copied = edit.end;
   }
   out_.append(sql, copied);
-  return out_;
 }
 
 void SqliteDialect::release_memory() {

@@ -10,6 +10,7 @@
 #include "standins/ado/dialect/date_columns.h"
 #include "standins/ado/dialect/findings.h"
 #include "standins/ado/dialect/insert_heads.h"
+#include "standins/ado/dialect/statement_guard.h"
 #include "standins/ado/dialect/token.h"
 
 namespace tallyra::standins::ado::dialect {
@@ -46,6 +47,9 @@ class SqliteDialect {
   // databases for which the statements are written answer with an error. A view into that statement.
   std::string_view no_date() const { return no_date_; }
 
+  // How far the text reaches that `rewrite` returned last. A view into it.
+  const Verdict& verdict() const { return verdict_; }
+
  private:
   struct Edit {
     std::size_t begin;  // replaced range of the text
@@ -54,6 +58,8 @@ class SqliteDialect {
     std::size_t text_end;
   };
 
+  std::string_view rewrite_by_tokens(std::string_view sql);
+  void remember_head(std::string_view sql);
   void collect_edits(std::string_view sql);
   void edit_date(std::string_view sql, Span literal);
   void edit_top(std::string_view sql, const TopSelect& top);
@@ -61,7 +67,7 @@ class SqliteDialect {
   void remove(std::string_view sql, Span span);
   template <typename... Texts>
   void replace(Span span, Texts... texts);
-  std::string_view apply_edits(std::string_view sql);
+  void apply_edits(std::string_view sql);
   void release_memory();
 
   DateColumnCache columns_;
@@ -73,6 +79,7 @@ class SqliteDialect {
   std::string replacements_;
   std::string out_;
   std::string_view no_date_;
+  Verdict verdict_;
 };
 
 }  // namespace tallyra::standins::ado::dialect

@@ -1,0 +1,172 @@
+#include "standins/ado/dialect/statement_guard.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/dialect/rewriting.h"
+
+// Which texts SQLite must not get, told by themselves.
+namespace tallyra::tests::dialect {
+namespace {
+
+using standins::ado::dialect::Reach;
+using standins::ado::dialect::SqliteDialect;
+
+struct Judged {
+  Reach reach;
+  std::string cause;
+};
+
+Judged judged(std::string_view sql) {
+  StockColumns columns;
+  SqliteDialect dialect(columns);
+  dialect.rewrite(sql);
+  return {dialect.verdict().reach, std::string(dialect.verdict().cause)};
+}
+
+TEST(StatementGuard, LetsPassWhatStaysInTheDatabase) {
+  for (const std::string_view sql : {
+           "",
+           ";",
+           "Select 1",
+           "Select 1;",
+           " Select 1 ; ; -- end",
+           "nonsense",
+           "Select 'it''s {fn x}; attach'",
+           "Select \"a{b}\" From T",
+           "Select * From T Where A='load_extension(''x'')'",
+           "Select attach,vacuum,[detach] From T",
+           "Select EDIT,[edit] From T",
+           "Select loads_extension(1)",
+           "Update T Set A=1 Where B='--' /* load_extension('x') */",
+           "Delete * From T",
+           "Select [it's] From T",
+           "Create Table T(A,B)",
+           "Create Temp Table T(A)",
+           "Create Index I On T(A)",
+           "Begin",
+           "Commit",
+           "Create Trigger G After Insert On T Begin Select 1; Delete From U; End",
+           "Create Temp Trigger G After Insert On T Begin Select Case When 1 Then 2 End; End;",
+           "Pragma journal_mode=WAL",
+           "PRAGMA main.table_info(T)",
+           "Pragma [user_version]",
+           "Pragma",
+           "Explain Query Plan Select 1",
+           "Select 1 Where A=$x",
+           "Select :a, @b, #c",
+           "Select '$x(' || A",
+       })
+    EXPECT_EQ(judged(sql).reach, Reach::database) << sql << " because of " << judged(sql).cause;
+}
+
+TEST(StatementGuard, RefusesFunctionsThatReachFurtherHoweverWritten) {
+  for (const std::string_view name :
+       {"load_extension", "LOAD_Extension", "[load_extension]", "\"Load_Extension\"", "`load_extension`",
+        "fts3_tokenizer", "blob_import", "blob_export", "readfile", "writefile", "edit"})
+    for (const std::string_view arguments : {"('x')", " ('x','y')", "/* a */('x')", " -- b\n ('x')"})
+      for (const std::string_view before :
+           {"Select ", "Select * From T Where A='' Or ", "Insert Into T(A) Values(", "Select 1 /* ' */, ",
+            "Create View V As Select ", "Create Trigger G After Insert On T Begin Select 1; Select ",
+            "Select Top 1 ", "Update T Set A=#2024/03/31# Where ", "With x As (Select ", "Explain Select "}) {
+        const std::string sql = std::string(before) + std::string(name) + std::string(arguments);
+        EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+        EXPECT_EQ(judged(sql).cause, name) << sql;
+      }
+}
+
+TEST(StatementGuard, RefusesTablesThatAreFiles) {
+  for (const std::string_view sql :
+       {"Select * From fsdir Where path='/'", "Select * From T, zipfile", "Select name From [fsdir]('/')"})
+    EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+}
+
+TEST(StatementGuard, RefusesStatementsThatOpenOrWriteFiles) {
+  const struct {
+    std::string_view sql;
+    std::string_view cause;
+  } rows[] = {
+      {"Attach 'x' As y", "Attach"},
+      {"/* a */ aTTach Database 'x' As y", "aTTach"},
+      {"Detach y", "Detach"},
+      {"Vacuum", "Vacuum"},
+      {"VACUUM main INTO 'x'", "VACUUM"},
+      {"Explain Attach 'x' As y", "Attach"},
+      {"Explain Query Plan Vacuum Into 'x'", "Vacuum"},
+      {"Create Virtual Table T Using csv(filename='x')", "Virtual"},
+      {"Pragma temp_store_directory='x'", "temp_store_directory"},
+      {"Pragma main.\"temp_store_directory\"", "\"temp_store_directory\""},
+      {"Pragma 'data_store_directory'", "'data_store_directory'"},
+      {"Explain Pragma writable_schema=1", "writable_schema"},
+      {"Pragma trusted_schema=1", "trusted_schema"},
+  };
+  for (const auto& [sql, cause] : rows) {
+    EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+    EXPECT_EQ(judged(sql).cause, cause) << sql;
+  }
+}
+
+TEST(StatementGuard, RefusesWhatTheDriverOrTheEngineReadsOtherwise) {
+  const struct {
+    std::string_view sql;
+    std::string_view cause;
+  } rows[] = {
+      {"Select {fn now()}", "{"},
+      {"Select { d '2024-03-31' }", "{"},
+      {"Select /* { */ 1", "{"},
+      {"Select [a{b]", "{"},
+      {"Select /* ' */ 'a{b'", "{"},
+      {"Select [it's] From T Where A='{'", "{"},
+      {"Select 1 Where A=$a(') Or 1 --')", "$a("},
+      {"Select 1 Where A=@a::b(')", "@a::b("},
+      {"Select :a(", ":a("},
+      {"Select #a(", "#a("},
+      {"Select x$y(", "$y("},
+      {"Select \v 1", "\v"},
+      {"\xEF\xBB\xBF"
+       "Attach 'x' As y",
+       "\xEF\xBB\xBF"
+       "Attach"},
+  };
+  for (const auto& [sql, cause] : rows) {
+    EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+    EXPECT_EQ(judged(sql).cause, cause) << sql;
+  }
+}
+
+TEST(StatementGuard, RefusesASecondStatement) {
+  const struct {
+    std::string_view sql;
+    std::string_view cause;
+  } rows[] = {
+      {"Select 1; Select 2", "Select"},
+      {"Delete From T;Drop Table T", "Drop"},
+      {"Create Table T(A); Delete From U", "Delete"},
+      {"Select 1 /* ' */; Delete From U /* ' */", "Delete"},
+      {"; Select 1", "Select"},
+      {"Select 1;;;'a'", "'a'"},
+      {"Create Trigger G After Insert On T Begin Select 1; End; Delete From U", "Delete"},
+      {"Create Trigger G After Insert On T Begin Select 1; Select Case When 1 Then 2 End; End; Drop Table U",
+       "Drop"},
+      {"Create Table Trigger(A); Drop Table U", "Drop"},
+  };
+  for (const auto& [sql, cause] : rows) {
+    EXPECT_EQ(judged(sql).reach, Reach::several) << sql;
+    EXPECT_EQ(judged(sql).cause, cause) << sql;
+  }
+}
+
+TEST(StatementGuard, JudgesWhatTheShortWayOfAnInsertTakes) {
+  StockColumns columns;
+  SqliteDialect dialect(columns);
+  for (const std::string_view head :
+       {"Insert Into STKTRANHD(TRANNO) Values(", "Insert Into STKTRANHD /* ' */ (TRANNO) Values("})
+    for (const std::string_view values :
+         {"'a')", "load_extension('x'))", "'a'); Drop Table T", "'{fn x}')"}) {
+      const std::string sql = std::string(head) + std::string(values);
+      dialect.rewrite(sql);
+      EXPECT_EQ(dialect.verdict().reach, judged(sql).reach) << sql;
+    }
+}
+
+}  // namespace
+}  // namespace tallyra::tests::dialect
