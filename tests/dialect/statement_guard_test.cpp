@@ -155,6 +155,15 @@ TEST(StatementGuard, RefusesASecondStatement) {
   }
 }
 
+TEST(StatementGuard, TakesLinearTime) {
+  for (const std::string_view piece :
+       {"$", ":a", "@a::", "#", "'", "[']", "\v", "edit", ";", "End;", "explain "}) {
+    std::string sql = "Create Trigger ";
+    while (sql.size() < 2'000'000) sql += piece;
+    EXPECT_EQ(judged(sql).reach == Reach::beyond, piece == "\v") << piece;
+  }
+}
+
 TEST(StatementGuard, JudgesWhatTheShortWayOfAnInsertTakes) {
   StockColumns columns;
   SqliteDialect dialect(columns);

@@ -36,10 +36,10 @@ constexpr auto reaching_verbs = std::to_array<std::string_view>({"attach", "deta
 
 // Settings of the connection and of the database that take no names of files or libraries.
 constexpr auto harmless_pragmas = std::to_array<std::string_view>({
-    "cache_size",   "compile_options", "database_list", "foreign_key_check", "foreign_key_list",
-    "foreign_keys", "function_list",   "index_info",    "index_list",        "integrity_check",
-    "journal_mode", "page_count",      "page_size",     "query_only",        "quick_check",
-    "synchronous",  "table_info",      "user_version",  "wal_checkpoint",
+    "busy_timeout",     "cache_size",   "compile_options", "database_list", "foreign_key_check",
+    "foreign_key_list", "foreign_keys", "function_list",   "index_info",    "index_list",
+    "integrity_check",  "journal_mode", "page_count",      "page_size",     "query_only",
+    "quick_check",      "synchronous",  "table_info",      "user_version",  "wal_checkpoint",
 });
 
 template <std::size_t N>

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 
+#include "server/class_table.h"
 #include "standins/ado/trace.h"
 #include "tests/behaviour/contention/other_writer.h"
 #include "tests/behaviour/contention/writing_methods.h"
@@ -70,6 +72,18 @@ class ContendedWrite : public testing::TestWithParam<Scene> {
 
 INSTANTIATE_TEST_SUITE_P(Methods, ContendedWrite, testing::ValuesIn(scenes()),
                          testing::PrintToStringParamName());
+
+TEST(WritingMethods, AreAllInTheTable) {
+  for (const auto& table : server::classes())
+    for (const auto& member : table.members) {
+      const std::string_view name = member.name;
+      if (!name.starts_with("Insert") && !name.starts_with("Update") && !name.starts_with("Delete")) continue;
+      const std::string in_table = std::string(table.name) + std::string(name);
+      EXPECT_TRUE(std::ranges::any_of(writing_methods(), [&](const WritingMethod& method) {
+        return method.name == in_table;
+      })) << in_table;
+    }
+}
 
 TEST_P(ContendedWrite, WaitsItsTurnAndSucceeds) {
   std::string before;
