@@ -56,36 +56,36 @@ constexpr std::int32_t catastrophic_failure = -2147418113;
 
 }  // namespace
 
-Error::Error(std::int32_t number) : Error(number, std::string(standard_text(number))) {}
+Error::Error(std::int32_t number) noexcept : Error(number, ErrorText::of_literal(standard_text(number))) {}
 
 Error::Error(std::int32_t number, std::string description)
-    : number_(number), description_(std::make_shared<const std::string>(std::move(description))) {}
+    : Error(number, ErrorText(std::move(description))) {}
+
+Error::Error(std::int32_t number, ErrorText description) noexcept
+    : number_(number), text_(std::move(description)) {}
 
 Error current_error() noexcept {
-  // Made beforehand: when memory has run out there is none for an error either.
-  static const Error out_of_memory(error_number::out_of_memory);
-  static const Error unknown(catastrophic_failure, "Catastrophic failure");
   try {
     throw;
   } catch (const Error& error) {
     return error;
   } catch (const std::bad_alloc&) {
-    return out_of_memory;
+    return Error(error_number::out_of_memory);
   } catch (const std::exception& error) {
     try {
       return Error(catastrophic_failure, error.what());
     } catch (...) {
-      return out_of_memory;
+      return Error(error_number::out_of_memory);
     }
   } catch (...) {
-    return unknown;
+    return {catastrophic_failure, ErrorText::of_literal("Catastrophic failure")};
   }
 }
 
-std::string_view standard_text(std::int32_t number) {
+std::string_view standard_text(std::int32_t number) noexcept {
   for (const auto& entry : standard_texts)
     if (entry.number == number) return entry.text;
-  return {};
+  return "";
 }
 
 std::int32_t number_from_hresult(std::int32_t hresult) {

@@ -19,10 +19,9 @@ std::string later_closes(const std::string& system_database, const Value& date) 
 
 // The number stands even when its text cannot be had.
 void report_closed_period(Session& session) {
-  constexpr auto number = static_cast<std::int32_t>(message::closed_period.number);
-  Call::trap(session, Error(number, ""));
+  Call::set_error(session, message::closed_period.number, {});
   const Value text = collaborators().messages.get(message::closed_period.key);
-  Call::trap(session, Error(number, automation::to_text(text)));
+  Call::set_error(session, message::closed_period.number, automation::to_text(text));
 }
 
 }  // namespace

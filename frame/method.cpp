@@ -45,8 +45,14 @@ void Call::refuse(const Message& message) {
 }
 
 void Call::set_error(float number, std::string description) {
-  session_.error_number_ = number;
-  session_.error_description_ = std::move(description);
+  set_error(session_, number, std::move(description));
+}
+
+void Call::set_error(Session& session, float number, std::string description) {
+  // Made first, so that both fields change or none.
+  automation::ErrorText text(std::move(description));
+  session.error_number_ = number;
+  session.error_description_ = std::move(text);
 }
 
 void Call::copy_error(Object collaborator) {
@@ -130,11 +136,7 @@ void Call::trap(const Error& error) noexcept {
 
 void Call::trap(Session& session, const Error& error) noexcept {
   session.error_number_ = static_cast<float>(error.number());
-  try {
-    session.error_description_ = error.description();
-  } catch (...) {
-    session.error_description_.clear();
-  }
+  session.error_description_ = error.text();
 }
 
 }  // namespace tallyra::frame

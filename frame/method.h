@@ -56,6 +56,7 @@ class Call {
   [[noreturn]] void refuse(const Message& message);
   // Sets the error fields, leaves everything as it is.
   void set_error(float number, std::string description);
+  static void set_error(Session& session, float number, std::string description);
   // Copies the error fields of a collaborator.
   void copy_error(automation::Object collaborator);
   // Closes the recordset and the connection as far as they are open.
@@ -79,7 +80,7 @@ class Call {
                                        const FieldCollections& fields, Recordset& structure);
   void copy_builder_error() { copy_error(builder_); }
 
-  // What the error trap does.
+  // What the error trap does. It needs no memory to set the error fields.
   void trap(const automation::Error& error) noexcept;
   static void trap(Session& session, const automation::Error& error) noexcept;
 

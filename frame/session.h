@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "automation/error.h"
+
 namespace tallyra::frame {
 
 class Call;
@@ -22,7 +24,7 @@ class Session {
   // 0 after success, else a message number or the run-time error's number, both as a single-precision number
   // holds them.
   float get_ErrNumber() const { return error_number_; }
-  std::string get_ErrDescription() const { return error_description_; }
+  std::string get_ErrDescription() const { return std::string(error_description_.view()); }
 
  protected:
   explicit Session(std::string system_database) : system_database_(std::move(system_database)) {}
@@ -38,7 +40,7 @@ class Session {
   std::string user_id_;
   std::string connection_string_;
   float error_number_ = 0;
-  std::string error_description_;
+  automation::ErrorText error_description_;
   std::string system_database_;
   std::int16_t collaborators_ready_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "server/register.h"
 
+#include <new>
 #include <string>
 
 #include "automation/error.h"
@@ -20,7 +21,12 @@ class BusinessObject : public automation::Dispatch {
                            automation::Arguments arguments) override {
     const ClassMember* member = table_.find(id, access);
     if (!member) throw automation::Error(automation::error_number::no_such_member);
-    return member->invoke(*session_, *member, arguments);
+    // What the arguments need is asked for outside of the method's own error trap.
+    try {
+      return member->invoke(*session_, *member, arguments);
+    } catch (const std::bad_alloc&) {
+      throw automation::Error(automation::error_number::out_of_memory);
+    }
   }
 
  private:

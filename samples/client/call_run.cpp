@@ -131,7 +131,7 @@ bool blames_arguments(const Error& error) {
 }
 
 std::string argument_message(const Error& error, const Call& call, const std::vector<Value>& values) {
-  std::string message = call.prog_id + " " + call.member + ": " + error.description();
+  std::string message = (call.prog_id + " " + call.member + ": ").append(error.description());
   const auto position = static_cast<std::size_t>(std::max(error.argument(), 0));
   if (position == 0) {
     const std::size_t count = values.size();
@@ -160,7 +160,8 @@ void invoke(const Object& object, MemberId member, ArgumentList& arguments, cons
     outcome.result = arguments.pass_to(object, member);
   } catch (const Error& error) {
     if (refuses_member(error, call))
-      throw UsageError(call.prog_id + " " + call.member + " cannot be called: " + error.description());
+      throw UsageError(
+          (call.prog_id + " " + call.member + " cannot be called: ").append(error.description()));
     if (blames_arguments(error)) throw UsageError(argument_message(error, call, given));
     outcome.raised = error;
   }

@@ -38,7 +38,8 @@ constexpr Text texts[] = {
 
 void raise(std::int32_t number) {
   for (const Text& entry : texts)
-    if (entry.number == number) throw automation::Error(number, std::string(entry.text));
+    if (entry.number == number)
+      throw automation::Error(number, automation::ErrorText::of_literal(entry.text));
   throw automation::Error(number);
 }
 

@@ -79,10 +79,12 @@ Value Connection::execute(Arguments arguments) {
   const std::string_view statement =
       statement_of(text_view(arguments[0].get(), text_storage), options, statement_storage);
   const bool count_affected = arguments.size() > 1 && arguments[1].is_reference();
+  // Made beforehand: a statement that has run must not fail any more.
+  automation::Object no_rows = automation::make_object<Recordset>();
   OdbcConnection::Result result = open_session.run(statement, count_affected);
   if (count_affected) arguments[1].set(static_cast<std::int32_t>(result.affected_rows));
   if (options != unspecified && (options & execute_option::no_records) != 0) return automation::Object();
-  if (!result.rows) return automation::make_object<Recordset>();
+  if (!result.rows) return no_rows;
   return automation::make_object<Recordset>(*this, statement, std::move(result.rows));
 }
 

@@ -130,8 +130,9 @@ std::string SystemServices::next_key(Arguments arguments) const {
     return number;
   } catch (const Error& error) {
     if (error.number() == failure::series_exhausted) throw;
-    throw Error(failure::key_database_failed,
-                "No document number could be issued for " + series.prefix() + ": " + error.description());
+    throw Error(
+        failure::key_database_failed,
+        ("No document number could be issued for " + series.prefix() + ": ").append(error.description()));
   }
 }
 

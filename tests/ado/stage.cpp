@@ -94,7 +94,7 @@ std::string description_of(const std::function<void()>& use) {
   try {
     use();
   } catch (const automation::Error& error) {
-    return error.description();
+    return std::string(error.description());
   }
   return "no error";
 }

@@ -119,7 +119,7 @@ void Stage::moment() {
 void Stage::step(const std::string& line, Line kind) {
   const auto fail = [&](const automation::Error& error) {
     failed_ = true;
-    transcript_ += line + " ! " + error.description() + '\n';
+    transcript_.append(line).append(" ! ").append(error.description()) += '\n';
     throw automation::Error(error);
   };
   moment();
