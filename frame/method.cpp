@@ -136,7 +136,8 @@ void Call::trap(const Error& error) noexcept {
 
 void Call::trap(Session& session, const Error& error) noexcept {
   session.error_number_ = static_cast<float>(error.number());
-  session.error_description_ = error.text();
+  session.error_description_ =
+      error.description().empty() ? automation::ErrorText::of_literal("Automation error") : error.text();
 }
 
 }  // namespace tallyra::frame

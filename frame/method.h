@@ -80,7 +80,8 @@ class Call {
                                        const FieldCollections& fields, Recordset& structure);
   void copy_builder_error() { copy_error(builder_); }
 
-  // What the error trap does. It needs no memory to set the error fields.
+  // What the error trap does. It needs no memory to set the error fields; an error without a text is told as
+  // an automation error, as classic clients know those.
   void trap(const automation::Error& error) noexcept;
   static void trap(Session& session, const automation::Error& error) noexcept;
 

@@ -84,6 +84,47 @@ TEST_F(HostileCollaborator, MessagesThatAreNoTextEndInTheErrorTrap) {
   }
 }
 
+// Takes every question for one about rights, and answers as it was told to.
+class Rights : public automation::Dispatch {
+ public:
+  Rights(std::int32_t raised, std::int32_t reported) : raised_(raised), reported_(reported) {}
+  automation::MemberId resolve(std::string_view name) override {
+    return name == "PowerCheck" ? 1 : name == "ErrNumber" ? 2 : name == "CanInsert" ? 3 : 4;
+  }
+  Value invoke(automation::MemberId member, automation::Access, automation::Arguments) override {
+    if (member == 1 && raised_ != 0) throw automation::Error(raised_);
+    if (member == 2) return reported_;
+    return member == 3 ? Value(1) : Value("");
+  }
+
+ private:
+  std::int32_t raised_;
+  std::int32_t reported_;
+};
+
+// The error fields after an insert with rights of that kind.
+std::pair<float, std::string> fields_after_insert(const ServerDll& dll,
+                                                  const behaviour::CompanyDatabase& company,
+                                                  std::int32_t raised, std::int32_t reported) {
+  const ScopedClassObject rights(L"Corvane.CPowerCheck",
+                                 [&] { return automation::make_object<Rights>(raised, reported); });
+  const auto object = new_client(dll, CLSID_CRevAddr, company);
+  const Variant key(Value("A1"), Role::caller);
+  stage::Fields fields{{"ADDRNO", "A1"}};
+  Variant names(fields.names, Role::caller);
+  Variant values(fields.values, Role::caller);
+  WireCall call{.id = 13, .arguments = {key.raw(), reference(names.raw()), reference(values.raw())}};
+  EXPECT_EQ(call.on(object.get()), S_OK);
+  return {error_number_of(object.get()), error_description_of(object.get())};
+}
+
+TEST_F(HostileCollaborator, AnErrorWithoutATextIsAnAutomationErrorUnlessItIsCopied) {
+  using Told = std::pair<float, std::string>;
+  EXPECT_EQ(fields_after_insert(dll_, company_, -2147220000, 0),
+            Told(static_cast<float>(-2147220000), "Automation error"));
+  EXPECT_EQ(fields_after_insert(dll_, company_, 0, 4711), Told(4711.0F, ""));
+}
+
 // A collaborator that gives the same strange answer to everything, and puts it in place of every argument.
 TEST_F(HostileCollaborator, AnyAnswerIsAResultOfFailureOrACode) {
   const Value answers[] = {Value(),

@@ -54,6 +54,20 @@ TEST_P(RecordFrame, TheErrorFieldsAreClearedByTheNextCall) {
   EXPECT_EQ(play(object, "Delete"), done);
 }
 
+TEST_P(RecordFrame, AnErrorThatReachesTheTrapWithoutATextIsAnAutomationError) {
+  for (const std::int32_t number : {-2147220000, 1000}) {
+    Stage each(GetParam().kind);
+    each.fails("rights.PowerCheck", automation::Error(number));
+    EXPECT_EQ(play(client(each), "Delete"), stage::trapped(number, "Automation error"));
+  }
+}
+
+TEST_P(RecordFrame, AnErrorCopiedFromTheBuilderIsAsItIsThereAlsoWithoutAText) {
+  grant_everything();
+  stage.set("rights.ErrNumber", 4711).set("rights.ErrDescription", "");
+  EXPECT_EQ(play("Insert"), stage::trapped(4711, ""));
+}
+
 TEST_P(RecordFrame, AConnectionStringWrittenLaterCountsForTheObjectItself) {
   stage.set("CanDelete", 1);
   const Object object = client(stage);

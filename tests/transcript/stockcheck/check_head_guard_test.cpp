@@ -125,6 +125,11 @@ TEST_F(CheckHeadGuard, AnErrorWithTheConnectionOpenIsReportedAsItselfAndRaises) 
   }
 }
 
+TEST_F(CheckHeadGuard, AnErrorWithoutATextIsAnAutomationError) {
+  stage.fails("C2.Open", Error(-2147220000));
+  EXPECT_EQ(ask("2024/03/31"), (Verdict{stage::trapped(-2147220000, "Automation error"), 0}));
+}
+
 TEST(CheckHeadGuardAlone, WithoutAnyMessageObjectOnTheThreadACoveredDateEndsInTheTrap) {
   Stage fresh;
   fresh.finds(query, a_close);
