@@ -18,6 +18,16 @@ bool is_same_word(std::wstring_view word, std::wstring_view known) {
   return word.size() == known.size() && _wcsnicmp(word.data(), known.data(), word.size()) == 0;
 }
 
+// What an entry point answers. Whatever goes wrong inside is a code outside.
+template <class Step>
+HRESULT answer_of(Step&& step) noexcept {
+  try {
+    return step();
+  } catch (...) {
+    return hresult_from_number(current_error().number());
+  }
+}
+
 }  // namespace
 
 // Called under the loader's lock: nothing of another module but the system's basic functions.
@@ -30,14 +40,12 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* process_ends) {
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID id, void** out) {
   if (!out) return E_POINTER;
   *out = nullptr;
-  try {
+  return answer_of([&] {
     for (const auto& served : com::served_module().classes)
       if (served.class_id == class_id)
         return com::Pointer<com::ClassFactory>::adopt(new com::ClassFactory(served))->QueryInterface(id, out);
     return CLASS_E_CLASSNOTAVAILABLE;
-  } catch (...) {
-    return hresult_from_number(current_error().number());
-  }
+  });
 }
 
 STDAPI DllCanUnloadNow() {
@@ -45,11 +53,12 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-  return com::register_module(com::served_module(), com::Scope::machine, com::Conflict::refuse);
+  return answer_of(
+      [] { return com::register_module(com::served_module(), com::Scope::machine, com::Conflict::refuse); });
 }
 
 STDAPI DllUnregisterServer() {
-  return com::unregister_module(com::served_module(), com::Scope::machine);
+  return answer_of([] { return com::unregister_module(com::served_module(), com::Scope::machine); });
 }
 
 // Words of the command line, in any case: "user" for the current user alone, "replace" to take a ProgID from
@@ -70,6 +79,8 @@ STDAPI DllInstall(BOOL install, PCWSTR command_line) {
     else
       return E_INVALIDARG;
   }
-  if (!install) return com::unregister_module(com::served_module(), scope);
-  return com::register_module(com::served_module(), scope, conflict);
+  return answer_of([&] {
+    if (!install) return com::unregister_module(com::served_module(), scope);
+    return com::register_module(com::served_module(), scope, conflict);
+  });
 }

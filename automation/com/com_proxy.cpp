@@ -1,6 +1,7 @@
 #include "automation/com/com_proxy.h"
 
 #include <algorithm>
+#include <new>
 
 #include "automation/com/failure.h"
 #include "automation/com/text.h"
@@ -42,7 +43,7 @@ struct ComProxy::Answer {
 
 HRESULT ComProxy::look_up(std::string_view name, DISPID& id) {
   if (!engine_object_) {
-    std::wstring wide = to_utf16(name);
+    WideName wide(name);
     LPOLESTR names = wide.data();
     const HRESULT code = target_->GetIDsOfNames(IID_NULL, &names, 1, language_neutral, &id);
     if (code != E_NOTIMPL) return code;
@@ -51,6 +52,14 @@ HRESULT ComProxy::look_up(std::string_view name, DISPID& id) {
   }
   const Variant text(Value(name), Role::caller);
   return engine_object_->GetDispID(V_BSTR(&text.raw()), fdexNameCaseInsensitive, &id);
+}
+
+// The list only saves asking again.
+void ComProxy::remember(std::string_view name, MemberId id) noexcept {
+  try {
+    known_names_.emplace_back(name, id);
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 ReferenceForm ComProxy::reference_form(Arguments arguments) {
@@ -67,7 +76,7 @@ MemberId ComProxy::resolve(std::string_view name) {
     if (known == name) return id;
   DISPID id = DISPID_UNKNOWN;
   throw_if_failed(look_up(name, id));
-  known_names_.emplace_back(name, id);
+  remember(name, id);
   return id;
 }
 

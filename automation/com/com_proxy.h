@@ -32,6 +32,7 @@ class ComProxy : public Dispatch {
   struct Answer;
 
   HRESULT look_up(std::string_view name, DISPID& id);
+  void remember(std::string_view name, MemberId id) noexcept;
   ReferenceForm reference_form(Arguments arguments);
   Answer ask(MemberId id, WORD flags, DISPPARAMS& parameters);
   bool may_be_variable(const Answer& answer, Access access, Arguments arguments) const;

@@ -8,6 +8,15 @@
 #include "automation/com/text.h"
 
 namespace tallyra::automation::com {
+namespace {
+
+// Frees the texts of a description whatever becomes of it.
+struct TextsToFree {
+  EXCEPINFO& of;
+  ~TextsToFree() { free_texts(of); }
+};
+
+}  // namespace
 
 Error error_of(HRESULT code) {
   return Error(number_from_hresult(code));
@@ -18,6 +27,7 @@ void throw_if_failed(HRESULT code) {
 }
 
 Error error_of(EXCEPINFO& description) {
+  const TextsToFree to_free{description};
   // A callee may postpone the texts, and the codes with them, until somebody wants to know.
   if (description.pfnDeferredFillIn) description.pfnDeferredFillIn(&description);
   std::int32_t number = description.wCode;
@@ -26,9 +36,7 @@ Error error_of(EXCEPINFO& description) {
   else if (number == 0)
     number = number_from_hresult(DISP_E_EXCEPTION);
   const bool described = description.bstrDescription != nullptr;
-  std::string text = text_of(description.bstrDescription);
-  free_texts(description);
-  return described ? Error(number, std::move(text)) : Error(number);
+  return described ? Error(number, text_of(description.bstrDescription)) : Error(number);
 }
 
 void free_texts(EXCEPINFO& description) noexcept {
@@ -41,8 +49,14 @@ void free_texts(EXCEPINFO& description) noexcept {
 void describe(EXCEPINFO& out, const Error& error, const std::string& source) {
   out = {};
   out.scode = hresult_of_raised(error.number());
-  out.bstrSource = new_bstr(source);
-  out.bstrDescription = new_bstr(error.description());
+  try {
+    out.bstrSource = new_bstr(source);
+    out.bstrDescription = new_bstr(error.description());
+  } catch (...) {
+    // A caller that gets no description frees none.
+    free_texts(out);
+    throw;
+  }
 }
 
 void set_error_object(REFIID interface_id, const Error& error, const std::string& source) noexcept {

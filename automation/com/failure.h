@@ -17,7 +17,8 @@ void throw_if_failed(HRESULT code);
 Error error_of(EXCEPINFO& description);
 void free_texts(EXCEPINFO& description) noexcept;
 
-// Describes an error to a caller; the texts belong to the caller then.
+// Describes an error to a caller; the texts belong to the caller then. Without the memory for them nothing is
+// described and std::bad_alloc thrown.
 void describe(EXCEPINFO& out, const Error& error, const std::string& source);
 
 // Leaves an error as the thread's error object, for callers of interface members.

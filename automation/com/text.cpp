@@ -105,6 +105,13 @@ std::wstring to_utf16(std::string_view text) {
   return out;
 }
 
+WideName::WideName(std::string_view name) {
+  if (utf16_length(name) < usual_name_.size())
+    write_utf16(usual_name_.data(), name);
+  else
+    long_name_ = to_utf16(name);
+}
+
 std::string text_of(const OLECHAR* bstr) {
   if (!bstr) return {};
   return to_utf8({bstr, SysStringLen(const_cast<BSTR>(bstr))});
