@@ -1,37 +1,31 @@
 #include "frame/collaborators.h"
 
 #include <memory>
-#include <utility>
 
+#include "automation/apartment.h"
 #include "automation/create.h"
 
 namespace tallyra::frame {
 namespace {
 
-#ifdef _WIN32
-// A thread-local with a destructor would keep the DLL loaded for as long as the thread lives.
-using Holder = Collaborators*;
-#else
-using Holder = std::unique_ptr<Collaborators>;
-#endif
-
-thread_local Holder of_thread{};
+// Nothing else keeps anything of a thread.
+struct KeptCollaborators final : automation::KeptByApartment {
+  Collaborators set;
+};
 
 }  // namespace
 
 Collaborators& collaborators() {
-  if (!of_thread) of_thread = Holder(new Collaborators);
-  return *of_thread;
+  if (auto* const kept = automation::kept_by_apartment()) return static_cast<KeptCollaborators*>(kept)->set;
+  auto fresh = std::make_unique<KeptCollaborators>();
+  Collaborators& set = fresh->set;
+  automation::keep_until_apartment_ends(std::move(fresh));
+  return set;
 }
 
-void release_collaborators() noexcept {
-  // Out of reach before the last references go: letting them go may run any code.
-  const std::unique_ptr<Collaborators> released(std::exchange(of_thread, nullptr));
-}
-
+// The set is asked for anew at each step: what runs in a collaborator may have replaced it.
 void InitObjects(const std::string& Language, const std::string& SystemDatabase,
                  const std::string& ConnectionString, const std::string& UserID) {
-  // Each step asks for the set anew: another set-up may run while a class is created or told something.
   collaborators().messages = automation::create("Lexbank.ErrMsg");
   collaborators().rights = automation::create("Corvane.CPowerCheck");
   collaborators().wording = automation::create("Lexbank.CPartF");

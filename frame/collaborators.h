@@ -15,13 +15,10 @@ struct Collaborators {
   automation::Object system;    // Corvane.CSystem: document numbers and part costs
 };
 
-// The set of this thread; its objects are none before the first set-up. A thread that ends lets its set go,
-// except on Windows: there the end of a thread comes after its apartment and under the loader's lock, so that
-// a set still held then is left behind.
+// The set of this thread; its objects are none before the first set-up. It lives as long as the apartment of
+// the thread, whichever objects come and go meanwhile (see automation::KeptByApartment). Throws Error when a
+// thread that has none cannot be given one.
 Collaborators& collaborators();
-
-// Lets the set of this thread go.
-void release_collaborators() noexcept;
 
 // Replaces the set of this thread by new objects and hands them the session values. Throws Error when a class
 // is not registered; the objects created before that one stay in the set.

@@ -2,12 +2,8 @@
 
 #include <atomic>
 
-#include "frame/collaborators.h"
-
 namespace tallyra::server::com {
 namespace {
-
-thread_local long objects_of_thread = 0;
 
 // The system gives the id of a thread that has ended to another; these numbers are never given twice.
 unsigned long current_thread() {
@@ -19,16 +15,10 @@ unsigned long current_thread() {
 
 }  // namespace
 
-ThreadUse::ThreadUse() : thread_(current_thread()) {
-  ++objects_of_thread;
-}
+ThreadUse::ThreadUse() : thread_(current_thread()) {}
 
 bool ThreadUse::on_own_thread() const {
   return thread_ == current_thread();
-}
-
-ThreadUse::~ThreadUse() {
-  if (on_own_thread() && --objects_of_thread == 0) frame::release_collaborators();
 }
 
 }  // namespace tallyra::server::com

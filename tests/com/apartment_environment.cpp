@@ -4,18 +4,22 @@
 
 #include "automation/apartment.h"
 
-// Every test of this program runs in an apartment, as a client's code does.
+// Every test of this program runs in an apartment of its own, as a client's code does from its beginning to
+// its end.
 namespace {
 
-class ApartmentEnvironment : public testing::Environment {
+class ApartmentOfTest : public testing::EmptyTestEventListener {
  public:
-  void SetUp() override { apartment_.emplace(); }
-  void TearDown() override { apartment_.reset(); }
+  void OnTestStart(const testing::TestInfo&) override { apartment_.emplace(); }
+  void OnTestEnd(const testing::TestInfo&) override { apartment_.reset(); }
 
  private:
   std::optional<tallyra::automation::Apartment> apartment_;
 };
 
-[[maybe_unused]] auto* const environment = testing::AddGlobalTestEnvironment(new ApartmentEnvironment);
+[[maybe_unused]] const bool listens = [] {
+  testing::UnitTest::GetInstance()->listeners().Append(new ApartmentOfTest);
+  return true;
+}();
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "automation/com/com_object.h"
 #include "tests/com/client_objects.h"
 #include "tests/com/heap_blocks.h"
+#include "tests/com/own_apartment.h"
 #include "tests/com/wire_call.h"
 
 // Objects of every class that are created, called and released leave nothing behind: no block of memory (see
@@ -50,15 +51,6 @@ void expect_done(IDispatch* object, DISPID method, const std::vector<VARIANTARG>
   EXPECT_EQ(value_in(call.result.raw()), Value(100.0F)) << method << ": " << error_description_of(object);
 }
 
-// Whether nothing of the DLL is in use any more.
-bool is_idle(const wchar_t* dll) {
-  const HMODULE module = GetModuleHandleW(dll);
-  if (!module) return false;
-  const auto can_unload = reinterpret_cast<HRESULT(WINAPI*)()>(
-      reinterpret_cast<void*>(GetProcAddress(module, "DllCanUnloadNow")));
-  return can_unload() == S_OK;
-}
-
 // A row that its class inserts, changes and deletes. What Insert needs goes into the columns.
 struct Record {
   const char* class_name;
@@ -75,12 +67,17 @@ const Record records[] = {
 
 class Leak : public testing::Test {
  protected:
-  static void expect_idle_stand_ins() {
-    for (const wchar_t* dll : {L"adodb.dll", L"corvane.dll", L"lexbank.dll"})
-      EXPECT_TRUE(is_idle(dll)) << dll;
+  // The rounds of a client, and that its objects and the collaborators have gone when its apartment has
+  // ended.
+  void expect_no_leak(int count, const std::function<void()>& round) const {
+    in_own_apartment([&] { EXPECT_LT(leaked_by(count, round), few); });
+    for (const ServerDll* dll : {&dll_, &ado_, &corvane_, &lexbank_}) EXPECT_EQ(dll->can_unload_now(), S_OK);
   }
 
   ServerDll dll_;
+  ServerDll ado_{L"adodb.dll"};
+  ServerDll corvane_{L"corvane.dll"};
+  ServerDll lexbank_{L"lexbank.dll"};
   behaviour::CompanyDatabase company_;
 };
 
@@ -98,8 +95,7 @@ TEST_F(Leak, OfObjectsThatAreCreatedCalledAndReleased) {
       WireCall mismatch{.id = 12, .arguments = {reference(VT_DISPATCH, &variables.names)}};
       EXPECT_TRUE(FAILED(mismatch.on(object.get())));
     };
-    EXPECT_LT(leaked_by(rounds, round), few);
-    EXPECT_EQ(dll_.can_unload_now(), S_OK);
+    expect_no_leak(rounds, round);
   }
 }
 
@@ -122,10 +118,8 @@ TEST_F(Leak, OfObjectsThatWorkOnADatabase) {
         read.on(object.get());
       }
     };
-    EXPECT_LT(leaked_by(rounds_with_database, round), few);
-    EXPECT_EQ(dll_.can_unload_now(), S_OK);
+    expect_no_leak(rounds_with_database, round);
   }
-  expect_idle_stand_ins();
 }
 
 // Every round finds no row and leaves none, or its Insert would be refused in the next one.
@@ -153,10 +147,8 @@ TEST_F(Leak, OfObjectsThatWriteToADatabase) {
       expect_done(object.get(), 12, arguments);
       expect_done(object.get(), 14, of_delete);
     };
-    EXPECT_LT(leaked_by(rounds_with_database, round), few);
-    EXPECT_EQ(dll_.can_unload_now(), S_OK);
+    expect_no_leak(rounds_with_database, round);
   }
-  expect_idle_stand_ins();
 }
 
 }  // namespace

@@ -4,10 +4,8 @@
 #include <thread>
 #include <vector>
 
-#include "automation/apartment.h"
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
-#include "automation/com/text.h"
 #include "tallyra.h"
 #include "tests/com/heap_blocks.h"
 #include "tests/com/server_dll.h"
@@ -18,7 +16,6 @@ namespace tallyra::tests::com {
 namespace {
 
 constexpr int rounds = 10'000;
-constexpr int loads = 100;
 // Nothing that happens in every round, or in every hundredth.
 constexpr long few = 20;
 
@@ -162,74 +159,6 @@ TEST_F(Lifetime, NoObjectClaimsToBeSafeForScripting) {
   void* out = this;
   EXPECT_EQ(object->QueryInterface(object_safety, &out), E_NOINTERFACE);
   EXPECT_EQ(out, nullptr);
-}
-
-class Unloading : public testing::Test {
- protected:
-  // Lets go of what COM still keeps for objects of other tests.
-  Unloading() { unload_unused(); }
-
-  static void unload_unused() {
-    // Once for the DLL, again for those that it has let go.
-    for (int i = 0; i < 2; ++i) CoFreeUnusedLibrariesEx(0, 0);
-  }
-  static void expect_nothing_loaded() {
-    for (const auto* dll : {L"Tallyra.dll", L"adodb.dll", L"corvane.dll", L"lexbank.dll"})
-      EXPECT_EQ(GetModuleHandleW(dll), nullptr) << automation::com::to_utf8(dll);
-  }
-  // A business method on a database that cannot be reached: far enough to create the collaborators and the
-  // connection.
-  static void fail_to_read(_CRevAddr& address) {
-    BSTR text = SysAllocString(L"Driver={no driver}");
-    EXPECT_EQ(address.put_ConnectionString(text), S_OK);
-    IDispatch* names = nullptr;
-    IDispatch* values = nullptr;
-    float result = 1;
-    EXPECT_EQ(address.Read(&text, &names, &values, &result), S_OK);
-    EXPECT_EQ(result, 0.0F);
-    SysFreeString(text);
-  }
-};
-
-TEST_F(Unloading, TheDllComesAndGoesWithoutALeak) {
-  const auto round = [] {
-    {
-      const ServerDll dll;
-      const auto object = dll.create<_CTranHead>(CLSID_CTranHead);
-      BSTR text = SysAllocString(L"x");
-      EXPECT_EQ(object->put_Language(text), S_OK);
-      SysFreeString(text);
-    }
-    expect_nothing_loaded();
-  };
-  EXPECT_LT(leaked_by(loads, round), few);
-}
-
-// The end of a thread comes after its apartment, when nothing of a DLL may run any more.
-TEST_F(Unloading, ThreadsThatUseTheDllLeaveNothingOfItBehind) {
-  const auto round = [] {
-    std::thread([] {
-      const automation::Apartment apartment;
-      const ServerDll dll;
-      for (int i = 0; i < 10; ++i) fail_to_read(*dll.create<_CRevAddr>(CLSID_CRevAddr).get());
-      EXPECT_EQ(dll.can_unload_now(), S_OK);
-    }).join();
-    expect_nothing_loaded();
-  };
-  EXPECT_LT(leaked_by(loads, round), few);
-}
-
-TEST_F(Unloading, TheSystemUnloadsTheDllsWhileTheThreadGoesOn) {
-  {
-    Pointer<_CRevAddr> address;
-    ASSERT_EQ(
-        CoCreateInstance(CLSID_CRevAddr, nullptr, CLSCTX_INPROC_SERVER, IID__CRevAddr, address.out_void()),
-        S_OK);
-    fail_to_read(*address.get());
-    EXPECT_NE(GetModuleHandleW(L"Tallyra.dll"), nullptr);
-  }
-  unload_unused();
-  expect_nothing_loaded();
 }
 
 }  // namespace

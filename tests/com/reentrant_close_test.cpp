@@ -13,6 +13,7 @@
 #include "samples/company/generator.h"
 #include "tallyra.h"
 #include "tests/com/counting_sink.h"
+#include "tests/com/own_apartment.h"
 #include "tests/com/server_dll.h"
 #include "tests/com/wire_call.h"
 #include "tests/folder/test_folder.h"
@@ -285,24 +286,27 @@ TEST_F(ReentrantClose, EndsWellThoughAnObjectOfAnotherUserIsFirstUsedMeanwhile) 
 }
 
 TEST_F(ReentrantClose, EndsWellThoughItsClientLetsTheObjectGoMeanwhile) {
-  _CStockClose* const close = opened<_CStockClose>(CLSID_CStockClose).detach();
   CountingSink sink(DIID___CStockClose);
-  {
-    const auto container = automation::com::query<IConnectionPointContainer>(close);
-    Pointer<IConnectionPoint> point;
-    ASSERT_EQ(container->FindConnectionPoint(DIID___CStockClose, point.out()), S_OK);
-    DWORD cookie = 0;
-    ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
-  }
-  bool let_go = false;
-  const ClientWindow window([&] {
-    if (!std::exchange(let_go, true)) {
-      EXPECT_EQ(close->Release(), 1U) << "the running method keeps it";
+  in_own_apartment([&] {
+    _CStockClose* const close = opened<_CStockClose>(CLSID_CStockClose).detach();
+    {
+      const auto container = automation::com::query<IConnectionPointContainer>(close);
+      Pointer<IConnectionPoint> point;
+      ASSERT_EQ(container->FindConnectionPoint(DIID___CStockClose, point.out()), S_OK);
+      DWORD cookie = 0;
+      ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
     }
+    bool let_go = false;
+    const ClientWindow window([&] {
+      if (!std::exchange(let_go, true)) {
+        EXPECT_EQ(close->Release(), 1U) << "the running method keeps it";
+      }
+    });
+    EXPECT_EQ(closed_by(close), 100.0F);
+    EXPECT_TRUE(let_go);
+    EXPECT_EQ(sink.references, 1U) << "the object went with its method, and what it held with it";
   });
-  EXPECT_EQ(closed_by(close), 100.0F);
-  EXPECT_TRUE(let_go);
-  EXPECT_EQ(sink.references, 1U) << "the object went with its method, and what it held with it";
+  EXPECT_EQ(dll_.can_unload_now(), S_OK);
   expect_january_closed();
 }
 

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <thread>
 
+#include "automation/apartment.h"
 #include "automation/convert.h"
 #include "automation/create.h"
 #include "frame/collaborators.h"
@@ -60,6 +62,35 @@ TEST(Collaborators, EveryThreadHasItsOwnSet) {
   EXPECT_TRUE(there);
   EXPECT_NE(there, here);
   EXPECT_EQ(frame::collaborators().rights, here);
+}
+
+// A collaborator that tells when it is let go, and may have something done then.
+class Leaving : public automation::Dispatch {
+ public:
+  explicit Leaving(std::function<void()> at_end) : at_end_(std::move(at_end)) {}
+  ~Leaving() override { at_end_(); }
+  automation::MemberId resolve(std::string_view) override { return 1; }
+  Value invoke(automation::MemberId, automation::Access, automation::Arguments) override { return {}; }
+
+ private:
+  std::function<void()> at_end_;
+};
+
+TEST(Collaborators, TheSetOutlivesItsObjectsAndGoesWithTheApartmentOfTheThread) {
+  Stage stage;
+  int gone = 0;
+  std::thread([&] {
+    const automation::Apartment apartment;
+    stage.client("CRevAddr").call("Delete", "A1");
+    EXPECT_TRUE(frame::collaborators().rights) << "the object has gone";
+    const auto count = [&gone] { ++gone; };
+    frame::collaborators().wording = automation::make_object<Leaving>([count] {
+      count();
+      frame::collaborators().system = automation::make_object<Leaving>(count);
+    });
+    EXPECT_EQ(gone, 0);
+  }).join();
+  EXPECT_EQ(gone, 2) << "the second was set up by the first";
 }
 
 TEST(Collaborators, ASetUpThatFailsIsMadeUpForByTheNextCall) {
