@@ -67,19 +67,8 @@ bool takes_collections(const ClassMember& method) {
 class ClientCollections : public testing::Test {
  protected:
   ClientCollections() {
-    company_.run({
-        "INSERT INTO REVADDR(ADDRNO) VALUES('X1')",
-        "INSERT INTO PARTS(PARTNO) VALUES('X1')",
-        "INSERT INTO STKCONTROLLER(CONTROLLERNO) VALUES('X1')",
-        "INSERT INTO STKSHIPNOTE(TRANNO) VALUES('X1')",
-        "INSERT INTO STKTRANHD(TRANNO,TRANTYPE) VALUES('X1','X1')",
-        "INSERT INTO STKTRANDT(TRANNO,REFERENCE,PARTNO,SN) VALUES('X1','X1','X1',1)",
-        "INSERT INTO STKCHECKHD(CHECKNO) VALUES('X1')",
-        "INSERT INTO STKCHECKDT(CHECKNO,PARTNO) VALUES('X1','X1')",
-        "INSERT INTO PARTCOSTSET(MTYPESN) VALUES(1)",
-        "INSERT INTO STKCLOSEHD(CLOSEDT) VALUES('2024-01-31 00:00:00')",
-        "INSERT INTO DEPARTS(DEPTNO) VALUES('10')",
-    });
+    company_.add_a_record_of_each_class();
+    company_.run({"INSERT INTO DEPARTS(DEPTNO) VALUES('10')"});
   }
 
   template <class Body>

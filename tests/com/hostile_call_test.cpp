@@ -130,18 +130,9 @@ class HostileCall : public testing::Test {
  protected:
   // Rows that honest values find, so that strange ones get as far. Their texts are strange too.
   HostileCall() {
-    company_.run({
-        "INSERT INTO REVADDR(ADDRNO,ADDRNM) VALUES('X1',CAST(X'EDA0BD' AS TEXT))",
-        "INSERT INTO PARTS(PARTNO) VALUES('X1')",
-        "INSERT INTO STKCONTROLLER(CONTROLLERNO) VALUES('X1')",
-        "INSERT INTO STKSHIPNOTE(TRANNO) VALUES('X1')",
-        "INSERT INTO STKTRANHD(TRANNO,TRANTYPE,STATUS) VALUES('X1','X1','a'||CHAR(0)||'b')",
-        "INSERT INTO STKTRANDT(TRANNO,REFERENCE,PARTNO,SN) VALUES('X1','X1','X1',1)",
-        "INSERT INTO STKCHECKHD(CHECKNO) VALUES('X1')",
-        "INSERT INTO STKCHECKDT(CHECKNO,PARTNO) VALUES('X1','X1')",
-        "INSERT INTO PARTCOSTSET(MTYPESN) VALUES(1)",
-        "INSERT INTO STKCLOSEHD(CLOSEDT) VALUES('2024-01-31 00:00:00')",
-    });
+    company_.add_a_record_of_each_class();
+    company_.run({"UPDATE REVADDR SET ADDRNM=CAST(X'EDA0BD' AS TEXT)",
+                  "UPDATE STKTRANHD SET STATUS='a'||CHAR(0)||'b'"});
   }
 
   void for_each_method(const std::function<void(IDispatch*, const ClassMember&)>& body) {

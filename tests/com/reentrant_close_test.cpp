@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <ocidl.h>
 
-#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "samples/company/database.h"
 #include "samples/company/generator.h"
 #include "tallyra.h"
+#include "tests/com/client_window.h"
 #include "tests/com/counting_sink.h"
 #include "tests/com/own_apartment.h"
 #include "tests/com/server_dll.h"
@@ -26,35 +26,6 @@ namespace company = samples::company;
 
 constexpr float no_right = 10000016;
 constexpr float failed = -2147467259.0F;
-
-// A window of the client's that does something again and again when the client's loop gets a turn.
-class ClientWindow {
- public:
-  explicit ClientWindow(std::function<void()> work) : work_(std::move(work)) {
-    WNDCLASSW description{};
-    description.lpfnWndProc = procedure;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = L"TallyraReentrantClose";
-    RegisterClassW(&description);
-    window_ = CreateWindowExW(0, description.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                              description.hInstance, nullptr);
-    SetWindowLongW(window_, GWL_USERDATA, reinterpret_cast<LONG>(this));
-    SetTimer(window_, 1, USER_TIMER_MINIMUM, nullptr);
-  }
-  ~ClientWindow() { DestroyWindow(window_); }
-  ClientWindow(const ClientWindow&) = delete;
-  ClientWindow& operator=(const ClientWindow&) = delete;
-
- private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-    if (message != WM_TIMER) return DefWindowProcW(window, message, wide, longer);
-    reinterpret_cast<ClientWindow*>(GetWindowLongW(window, GWL_USERDATA))->work_();
-    return 0;
-  }
-
-  std::function<void()> work_;
-  HWND window_;
-};
 
 class Text {
  public:

@@ -37,6 +37,21 @@ void CompanyDatabase::run(const std::vector<std::string>& statements) const {
   for (const auto& statement : statements) connection.call("Execute", statement);
 }
 
+void CompanyDatabase::add_a_record_of_each_class() const {
+  run({
+      "INSERT INTO REVADDR(ADDRNO) VALUES('X1')",
+      "INSERT INTO PARTS(PARTNO) VALUES('X1')",
+      "INSERT INTO STKCONTROLLER(CONTROLLERNO) VALUES('X1')",
+      "INSERT INTO STKSHIPNOTE(TRANNO) VALUES('X1')",
+      "INSERT INTO STKTRANHD(TRANNO,TRANTYPE) VALUES('X1','X1')",
+      "INSERT INTO STKTRANDT(TRANNO,REFERENCE,PARTNO,SN) VALUES('X1','X1','X1',1)",
+      "INSERT INTO STKCHECKHD(CHECKNO) VALUES('X1')",
+      "INSERT INTO STKCHECKDT(CHECKNO,PARTNO) VALUES('X1','X1')",
+      "INSERT INTO PARTCOSTSET(MTYPESN) VALUES(1)",
+      "INSERT INTO STKCLOSEHD(CLOSEDT) VALUES('2024-01-31 00:00:00')",
+  });
+}
+
 std::string CompanyDatabase::rows(const std::string& query) const {
   const Object recordset = automation::create("ADODB.Recordset");
   recordset.call("Open", query, connection_string_);

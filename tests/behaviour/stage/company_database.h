@@ -26,6 +26,9 @@ class CompanyDatabase {
 
   // Runs statements in SQLite's own words; dates are 'YYYY-MM-DD HH:MM:SS'.
   void run(const std::vector<std::string>& statements) const;
+  // Each class finds one record: under the key X1, in the texts of its address, the serial number 1, the
+  // close of 2024/01/31.
+  void add_a_record_of_each_class() const;
   // The rows of a query, a line each, columns separated by '|', Null as "NULL".
   std::string rows(const std::string& query) const;
   // The user has these rights for every function; "CANINSERT,CANUPDATE" or "OWNER".
