@@ -13,9 +13,13 @@
 namespace tallyra::automation {
 namespace {
 
+constexpr int most_rounds = 100;
+
 struct OfThread {
   std::unique_ptr<KeptByApartment> kept;
   bool is_watched = false;
+  // While what was kept is let go: whatever runs then may end the apartment once more.
+  bool is_ending = false;
   ULARGE_INTEGER spy = {};
 };
 
@@ -52,10 +56,11 @@ void set_of_thread(OfThread* own) {
 // What comes back, if anything, has to be freed as the last thing that is done.
 extern "C" HMODULE WINAPI tallyra_before_uninitialize(DWORD count) {
   OfThread* const own = of_thread();
-  if (count != 1 || !own) return nullptr;
-  // Letting it go may run any code, also such that keeps something again.
-  while (const auto gone = std::move(own->kept)) {
-  }
+  if (count != 1 || !own || own->is_ending) return nullptr;
+  own->is_ending = true;
+  // Letting it go may run any code, also such that keeps something again, and does so for ever.
+  for (int round = 0; own->kept && round < most_rounds; ++round) own->kept.reset();
+  static_cast<void>(own->kept.release());
   CoRevokeInitializeSpy(own->spy);
   set_of_thread(nullptr);
   delete own;

@@ -12,6 +12,8 @@ namespace tallyra::automation::com {
 namespace {
 
 std::atomic<long> uses = 0;
+// Apart from the others, because the type library does not wait for their end.
+std::atomic<long> called_back_uses = 0;
 std::atomic<long> locks = 0;
 std::atomic<long> abandoned_references = 0;
 
@@ -36,7 +38,7 @@ void end_use() noexcept {
   // The last one counts until the type library has gone: the module must be there meanwhile.
   const std::lock_guard lock(type_library_mutex);
   if (uses == 1) let_type_library_go();
-  --uses;
+  take_off(uses, 0);
 }
 
 }  // namespace
@@ -50,17 +52,17 @@ ModuleUse::~ModuleUse() {
 }
 
 long module_uses() noexcept {
-  return uses;
+  return uses + called_back_uses;
 }
 
 bool may_unload_module() noexcept {
-  if (uses != 0) return false;
+  if (module_uses() != 0) return false;
   {
     const std::lock_guard lock(type_library_mutex);
     if (uses == 0) let_type_library_go();
   }
   while (take_off(abandoned_references, 0)) FreeLibrary(module_handle());
-  return uses == 0;
+  return module_uses() == 0;
 }
 
 void lock_module(bool lock) noexcept {
@@ -73,19 +75,19 @@ void lock_module(bool lock) noexcept {
 }
 
 void begin_called_back_use() noexcept {
-  ++uses;
+  ++called_back_uses;
   HMODULE held = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&uses), &held);
 }
 
 HMODULE end_called_back_use() noexcept {
-  end_use();
+  take_off(called_back_uses, 0);
   return module_handle();
 }
 
 void abandon_called_back_use() noexcept {
   ++abandoned_references;
-  --uses;
+  take_off(called_back_uses, 0);
 }
 
 Pointer<ITypeLib> module_type_library() {

@@ -29,7 +29,7 @@ bool may_unload_module() noexcept;
 void lock_module(bool lock) noexcept;
 
 // The first type library resource of the module: loaded when it is first asked for, the same for everyone,
-// and let go with the last use; so whoever asks holds one. One thread at a time loads it or lets it go,
+// and let go with the last use that calls nobody back; so whoever asks holds one. One thread at a time loads it or lets it go,
 // because there are systems whose list of type libraries breaks otherwise. Throws Error when there is none.
 Pointer<ITypeLib> module_type_library();
 

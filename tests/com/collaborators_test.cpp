@@ -101,14 +101,44 @@ TEST_F(CollaboratorsOfThread, GoWithAnApartmentOfAllThreadsToo) {
 }
 
 TEST_F(CollaboratorsOfThread, AreItsOwn) {
-  set_up(alive_);
-  int alive_there = 0;
   in_own_apartment([&] {
-    EXPECT_FALSE(frame::collaborators().messages);
-    set_up(alive_there);
+    set_up(alive_);
+    int alive_there = 0;
+    in_own_apartment([&] {
+      EXPECT_FALSE(frame::collaborators().messages);
+      set_up(alive_there);
+    });
+    EXPECT_EQ(alive_there, 0);
+    EXPECT_EQ(alive_, 1);
   });
-  EXPECT_EQ(alive_there, 0);
-  EXPECT_EQ(alive_, 1);
+  EXPECT_EQ(alive_, 0);
+}
+
+TEST_F(CollaboratorsOfThread, GoOnceThoughOneOfThemEndsTheApartmentAgain) {
+  on_thread([&] {
+    ASSERT_EQ(CoInitialize(nullptr), S_OK);
+    set_up(alive_, [] { CoUninitialize(); });
+    CoUninitialize();
+    EXPECT_EQ(alive_, 0);
+    EXPECT_EQ(module_uses(), uses_before_);
+    const automation::Apartment next;
+    set_up(alive_);
+    EXPECT_EQ(alive_, 1);
+  });
+  EXPECT_EQ(alive_, 0);
+  EXPECT_EQ(module_uses(), uses_before_);
+}
+
+TEST_F(CollaboratorsOfThread, DoNotKeepAnApartmentFromEndingThatAlwaysSetThemUpAnew) {
+  on_thread([&] {
+    ASSERT_EQ(CoInitialize(nullptr), S_OK);
+    std::function<void()> again;
+    again = [&] { set_up(alive_, again); };
+    set_up(alive_, again);
+    CoUninitialize();
+    EXPECT_EQ(alive_, 1) << "the last is left behind";
+    EXPECT_EQ(module_uses(), uses_before_);
+  });
 }
 
 TEST_F(CollaboratorsOfThread, DoNotWaitForAnObjectThatIsReleasedElsewhere) {
