@@ -89,7 +89,7 @@ void Collection::insert(std::size_t position, const Value& value, const std::str
 Value Collection::add(Arguments arguments) {
   expect_arguments(arguments, 1, 4);
   if (arguments.size() == 1) {
-    items_.emplace_back(arguments[0].get(), nullptr);
+    items_.push_back({arguments[0].get(), nullptr});
     return {};
   }
   const Value* key = argument_at(arguments, 1);

@@ -31,6 +31,12 @@ VARIANT left_out() {
   return variant;
 }
 
+// What an earlier call has left for its caller is not this call's.
+HRESULT null_pointer() noexcept {
+  SetErrorInfo(0, nullptr);
+  return E_POINTER;
+}
+
 HRESULT hand_out_type(REFGUID id, ITypeInfo** info) noexcept {
   if (!info) return E_POINTER;
   *info = nullptr;
@@ -115,12 +121,13 @@ HRESULT CollectionObject::call(DISPID id, std::initializer_list<const VARIANT*> 
 }
 
 HRESULT CollectionObject::Item(VARIANT* index, VARIANT* result) {
-  if (!index || !result) return E_POINTER;
+  if (result) VariantInit(result);
+  if (!index || !result) return null_pointer();
   return call(DISPID_VALUE, {index}, result);
 }
 
 HRESULT CollectionObject::Add(VARIANT* item, VARIANT* key, VARIANT* before, VARIANT* after) {
-  if (!item) return E_POINTER;
+  if (!item) return null_pointer();
   return call(add_id, {item, key, before, after}, nullptr);
 }
 
@@ -133,7 +140,7 @@ HRESULT CollectionObject::get_Count(LONG* result) {
 }
 
 HRESULT CollectionObject::Remove(VARIANT* index) {
-  if (!index) return E_POINTER;
+  if (!index) return null_pointer();
   return call(remove_id, {index}, nullptr);
 }
 

@@ -119,7 +119,9 @@ HRESULT IncomingCalls::invoke(DISPID id, REFIID reserved, WORD flags, const DISP
     return S_OK;
   } catch (...) {
     const Error error = current_error();
-    if (error.number() == error_number::no_such_member) return DISP_E_MEMBERNOTFOUND;
+    // A known member may have met another object that lacks one.
+    const bool is_known = *access == Access::read && signature_.find(id) != nullptr;
+    if (error.number() == error_number::no_such_member && !is_known) return DISP_E_MEMBERNOTFOUND;
     if (!failure) return hresult_from_number(error.number());
     try {
       describe(*failure, error, std::string(signature_.source));

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "automation/com/text.h"
 #include "tallyra.h"
 #include "tests/com/client_objects.h"
+#include "tests/com/own_apartment.h"
 #include "tests/com/wire_call.h"
 
 // The collections that a Read of the DLL hands back, as compiled clients hold them.
@@ -118,9 +121,11 @@ TEST_F(ReadCollection, TakesNullPointersForWhatMayBeLeftOut) {
   Variant text(Value("a"), Role::caller);
   EXPECT_EQ(list_->Add(&text.raw(), nullptr, nullptr, nullptr), S_OK);
   EXPECT_EQ(items(), "a");
-  Variant found;
   EXPECT_EQ(list_->Add(nullptr, nullptr, nullptr, nullptr), E_POINTER);
-  EXPECT_EQ(list_->Item(nullptr, &found.raw()), E_POINTER);
+  VARIANT junk;
+  std::memset(&junk, 0xCC, sizeof junk);
+  EXPECT_EQ(list_->Item(nullptr, &junk), E_POINTER);
+  EXPECT_EQ(V_VT(&junk), VT_EMPTY);
   EXPECT_EQ(list_->Item(&text.raw(), nullptr), E_POINTER);
   EXPECT_EQ(list_->Remove(nullptr), E_POINTER);
   EXPECT_EQ(list_->get_Count(nullptr), E_POINTER);
@@ -220,11 +225,14 @@ TEST_F(ReadCollection, HasItsSlotsWhereTheTypeLibrarySays) {
   EXPECT_EQ(items(), "a");
 }
 
-TEST_F(ReadCollection, KeepsTheDllLoadedAsLongAsItIsHeld) {
-  names_ = {};
-  EXPECT_EQ(dll_.can_unload_now(), S_FALSE);
-  list_ = {};
-  EXPECT_EQ(dll_.can_unload_now(), S_OK);
+TEST(ReadCollectionsLife, KeepsTheDllLoadedAsLongAsItIsHeld) {
+  const ServerDll dll;
+  const behaviour::CompanyDatabase company;
+  Pointer<IDispatch> names;
+  in_own_apartment([&] { names = read_names(dll, company); });
+  EXPECT_EQ(dll.can_unload_now(), S_FALSE);
+  names = {};
+  EXPECT_EQ(dll.can_unload_now(), S_OK);
 }
 
 }  // namespace
