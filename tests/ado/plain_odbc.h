@@ -11,7 +11,8 @@ namespace tallyra::standins::ado::test {
 // The driver without anything before it: shows what a statement would have done.
 class PlainOdbc {
  public:
-  explicit PlainOdbc(const std::string& odbc_string) : login_(SQL_HANDLE_ENV, odbc_environment()) {
+  explicit PlainOdbc(const std::string& odbc_string)
+      : environment_(make_odbc_environment()), login_(SQL_HANDLE_ENV, environment_.get()) {
     login_.require(SQLDriverConnect(login_.get(), nullptr, odbc_text(odbc_string.c_str()), SQL_NTS, nullptr,
                                     0, nullptr, SQL_DRIVER_NOPROMPT));
   }
@@ -31,6 +32,7 @@ class PlainOdbc {
   }
 
  private:
+  OdbcHandle<SQL_HANDLE_ENV> environment_;
   OdbcHandle<SQL_HANDLE_DBC> login_;
 };
 
