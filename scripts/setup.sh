@@ -21,6 +21,13 @@ native_packages=(
 
 say() { printf '%s\n' "== $*"; }
 
+# can_install PACKAGE...: tells what is missing when nobody here may install it.
+can_install() {
+  if [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; then return 0; fi
+  echo "These packages are missing, and installing them needs root or sudo: $*" >&2
+  return 1
+}
+
 # Runs a command with the rights to change the system.
 as_root() {
   if [ "$(id -u)" = 0 ]; then
@@ -56,6 +63,8 @@ install_packages() {
   local missing
   missing=$(missing_packages "$@")
   [ -n "$missing" ] || return 0
+  # shellcheck disable=SC2086
+  can_install $missing || return 1
   say "Installing" $missing
   # shellcheck disable=SC2086
   apt_install $missing || {

@@ -51,4 +51,37 @@ set_up
 check "an unrelated index that does not answer is no end" "$status $(called apt-get)" \
   "0 install sqlite3;update;install sqlite3"
 check "and is told" "$(grep -c '^== Some package list could not be refreshed' <<<"$printed")" 1
+
+# set_up_as_user FOLDERS: by somebody who is not root, with the programs of these folders alone.
+program id <<<'[ "$*" = -u ] && echo 1000'
+set_up_as_user() {
+  : >"$calls"
+  printed=$(PATH=$1 bash "$scripts/setup.sh" 2>&1) && status=0 || status=$?
+}
+
+installed=$everything
+set_up_as_user "$PATH"
+check "with everything there nobody needs to be root" "$status $(called apt-get)" "0 "
+installed=$(without sqlite3)
+program apt-get <<<"$told"
+program sudo <<END
+$told
+exec "\$@"
+END
+set_up_as_user "$PATH"
+check "a user installs through sudo" "$status $(called apt-get)" "0 install sqlite3"
+check "and through nothing else" "$(grep -c '^sudo env .*apt-get .*install .*sqlite3$' "$calls")" 1
+
+# The tools of the script in a folder without sudo: the machine may have one beside them.
+mkdir "$machine/tools"
+for name in bash dirname grep sed; do ln -s "$(type -P $name)" "$machine/tools/$name"; done
+rm "$machine/bin/sudo"
+installed=$(without sqlite3 | sed 's/\bcmake:amd64//')
+set_up_as_user "$machine/bin:$machine/tools"
+check "without root and sudo what is missing is an error" "$status $(called apt-get)" "1 "
+check "and is named, once and alone" "$printed" \
+  "These packages are missing, and installing them needs root or sudo: cmake sqlite3"
+installed=$everything
+set_up_as_user "$machine/bin:$machine/tools"
+check "where nothing is missing sudo is not missed" "$status" 0
 [ "$failed_checks" = 0 ]
