@@ -40,7 +40,8 @@ approve_stocktaking() {
     echo "approved: $told"
     client CTranHead Read "" STKCHECKISS >"$folder/answer.txt" || true
     [ "$(answer ErrNumber)" = 10000003 ] || {
-      echo "the posting of stocktaking $(returned REFERENCE) has no number: un-approve it, and approve it again"
+      echo "the posting of stocktaking $(returned REFERENCE) has no number. Once numbers are issued again," \
+        "un-approve every stocktaking with such a posting, then approve each again"
       return 1
     }
   fi
