@@ -53,7 +53,7 @@ ExitStatus carry_out(const CallRequest& request, const Console& console) {
   console.out << (request.json ? report_json(outcome) : report_text(outcome));
   if (outcome.raised) tell(*outcome.raised, console);
   bool succeeded = outcome.succeeded();
-  if (approves_stocktaking(request.call)) {
+  if (may_have_posted(request.call, outcome)) {
     const std::string complaint = posting_complaint(request.session);
     if (!complaint.empty()) console.error << "tallyra-client: " << complaint << "\n";
     succeeded = succeeded && complaint.empty();

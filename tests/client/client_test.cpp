@@ -3,47 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
-#include <optional>
-#include <sstream>
 
 #include "automation/convert.h"
-#include "automation/local/registry.h"
+#include "tests/client/client_run.h"
 #include "tests/client/counting_database.h"
-#include "tests/client/scripted_object.h"
 
 namespace tallyra::client {
 namespace {
 
 using automation::Arguments;
-using automation::Object;
 using automation::Value;
-
-class Client : public testing::Test {
- protected:
-  void script_class(const char* prog_id, std::string method, ScriptedObject::Body body, float number = 0,
-                    std::string description = {}) {
-    class_.emplace(prog_id, [=, this] {
-      auto* scripted = new ScriptedObject(log_);
-      Object object(scripted);
-      scripted->session_properties(number, description).method(method, body);
-      return object;
-    });
-  }
-
-  ExitStatus run(const std::vector<std::string>& words) {
-    return run_client(words, {out_, error_, error_is_terminal_, 80, progress_interval});
-  }
-
-  static constexpr std::chrono::milliseconds progress_interval{5};
-
-  ScriptedObject::Log log_;
-  std::ostringstream out_;
-  std::ostringstream error_;
-  bool error_is_terminal_ = false;
-
- private:
-  std::optional<automation::local::ScopedClass> class_;
-};
 
 TEST_F(Client, PrintsTheReportAndEndsWithZeroOnSuccess) {
   script_class("Tallyra.CRevAddr", "Read", [](Arguments arguments) -> Value {

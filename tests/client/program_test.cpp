@@ -81,7 +81,7 @@ TEST_F(Program, TellsWhenAnApprovalHasGotNoNumber) {
   company.run({"INSERT INTO DEPARTS(DEPTNO,DEPTNM) VALUES('10','Store')",
                "INSERT INTO STKCHECKHD(CHECKNO,CHECKDT,DEPTNO) VALUES('C1','2024-03-31 00:00:00','10')",
                "INSERT INTO STKCHECKDT(CHECKNO,PARTNO,QTY) VALUES('C1','P1',5)"});
-  const std::string complaint = "header of type STKCHECKISS stored without one (TRANNO is empty)";
+  const std::string complaint = "header of type STKCHECKISS with an empty TRANNO";
   const Ended numbered = on_company("CCheckHead Update C1 STATUSSN=i:1 APPROVED");
   EXPECT_EQ(numbered.output.find(complaint), std::string::npos) << numbered.output;
 
@@ -93,6 +93,10 @@ TEST_F(Program, TellsWhenAnApprovalHasGotNoNumber) {
   EXPECT_EQ(unnumbered.status, 1);
   EXPECT_NE(unnumbered.output.find("1 " + complaint), std::string::npos) << unnumbered.output;
   EXPECT_NE(unnumbered.output.find("un-approve all stocktakings"), std::string::npos) << unnumbered.output;
+  const Ended refused =
+      run("--db " + company.file().string() + " --user NOBODY CCheckHead Update C1 STATUSSN=i:1 APPROVED");
+  EXPECT_NE(refused.output.find("10000016"), std::string::npos) << refused.output;
+  EXPECT_EQ(refused.output.find(complaint), std::string::npos) << "a refused approval has posted nothing";
   const Ended plain = on_company("CCheckHead Update C1 STATUSSN=i:1 CANCEL");
   EXPECT_EQ(plain.output.find(complaint), std::string::npos) << "looked for after approvals alone";
 }
