@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "automation/convert.h"
 #include "standins/corvane/failure.h"
 #include "tests/corvane/company_database.h"
@@ -30,8 +28,6 @@ TEST(NumbersOverADataSource, ComeFromTheKeyFileOfItsDatabaseWhileThatIsBeingWrit
   const CompanyDatabase database;
   const std::string file = database.file().generic_string();
   const tests::DataSource source("Driver=SQLite3\nDatabase=" + file + "\nTimeout=300\nSyncPragma=OFF\n");
-  const std::string file_source = file + ".dsn";
-  std::ofstream(file_source) << "[ODBC]\nDRIVER=SQLite3\nDatabase=" + file + "\nTimeout=300\n";
   const Object writer = database.open();
   Value affected;
   writer.call("BeginTrans");
@@ -42,8 +38,7 @@ TEST(NumbersOverADataSource, ComeFromTheKeyFileOfItsDatabaseWhileThatIsBeingWrit
        {database.connection_string(), "DSN=" + source.name(), "Provider=MSDASQL;DSN=" + source.name(),
         "Provider=MSDASQL.1;Persist Security Info=False;Data Source=" + source.name(),
         "Provider=MSDASQL;Extended Properties=\"DSN=" + source.name() + "\"",
-        "Provider=MSDASQL;Extended Properties='DRIVER={SQLite3};Database=" + file + ";Timeout=300'",
-        "FILEDSN=" + file_source})
+        "Provider=MSDASQL;Extended Properties='DRIVER={SQLite3};Database=" + file + ";Timeout=300'"})
     EXPECT_EQ(next(database, connection_string), "027CLOSE0000000" + std::to_string(++number))
         << connection_string;
 

@@ -68,7 +68,6 @@ TEST(DocumentDatabase, TheKeyFileTakesThePlaceOfTheDatabaseWhereverTheStringName
     const char* key_string;
   } cases[] = {
       {"DRIVER={SQLite3};Database=x.db;Timeout=5", "DRIVER={SQLite3};Timeout=5;Database=/data/x.db.keys"},
-      {"FILEDSN=/etc/stock.dsn;Timeout=5", "FILEDSN=/etc/stock.dsn;Timeout=5;Database=/data/x.db.keys"},
       {"Provider=MSDASQL;Data Source=stock;Timeout=5",
        "Provider=MSDASQL;Data Source=stock;Timeout=5;Database=/data/x.db.keys"},
       {"Provider=MSDASQL;DSN=stock;Initial Catalog=x.db;Timeout=5",

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <tuple>
 
 #include "tests/behaviour/stockcheck/counting_company.h"
@@ -37,12 +36,6 @@ const Form forms[] = {
     {"DriverOfTheProvider",
      [](const std::string&, const std::string& database) {
        return "Provider=MSDASQL.1;DRIVER={SQLite3};Database=" + database + ";SyncPragma=OFF;Timeout=200";
-     }},
-    {"FileDataSource",
-     [](const std::string&, const std::string& database) {
-       const std::string file = database + ".dsn";
-       std::ofstream(file) << "[ODBC]\nDRIVER=SQLite3\nDatabase=" + database + "\nTimeout=200\n";
-       return "FILEDSN=" + file;
      }},
 };
 
