@@ -35,6 +35,13 @@ TEST(StatementGuard, LetsPassWhatStaysInTheDatabase) {
            "Select \"a{b}\" From T",
            "Select * From T Where A='load_extension(''x'')'",
            "Select attach,vacuum,[detach] From T",
+           "Select * From T Where A In ('fsdir','x') And B<>'pragma_optimize'",
+           "Select * From T Join U On T.A='fsdir' And f(T.A,'fsdir')=1",
+           "Select * From T Order By A,'zipfile'",
+           "Select * From T Where A Is Not Distinct From 'fsdir'",
+           "Insert Into T(A,B) Values('zipfile','pragma_optimize')",
+           "Insert Into T(A,B) Select 'fsdir','fsdir' From (Values('fsdir','fsdir'))",
+           "Update T Set A='x',B='zipfile' Where A Between 'fsdir' And 'zipfile'",
            "Select EDIT,[edit] From T",
            "Select loads_extension(1)",
            "Update T Set A=1 Where B='--' /* load_extension('x') */",
@@ -78,6 +85,60 @@ TEST(StatementGuard, RefusesTablesThatAreFiles) {
   for (const std::string_view sql :
        {"Select * From fsdir Where path='/'", "Select * From T, zipfile", "Select name From [fsdir]('/')"})
     EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+}
+
+// Every place where the engine takes a text for the name of a table.
+TEST(StatementGuard, RefusesThemInSingleQuotesWhereATableStands) {
+  for (const std::string_view table : {"'fsdir'", "'ZipFile'", "'pragma_optimize'"})
+    for (const std::string_view before :
+         {"Select * From ",
+          "Select * From main.",
+          "Select * From 'main'.",
+          "Select * From/* a */",
+          "Select * From T,",
+          "Select * From T As [a b],",
+          "Select * From T As window,",
+          "Select * From (",
+          "Select * From T,(",
+          "Select * From (T Join U On (T.A=U.A),",
+          "Select * From T Join ",
+          "Select * From T Left Join (",
+          "Select * From (Select * From T Where A='x'), ",
+          "Select * From T Join U On T.A In ('x','y'),",
+          "Select * From T Where A In ",
+          "Select * From T Where A='' Union All Select * From ",
+          "Select (Select 1 From T,",
+          "With x As (Select 1 From ",
+          "Delete From T Where A In (Select 1 From ",
+          "Update T Set A=1 From ",
+          "Insert Into ",
+          "Update ",
+          "Create View V As Select * From ",
+          "Create Trigger G After Insert On T Begin Select 1; Select * From "})
+      for (const std::string_view behind : {"", "('/')", " /* a */ ('/')", " As x"}) {
+        const std::string sql = std::string(before) + std::string(table) + std::string(behind);
+        EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+        EXPECT_EQ(judged(sql).cause, table) << sql;
+      }
+}
+
+// A pragma as a table does what the statement does, without the word.
+TEST(StatementGuard, RefusesPragmasAsTablesUnlessTheyAreHarmless) {
+  for (const std::string_view table :
+       {"pragma_optimize", "PRAGMA_Optimize", "[pragma_optimize]", "\"pragma_optimize\"", "`pragma_optimize`",
+        "'pragma_optimize'", "pragma_module_list", "pragma_", "pragma_writable_schema"})
+    for (const std::string_view before :
+         {"Select * From ", "Select * From main.", "Select 1 Union All Select count(*) From T,"})
+      for (const std::string_view behind : {"", "(-1)"}) {
+        const std::string sql = std::string(before) + std::string(table) + std::string(behind);
+        EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
+        EXPECT_EQ(judged(sql).cause, table) << sql;
+      }
+  for (const std::string_view sql :
+       {"Select * From pragma_table_info('T')", "Select * From PRAGMA_Database_List",
+        "Select * From [pragma_function_list]", "Select * From 'pragma_table_info'('T')",
+        "Select pragmas,pragma From T"})
+    EXPECT_EQ(judged(sql).reach, Reach::database) << sql << " because of " << judged(sql).cause;
 }
 
 TEST(StatementGuard, RefusesStatementsThatOpenOrWriteFiles) {
@@ -157,7 +218,7 @@ TEST(StatementGuard, RefusesASecondStatement) {
 
 TEST(StatementGuard, TakesLinearTime) {
   for (const std::string_view piece :
-       {"$", ":a", "@a::", "#", "'", "[']", "\v", "edit", ";", "End;", "explain "}) {
+       {"$", ":a", "@a::", "#", "'", "[']", "\v", "edit", ";", "End;", "explain ", "From(", "'fsdir'", ","}) {
     std::string sql = "Create Trigger ";
     while (sql.size() < 2'000'000) sql += piece;
     EXPECT_EQ(judged(sql).reach == Reach::beyond, piece == "\v") << piece;

@@ -6,6 +6,7 @@
 
 #include "standins/ado/dialect/keyword.h"
 #include "standins/ado/dialect/misread_text.h"
+#include "standins/ado/dialect/table_places.h"
 
 namespace tallyra::standins::ado::dialect {
 namespace {
@@ -42,9 +43,17 @@ constexpr auto harmless_pragmas = std::to_array<std::string_view>({
     "quick_check",      "synchronous",  "table_info",      "user_version",  "wal_checkpoint",
 });
 
+// Before the name of a pragma it makes a table of it.
+constexpr std::string_view pragma_prefix = "pragma_";
+
 template <std::size_t N>
 bool is_one_of(const std::array<std::string_view, N>& names, std::string_view name) {
   return std::ranges::any_of(names, [&](std::string_view entry) { return same_name(entry, name); });
+}
+
+bool is_reaching(std::string_view name) {
+  if (!same_name(name.substr(0, pragma_prefix.size()), pragma_prefix)) return is_one_of(reaching_names, name);
+  return !is_one_of(harmless_pragmas, name.substr(pragma_prefix.size()));
 }
 
 class Judge {
@@ -54,8 +63,9 @@ class Judge {
   Verdict verdict() const {
     if (const auto misread = misread_part(tokens_); !misread.empty()) return {Reach::beyond, misread};
     if (const std::size_t verb = reaching_verb()) return {Reach::beyond, tokens_.text(verb)};
+    TablePlaces places(tokens_);
     for (std::size_t i = 1; i < last(); ++i)
-      if (reaches(i)) return {Reach::beyond, tokens_.text(i)};
+      if (reaches(i, places.names_table(i))) return {Reach::beyond, tokens_.text(i)};
     if (const std::size_t second = second_statement()) return {Reach::several, tokens_.text(second)};
     return {};
   }
@@ -67,10 +77,11 @@ class Judge {
     return i < last() && tokens_[i].kind == TokenKind::word && same_name(tokens_.text(i), word);
   }
 
-  bool reaches(std::size_t i) const {
+  bool reaches(std::size_t i, bool names_table) const {
+    if (tokens_[i].kind == TokenKind::text) return names_table && is_reaching(tokens_.name(i));
     if (!tokens_.is_name(i)) return false;
     const std::string_view name = tokens_.name(i);
-    return is_one_of(reaching_names, name) ||
+    return is_reaching(name) ||
            (tokens_[i + 1].kind == TokenKind::open && same_name(reaching_function, name));
   }
 

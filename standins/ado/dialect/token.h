@@ -55,7 +55,8 @@ struct Tokens {
   // What stands inside the delimiters; a plain word has none.
   std::string_view name(std::size_t i) const {
     const std::string_view whole = text(i);
-    return list[i].kind == TokenKind::name ? whole.substr(1, whole.size() - 2) : whole;
+    const bool delimited = list[i].kind == TokenKind::name || list[i].kind == TokenKind::text;
+    return delimited ? whole.substr(1, whole.size() - 2) : whole;
   }
 };
 
