@@ -89,10 +89,12 @@ std::string DocumentDatabase::key_connection_string(const std::string& key_file)
   ConnectionString parts(connection_string_);
   ConnectionString odbc(parts.value(odbc_part));
   const bool nested = !odbc.text().empty();
-  parts.remove("Initial Catalog");
-  parts.remove("Database");
+  for (ConnectionString* const level : {&parts, &odbc})
+    for (const std::string_view keyword : {"Initial Catalog", "Database", "NoCreat"}) level->remove(keyword);
   ConnectionString& target = nested ? odbc : parts;
   target.set("Database", key_file);
+  // The string, or its data source, may want no database to come into being.
+  target.set("NoCreat", "0");
   if (waits_too_long_) target.set("Timeout", std::to_string(longest_wait));
   if (nested) parts.set_quoted(odbc_part, odbc.text());
   return parts.text();

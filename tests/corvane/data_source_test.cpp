@@ -48,6 +48,21 @@ TEST(NumbersOverADataSource, ComeFromTheKeyFileOfItsDatabaseWhileThatIsBeingWrit
   EXPECT_EQ(database.value("Select Count(*) From sqlite_master Where name='TABLEKEYS'"), Value(0));
 }
 
+// Who forbids a misspelt database to come into being means no key file by it.
+TEST(NumbersOverADataSource, ComeFromANewKeyFileWhereNoDatabaseMayBeCreated) {
+  const CompanyDatabase database;
+  const std::string file = database.file().generic_string();
+  const tests::DataSource source("Driver=SQLite3\nDatabase=" + file + "\nTimeout=300\nNoCreat=1\n");
+  const std::string driver = "DRIVER={SQLite3};Database=" + file + ";Timeout=300;NoCreat=1";
+  for (const std::string& connection_string :
+       {"DSN=" + source.name(), driver, "Provider=MSDASQL;Extended Properties=\"" + driver + "\"",
+        "Provider=MSDASQL;Extended Properties=\"DSN=" + source.name() + "\";NoCreat=1"}) {
+    std::filesystem::remove(database.key_file());
+    EXPECT_EQ(next(database, connection_string), "027CLOSE00000001") << connection_string;
+    EXPECT_TRUE(std::filesystem::exists(database.key_file())) << connection_string;
+  }
+}
+
 TEST(NumbersOverADataSource, WaitForALockAsLongAsItSays) {
   const CompanyDatabase database;
   const tests::DataSource source("Driver=SQLite3\nDatabase=" + database.file().generic_string() +

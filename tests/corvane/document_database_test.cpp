@@ -43,7 +43,7 @@ TEST(DocumentDatabase, OfSqliteHasItsCountersInAFileBesideIt) {
             "Open DSN=stock\n"
             "PRAGMA database_list\n"
             "Close\n"
-            "Open DSN=stock;Database=/data/x.db.keys\n"
+            "Open DSN=stock;Database=/data/x.db.keys;NoCreat=0\n"
             "PRAGMA database_list\n");
   EXPECT_EQ(database.connections, 0);
 }
@@ -67,15 +67,22 @@ TEST(DocumentDatabase, TheKeyFileTakesThePlaceOfTheDatabaseWhereverTheStringName
     const char* connection_string;
     const char* key_string;
   } cases[] = {
-      {"DRIVER={SQLite3};Database=x.db;Timeout=5", "DRIVER={SQLite3};Timeout=5;Database=/data/x.db.keys"},
+      {"DRIVER={SQLite3};Database=x.db;Timeout=5",
+       "DRIVER={SQLite3};Timeout=5;Database=/data/x.db.keys;NoCreat=0"},
       {"Provider=MSDASQL;Data Source=stock;Timeout=5",
-       "Provider=MSDASQL;Data Source=stock;Timeout=5;Database=/data/x.db.keys"},
+       "Provider=MSDASQL;Data Source=stock;Timeout=5;Database=/data/x.db.keys;NoCreat=0"},
       {"Provider=MSDASQL;DSN=stock;Initial Catalog=x.db;Timeout=5",
-       "Provider=MSDASQL;DSN=stock;Timeout=5;Database=/data/x.db.keys"},
+       "Provider=MSDASQL;DSN=stock;Timeout=5;Database=/data/x.db.keys;NoCreat=0"},
       {"Provider=MSDASQL;Extended Properties=\"DRIVER={SQLite3};Database=x.db;Timeout=5\"",
-       "Provider=MSDASQL;Extended Properties=\"DRIVER={SQLite3};Timeout=5;Database=/data/x.db.keys\""},
+       "Provider=MSDASQL;Extended "
+       "Properties=\"DRIVER={SQLite3};Timeout=5;Database=/data/x.db.keys;NoCreat=0\""},
       {"Extended Properties='DSN=stock';Database=x.db;Timeout=5",
-       "Timeout=5;Extended Properties=\"DSN=stock;Database=/data/x.db.keys\""},
+       "Timeout=5;Extended Properties=\"DSN=stock;Database=/data/x.db.keys;NoCreat=0\""},
+      {"Provider=MSDASQL;Extended Properties=\"DSN=stock;Initial Catalog=x.db;Timeout=5\"",
+       "Provider=MSDASQL;Extended Properties=\"DSN=stock;Timeout=5;Database=/data/x.db.keys;NoCreat=0\""},
+      {"DSN=stock;nocreat=1;Timeout=5", "DSN=stock;Timeout=5;Database=/data/x.db.keys;NoCreat=0"},
+      {"Extended Properties='DSN=stock;NoCreat=1';NoCreat=1;Timeout=5",
+       "Timeout=5;Extended Properties=\"DSN=stock;Database=/data/x.db.keys;NoCreat=0\""},
   };
   for (const auto& row : cases) EXPECT_EQ(key_string(row.connection_string), row.key_string);
 }
@@ -104,7 +111,7 @@ TEST(DocumentDatabase, AWaitForALockIsBoundedUnlessTheStringGivesATime) {
     EXPECT_EQ(log.find(";Timeout=30000\n") != std::string::npos, row.bounded) << name;
   }
   EXPECT_EQ(key_string("Extended Properties=\"DSN=stock\""),
-            "Extended Properties=\"DSN=stock;Database=/data/x.db.keys;Timeout=30000\"");
+            "Extended Properties=\"DSN=stock;Database=/data/x.db.keys;NoCreat=0;Timeout=30000\"");
 }
 
 }  // namespace
