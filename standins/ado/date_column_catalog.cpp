@@ -68,13 +68,4 @@ DateColumnCatalog::Columns DateColumnCatalog::read_date_columns(std::string_view
   }
 }
 
-bool changes_schema(std::string_view sql) {
-  const auto begin = sql.find_first_not_of(" \t\r\n");
-  if (begin == std::string_view::npos) return false;
-  sql.remove_prefix(begin);
-  for (const std::string_view word : {"create", "alter", "drop"})
-    if (automation::equals_folded(sql.substr(0, word.size()), word)) return true;
-  return false;
-}
-
 }  // namespace tallyra::standins::ado

@@ -18,7 +18,7 @@ class DateColumnCatalog : public dialect::DateColumns {
   explicit DateColumnCatalog(SQLHSTMT statement) : statement_(statement) {}
 
   bool is_date(std::string_view table, std::string_view column) override;
-  // To be called after a statement that may have changed a table.
+  // To be called after what may have changed a table: a statement, or a rollback.
   void forget() { date_columns_.clear(); }
 
  private:
@@ -29,8 +29,5 @@ class DateColumnCatalog : public dialect::DateColumns {
   SQLHSTMT statement_;
   std::unordered_map<std::string, Columns> date_columns_;  // by folded table name
 };
-
-// Whether a statement begins with a word that changes the schema.
-bool changes_schema(std::string_view sql);
 
 }  // namespace tallyra::standins::ado

@@ -141,7 +141,7 @@ OdbcConnection::Result OdbcConnection::read_result(std::string_view sql, bool co
     SQLRowCount(statement_.get(), &affected);
     result.affected_rows = affected;
   }
-  if (changes_schema(sql)) date_columns_.forget();
+  if (dialect_ && dialect_->changes_schema()) date_columns_.forget();
   trace(Operation::execute, sql, 0, true);
   return result;
 }
@@ -175,6 +175,7 @@ void OdbcConnection::rollback() {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
   trace(Operation::rollback, {}, 0, SQL_SUCCEEDED(result));
   date_columns_.forget();
+  if (dialect_) dialect_->forget();
   in_transaction_ = false;
   // Whatever the rollback says, later statements must not gather in a transaction nobody opened.
   const std::optional<automation::Error> failure = login_.handle.failure(result);

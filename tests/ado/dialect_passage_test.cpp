@@ -92,6 +92,32 @@ TEST_F(DialectPassageTest, AChangedTableIsLookedUpAgain) {
   EXPECT_EQ(scalar(connection, "select WHENDT from D"), Value(*automation::date_from_civil({2024, 3, 31})));
 }
 
+TEST_F(DialectPassageTest, ATableIsLookedUpAgainBehindARollback) {
+  for (const std::string_view change :
+       {"drop table D", "alter table D rename to E", "alter table D rename column WHENDT to X"})
+    for (const bool by_statement : {false, true}) {
+      execute(connection, "create table D(WHENDT timestamp)");
+      const auto store = [&] { execute(connection, "insert into D(WHENDT) values('2024/03/31')"); };
+      by_statement ? execute(connection, "begin") : void(connection.call("BeginTrans"));
+      execute(connection, change);
+      EXPECT_NE(error_of(store), 0) << change;
+      by_statement ? execute(connection, "rollback") : void(connection.call("RollbackTrans"));
+      store();
+      EXPECT_EQ(scalar(connection, "select substr(WHENDT,1,10) from D"), Value("2024-03-31")) << change;
+      execute(connection, "drop table D");
+    }
+}
+
+TEST_F(DialectPassageTest, ATableThatIsChangedBehindACommentIsLookedUpAgain) {
+  for (const std::string comment : {"/* a */ ", "-- a\n"}) {
+    EXPECT_NE(error_of([&] { execute(connection, "insert into D(WHENDT) values('2024/03/31')"); }), 0);
+    execute(connection, comment + "create table D(WHENDT timestamp)");
+    execute(connection, "insert into D(WHENDT) values('2024/03/31')");
+    EXPECT_EQ(scalar(connection, "select substr(WHENDT,1,10) from D"), Value("2024-03-31")) << comment;
+    execute(connection, comment + "drop table D");
+  }
+}
+
 TEST_F(DialectPassageTest, ATableOfASimilarNameIsAnother) {
   execute(connection, "create table A_B(DT varchar(20))");
   execute(connection, "create table AXB(DT timestamp)");

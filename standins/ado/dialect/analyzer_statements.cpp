@@ -21,7 +21,9 @@ std::size_t Analyzer::begin_statement(std::size_t first) {
     case Keyword::alter:
     case Keyword::create:
     case Keyword::drop: findings_->changes_schema = frames_.back().declares = true; return first + 1;
-    default: return first;
+    default:
+      if (same_name(tokens_->text(first), "rollback")) findings_->changes_schema = true;
+      return first;
   }
 }
 

@@ -38,7 +38,7 @@ struct Findings {
   std::vector<JoinedDelete> deletes;
   std::size_t values_begin = 0;  // behind the parenthesis that opens the values, when the text is one
                                  // statement `Insert Into T (A,B,...) Values (...`; else 0
-  bool changes_schema = false;   // CREATE, ALTER or DROP
+  bool changes_schema = false;   // CREATE, ALTER or DROP, or ROLLBACK, which takes such a change back
 
   void clear() {
     dates.clear();

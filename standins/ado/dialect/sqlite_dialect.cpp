@@ -28,6 +28,7 @@ bool blank_at(std::string_view sql, std::size_t at) {
 
 std::string_view SqliteDialect::rewrite(std::string_view sql) {
   no_date_ = {};
+  changes_schema_ = false;
   verdict_ = {};
   if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) {
     verdict_ = {Reach::beyond, sql.substr(0, 1)};
@@ -49,10 +50,8 @@ std::string_view SqliteDialect::rewrite_by_tokens(std::string_view sql) {
   tokenize(sql, tokens_);
   analyzer_.analyze(tokens_, findings_);
   no_date_ = findings_.no_date;
-  if (findings_.changes_schema) {
-    columns_.clear();
-    heads_.clear();
-  }
+  changes_schema_ = findings_.changes_schema;
+  if (changes_schema_) forget();
   collect_edits(sql);
   if (edits_.empty()) return sql;
   apply_edits(sql);

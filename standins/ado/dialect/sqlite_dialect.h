@@ -28,8 +28,8 @@ namespace tallyra::standins::ado::dialect {
 // the engine to refuse. Not safe for use by several threads at once.
 class SqliteDialect {
  public:
-  // `columns` must outlive the dialect. It is asked about each column once, not once per statement; a CREATE,
-  // ALTER or DROP that goes through `rewrite` makes the dialect ask again.
+  // `columns` must outlive the dialect. It is asked about each column once, not once per statement; a
+  // statement that changes the schema makes the dialect ask again when it goes through `rewrite`.
   explicit SqliteDialect(DateColumns& columns) : columns_(columns), analyzer_(columns_) {}
 
   SqliteDialect(const SqliteDialect&) = delete;
@@ -46,6 +46,16 @@ class SqliteDialect {
   // empty when there is none. Such a text stays as it is, and SQLite would compare or store it as a text; the
   // databases for which the statements are written answer with an error. A view into that statement.
   std::string_view no_date() const { return no_date_; }
+
+  // Whether the statement rewritten last may change a table or take such a change back: CREATE, ALTER, DROP
+  // or ROLLBACK. When it has run, `columns` must not answer from what it knew before.
+  bool changes_schema() const { return changes_schema_; }
+
+  // Makes the dialect ask `columns` again: to be called when the schema may have changed by another way.
+  void forget() {
+    columns_.clear();
+    heads_.clear();
+  }
 
   // How far the text reaches that `rewrite` returned last. A view into it.
   const Verdict& verdict() const { return verdict_; }
@@ -79,6 +89,7 @@ class SqliteDialect {
   std::string replacements_;
   std::string out_;
   std::string_view no_date_;
+  bool changes_schema_ = false;
   Verdict verdict_;
 };
 
