@@ -101,7 +101,7 @@ std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
 }
 
 void OdbcConnection::take_write_lock() {
-  // Of all statements that begin to write, this one alone needs no table and changes nothing.
+  // Of all statements that begin to write, this one alone needs no table and changes nothing that is stored.
   constexpr std::string_view lock = "PRAGMA incremental_vacuum(1)";
   const StatementScope scope(statement_.get());
   const auto failure = statement_.failure(
