@@ -128,9 +128,10 @@ Value ConnectionDouble::open(Arguments arguments) {
 Value ConnectionDouble::execute(Arguments arguments) {
   automation::expect_arguments(arguments, 3, 3);
   if (!arguments[1].is_reference()) throw Error(automation::error_number::type_mismatch);
-  stage_.step(name() + ".Execute " + automation::to_text(arguments[0].get()) + " | " +
-              shown(arguments[2].get()));
+  const std::string statement = automation::to_text(arguments[0].get());
+  stage_.step(name() + ".Execute " + statement + " | " + shown(arguments[2].get()));
   require_open();
+  stage_.sent(statement);
   arguments[1].set(1);
   return {};
 }
@@ -206,14 +207,14 @@ void RecordsetDouble::require_open() const {
 
 Value RecordsetDouble::open(Arguments arguments) {
   automation::expect_arguments(arguments, 5, 5);
-  std::string line = name() + ".Open " + automation::to_text(arguments[0].get()) + " |";
-  line += shown(arguments.subspan(1));
-  stage_.step(line);
+  const std::string statement = automation::to_text(arguments[0].get());
+  stage_.step(name() + ".Open " + statement + " |" + shown(arguments.subspan(1)));
   if (rows_) throw object_open;
   const Object connection = automation::to_object(arguments[1].get());
   const auto* used = dynamic_cast<const ConnectionDouble*>(connection.dispatch());
   if (!used || !used->is_open()) throw connection_unusable;
-  rows_ = &stage_.rows_of(automation::to_text(arguments[0].get()));
+  stage_.sent(statement);
+  rows_ = &stage_.rows_of(statement);
   row_ = 0;
   return {};
 }

@@ -10,6 +10,7 @@
 #include "tests/printing/printed_value.h"
 #include "tests/transcript/stage/ado_double.h"
 #include "tests/transcript/stage/collaborator_double.h"
+#include "tests/transcript/stage/statement_corpus.h"
 
 namespace tallyra::stage {
 
@@ -53,6 +54,7 @@ Stage::~Stage() {
 }
 
 Object Stage::client(std::string_view class_name) {
+  class_name_ = class_name;
   Object object = automation::create("Tallyra." + std::string(class_name));
   object.put("ConnectionString", connection_string);
   object.put("UserID", user);
@@ -127,6 +129,10 @@ void Stage::step(const std::string& line, Line kind) {
   for (auto& failure : failures_)
     if (line.find(failure.call) != std::string::npos && --failure.occurrence == 0) fail(failure.error);
   if (kind == Line::shown) transcript_ += line + '\n';
+}
+
+void Stage::sent(const std::string& statement) const {
+  record_statement(class_name_, system_database_, statement);
 }
 
 const Rows& Stage::rows_of(const std::string& statement) {

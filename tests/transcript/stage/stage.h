@@ -86,6 +86,8 @@ class Stage {
   enum class Line { shown, hidden };
   void step(const std::string& line, Line kind = Line::shown);
   void moment();
+  // A statement that the client made last has sent.
+  void sent(const std::string& statement) const;
   const Rows& rows_of(const std::string& statement);
   automation::Value member(const std::string& name) const;
   bool has_member(const std::string& name) const { return members_.contains(name); }
@@ -103,6 +105,8 @@ class Stage {
   };
 
   std::string system_database_;
+  // Tests that make no object call functions of the classes.
+  std::string class_name_ = "functions";
   std::string transcript_;
   int steps_ = 0;
   int yields_ = 0;
