@@ -9,10 +9,10 @@
 #include "bench/month_close.h"
 #include "bench/record_maintenance.h"
 #include "bench/stock_check.h"
-#include "server/register.h"
-#include "standins/ado/register.h"
-#include "standins/corvane/register.h"
-#include "standins/lexbank/register.h"
+#include "server/local_classes.h"
+#include "standins/ado/local_classes.h"
+#include "standins/corvane/local_classes.h"
+#include "standins/lexbank/local_classes.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "automation/convert.h"
 #include "bench/company.h"
-#include "samples/company/generator.h"
+#include "company/generator.h"
 
 namespace tallyra::bench {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "automation/clock.h"
 #include "bench/company.h"
-#include "samples/company/generator.h"
+#include "company/generator.h"
 
 namespace tallyra::bench {
 namespace {

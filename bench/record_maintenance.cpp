@@ -1,7 +1,7 @@
 #include "bench/record_maintenance.h"
 
 #include "bench/company.h"
-#include "samples/company/generator.h"
+#include "company/generator.h"
 
 namespace tallyra::bench {
 

@@ -13,7 +13,7 @@ target_link_libraries(tallyra_shared_test_headers PRIVATE tallyra_automation GTe
 target_compile_options(tallyra_shared_test_headers PRIVATE -O0)
 target_precompile_headers(tallyra_shared_test_headers PRIVATE
   <gtest/gtest.h> <functional> <map> <string> <vector>
-  "${PROJECT_SOURCE_DIR}/automation/object.h" "${PROJECT_SOURCE_DIR}/tests/printing/printed_value.h")
+  "${PROJECT_SOURCE_DIR}/automation/object.h" "${PROJECT_SOURCE_DIR}/tests/support/printed_value.h")
 
 function(tallyra_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")

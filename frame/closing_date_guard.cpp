@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "frame/call.h"
 #include "frame/date_literal.h"
-#include "frame/method.h"
 #include "frame/sql.h"
 
 namespace tallyra::frame {

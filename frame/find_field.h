@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "automation/value.h"
-#include "frame/method.h"
+#include "frame/call.h"
 
 namespace tallyra::frame {
 

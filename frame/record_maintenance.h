@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/method.h"
+#include "frame/call.h"
 
 // The four moves by which most classes maintain one table. A class states its statements and where it departs
 // from the pattern; whatever it leaves out is as the pattern has it, but for the right to insert. Each move

@@ -7,4 +7,4 @@ setup_native
 say "Building"
 build release tallyra-bench | tail -n 1
 cd "$repository"
-exec build/release/bin/tallyra-bench --schema samples/schema/sqlite.sql "$@"
+exec build/release/bin/tallyra-bench --schema schema/sqlite.sql "$@"

@@ -5,7 +5,7 @@
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
-#include "stockcheck/check_posting.h"
+#include "stockcheck/check_head_posting.h"
 
 namespace tallyra::stockcheck {
 namespace {

@@ -6,8 +6,8 @@
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
-#include "transactions/line_copy.h"
 #include "transactions/owner_test.h"
+#include "transactions/tran_head_line_copy.h"
 
 namespace tallyra::transactions {
 

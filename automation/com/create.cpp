@@ -7,7 +7,7 @@
 #include "automation/com/failure.h"
 #include "automation/com/text.h"
 #include "automation/error.h"
-#include "automation/local/registry.h"
+#include "automation/local/local_classes.h"
 
 namespace tallyra::automation {
 namespace {

@@ -29,8 +29,9 @@ bool may_unload_module() noexcept;
 void lock_module(bool lock) noexcept;
 
 // The first type library resource of the module: loaded when it is first asked for, the same for everyone,
-// and let go with the last use that calls nobody back; so whoever asks holds one. One thread at a time loads it or lets it go,
-// because there are systems whose list of type libraries breaks otherwise. Throws Error when there is none.
+// and let go with the last use that calls nobody back; so whoever asks holds one. One thread at a time loads
+// it or lets it go, because there are systems whose list of type libraries breaks otherwise. Throws Error
+// when there is none.
 Pointer<ITypeLib> module_type_library();
 
 // A use during which the system calls the module back, on the thread that begins it. The module then holds a

@@ -2,7 +2,7 @@
 #include "automation/com/served_module.h"
 #include "automation/com/text.h"
 #include "automation/error.h"
-#include "automation/local/registry.h"
+#include "automation/local/local_classes.h"
 
 namespace tallyra::automation::com {
 

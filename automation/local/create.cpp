@@ -1,7 +1,7 @@
 #include "automation/create.h"
 
 #include "automation/error.h"
-#include "automation/local/registry.h"
+#include "automation/local/local_classes.h"
 
 namespace tallyra::automation {
 

@@ -32,7 +32,7 @@ endfunction()
 # company and checks the rows it leaves.
 function(tallyra_add_sample_script name script)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/wine/${script} ${TALLYRA_WINE_PREFIX}
-    $<TARGET_FILE:tallyra-company> ${PROJECT_SOURCE_DIR}/samples/schema/sqlite.sql ${ARGN})
+    $<TARGET_FILE:tallyra-company> ${PROJECT_SOURCE_DIR}/schema/sqlite.sql ${ARGN})
   tallyra_needs_wine_prefix(${name})
   set_property(TEST ${name} PROPERTY TIMEOUT 120)
 endfunction()

@@ -10,7 +10,7 @@ done
 cd "$repository"
 
 say "A company of 6 departments, 300 parts and 20,000 movement lines in three months"
-build/release/bin/tallyra-company --db "$database" --schema samples/schema/sqlite.sql --force
+build/release/bin/tallyra-company --db "$database" --schema schema/sqlite.sql --force
 
 say "The month end of January"
 close_month $month_1

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "tests/behaviour/stage/company_database.h"
 #include "tests/com/server_dll.h"
+#include "tests/support/company_database.h"
 
 // Business objects out of Tallyra.dll, as a client of the machine has them.
 namespace tallyra::tests::com {

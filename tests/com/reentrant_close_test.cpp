@@ -8,15 +8,15 @@
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
 #include "automation/com/text.h"
-#include "samples/company/database.h"
-#include "samples/company/generator.h"
+#include "company/database.h"
+#include "company/generator.h"
 #include "tallyra.h"
 #include "tests/com/client_window.h"
 #include "tests/com/counting_sink.h"
 #include "tests/com/own_apartment.h"
 #include "tests/com/server_dll.h"
 #include "tests/com/wire_call.h"
-#include "tests/folder/test_folder.h"
+#include "tests/support/test_folder.h"
 
 // A month close yields to its client's message loop, whose windows may call the component again.
 namespace tallyra::tests::com {

@@ -6,7 +6,7 @@
 
 #include "server/class_table.h"
 #include "tests/faults/scene.h"
-#include "tests/transcript/stage/outcome.h"
+#include "tests/support/outcome.h"
 
 // Every call to the outside fails once, in turn, in every method.
 namespace tallyra {

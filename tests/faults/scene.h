@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "automation/object.h"
-#include "tests/transcript/stage/fields.h"
-#include "tests/transcript/stage/outcome.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/fields.h"
+#include "tests/support/outcome.h"
+#include "tests/support/stage.h"
 
 namespace tallyra::faults {
 

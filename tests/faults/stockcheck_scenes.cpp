@@ -1,5 +1,5 @@
 #include "tests/faults/scene.h"
-#include "tests/transcript/stage/outcome.h"
+#include "tests/support/outcome.h"
 
 namespace tallyra::faults {
 namespace {

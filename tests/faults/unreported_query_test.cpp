@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/transcript/stage/outcome.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/outcome.h"
+#include "tests/support/stage.h"
 
 // The one query that does not touch the error fields: whatever fails, it is 0 and nothing leaks.
 namespace tallyra {

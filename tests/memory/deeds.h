@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "automation/clock.h"
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 namespace tallyra::memory {
 

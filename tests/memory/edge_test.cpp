@@ -6,7 +6,7 @@
 #include "automation/error.h"
 #include "tests/memory/failing_new.h"
 #include "tests/memory/fresh_process.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/stage.h"
 
 // What goes wrong for want of memory before or outside of a method.
 namespace tallyra {

@@ -7,8 +7,8 @@
 #include "tests/memory/failing_new.h"
 #include "tests/memory/fresh_process.h"
 #include "tests/memory/memory_stage.h"
-#include "tests/transcript/stage/outcome.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/outcome.h"
+#include "tests/support/stage.h"
 
 // The two methods that let errors out, and the one that reports none.
 namespace tallyra {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/local/registry.h"
+#include "automation/local/local_classes.h"
 
 namespace tallyra::memory {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/collection.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/stage.h"
 
 namespace tallyra {
 

@@ -1,5 +1,5 @@
 #include "automation/com/served_module.h"
-#include "standins/ado/register.h"
+#include "standins/ado/local_classes.h"
 
 namespace tallyra::automation::com {
 

@@ -1,5 +1,5 @@
 #include "automation/com/served_module.h"
-#include "standins/corvane/register.h"
+#include "standins/corvane/local_classes.h"
 
 namespace tallyra::automation::com {
 

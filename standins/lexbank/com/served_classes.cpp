@@ -1,5 +1,5 @@
 #include "automation/com/served_module.h"
-#include "standins/lexbank/register.h"
+#include "standins/lexbank/local_classes.h"
 
 namespace tallyra::automation::com {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "automation/clock.h"
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 namespace tallyra::behaviour {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 // Costing settings on a real database.
 namespace tallyra::behaviour {

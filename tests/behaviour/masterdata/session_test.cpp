@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 // What a client has to know of its session: whose rights count, and what the error fields tell.
 namespace tallyra::behaviour {

@@ -4,7 +4,7 @@
 
 #include "automation/collection.h"
 #include "server/class_table.h"
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 // Collections of a client's own that use the object which is working on them, over the real sibling
 // libraries: whichever of Add, Count and Item is called, by whichever method, calls every member of the

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "automation/clock.h"
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 
 namespace tallyra::behaviour {
 

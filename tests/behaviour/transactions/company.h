@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/behaviour/stage/company_database.h"
+#include "tests/support/company_database.h"
 #include "tests/transcript/transactions/methods.h"
 
 // The transaction classes at work on a company's database: rows before, call, rows after.

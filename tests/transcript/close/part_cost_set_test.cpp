@@ -2,9 +2,9 @@
 
 #include <limits>
 
-#include "tests/transcript/stage/fields.h"
-#include "tests/transcript/stage/outcome.h"
-#include "tests/transcript/stage/stage.h"
+#include "tests/support/fields.h"
+#include "tests/support/outcome.h"
+#include "tests/support/stage.h"
 
 // The costing settings of material types: keys that are numbers, and tags that mean nothing more than a
 // right.

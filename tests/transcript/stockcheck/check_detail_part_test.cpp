@@ -1,4 +1,4 @@
-#include "tests/transcript/stockcheck/check_stage.h"
+#include "tests/transcript/stockcheck/check_script.h"
 
 // Only a part that exists can be counted.
 namespace tallyra::stockcheck_test {

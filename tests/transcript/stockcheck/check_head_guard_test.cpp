@@ -1,6 +1,6 @@
 #include "automation/collection.h"
 #include "automation/create.h"
-#include "tests/transcript/stockcheck/check_stage.h"
+#include "tests/transcript/stockcheck/check_script.h"
 
 // CCheckHead's copy of the closing-date guard.
 namespace tallyra::stockcheck_test {

@@ -1,4 +1,4 @@
-#include "tests/transcript/stockcheck/check_stage.h"
+#include "tests/transcript/stockcheck/check_script.h"
 
 // What the un-approval of a stocktaking does beside the update of its header.
 namespace tallyra::stockcheck_test {

@@ -1,4 +1,4 @@
-#include "tests/transcript/stockcheck/check_stage.h"
+#include "tests/transcript/stockcheck/check_script.h"
 
 namespace tallyra::stockcheck_test {
 namespace {

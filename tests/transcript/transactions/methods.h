@@ -4,8 +4,8 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "tests/transcript/stage/fields.h"
-#include "tests/transcript/stage/outcome.h"
+#include "tests/support/fields.h"
+#include "tests/support/outcome.h"
 
 // The methods of CTranHead and CTranDetail as a late-bound client calls them: variables by reference wherever
 // the method takes them so.

@@ -1,6 +1,6 @@
 #include <functional>
 
-#include "tests/transcript/transactions/transaction_stage.h"
+#include "tests/transcript/transactions/transaction_script.h"
 
 // Every refusal first fetches its text and then closes what is open, the recordset before the connection.
 namespace tallyra::transactions_test {

@@ -1,4 +1,4 @@
-#include "tests/transcript/transactions/transaction_stage.h"
+#include "tests/transcript/transactions/transaction_script.h"
 
 namespace tallyra::transactions_test {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/transcript/transactions/transaction_stage.h"
+#include "tests/transcript/transactions/transaction_script.h"
 
 // Every method of CTranHead and CTranDetail that writes, for what holds of all of them or of most.
 namespace tallyra::transactions_test {

@@ -1,0 +1,99 @@
+#include "client/progress.h"
+
+#include <exception>
+#include <optional>
+#include <ostream>
+#include <utility>
+
+#include "automation/apartment.h"
+#include "client/display_width.h"
+#include "client/own_connection.h"
+
+namespace tallyra::client {
+namespace {
+
+// Counts departments over its own connection.
+class DepartmentCounter {
+ public:
+  explicit DepartmentCounter(const std::string& connection_string)
+      : connection_(connection_string), all_(connection_.count("Select Count(*) As N From DEPARTS")) {}
+
+  std::int32_t all() const { return all_; }
+  // A department document is committed whole; those of approved closes have another status.
+  std::int32_t closed() const {
+    return connection_.count(
+        "Select Count(*) As N From STKTRANHD Where TRANTYPE='STK027CLOSE' And STATUSSN=0");
+  }
+
+ private:
+  OwnConnection connection_;
+  std::int32_t all_ = 0;
+};
+
+// One line that is drawn over and over. It stays one column short of the edge, where terminals wrap.
+class StatusLine {
+ public:
+  StatusLine(std::ostream& stream, std::size_t width) : stream_(stream), room_(width > 1 ? width - 1 : 1) {}
+
+  void show(std::string_view text) {
+    if (text == shown_) return;
+    draw(cut_to_width(text, room_));
+    shown_ = text;
+  }
+
+  void clear() {
+    if (shown_.empty()) return;
+    draw({});
+    stream_ << '\r' << std::flush;
+    shown_.clear();
+  }
+
+ private:
+  void draw(std::string_view text) {
+    const std::size_t width = display_width(text);
+    stream_ << '\r' << text << std::string(drawn_width_ > width ? drawn_width_ - width : 0, ' ')
+            << std::flush;
+    drawn_width_ = width;
+  }
+
+  std::ostream& stream_;
+  std::size_t room_;
+  std::size_t drawn_width_ = 0;
+  std::string shown_;
+};
+
+}  // namespace
+
+CloseProgress::CloseProgress(CloseProgressSettings settings, std::ostream& stream)
+    : settings_(std::move(settings)),
+      stream_(stream),
+      thread_([this](const std::stop_token& stop) { run(stop); }) {}
+
+bool CloseProgress::wait_for_turn(const std::stop_token& stop) {
+  std::unique_lock lock(mutex_);
+  stopped_.wait_for(lock, stop, settings_.interval, [] { return false; });
+  return !stop.stop_requested();
+}
+
+void CloseProgress::run(const std::stop_token& stop) {
+  try {
+    const automation::Apartment apartment;
+    StatusLine line(stream_, settings_.width);
+    std::optional<DepartmentCounter> counter;
+    // The first turn comes after a wait, so that a short close meets no second connection at all.
+    while (wait_for_turn(stop)) {
+      try {
+        if (!counter) counter.emplace(settings_.connection_string);
+        line.show("Closing " + settings_.close_date + ": " + std::to_string(counter->closed()) + " of " +
+                  std::to_string(counter->all()) + " departments");
+      } catch (const std::exception&) {
+        counter.reset();
+      }
+    }
+    line.clear();
+  } catch (const std::exception&) {
+    // Without an apartment or memory there is no progress to show; the close goes on.
+  }
+}
+
+}  // namespace tallyra::client

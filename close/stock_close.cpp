@@ -1,0 +1,80 @@
+#include "close/stock_close.h"
+
+#include <string>
+
+#include "close/stock_close_dates.h"
+#include "frame/record_maintenance.h"
+#include "frame/schema/codes.h"
+#include "frame/schema/names.h"
+#include "frame/sql.h"
+
+// The records of the month closes: reading, changing (which approves) and deleting them.
+namespace tallyra::close {
+
+using automation::Object;
+using automation::Value;
+using frame::Call;
+using frame::DateLiteral;
+using frame::sql;
+namespace schema = frame::schema;
+
+CStockClose::CStockClose() : Session(std::string(schema::access_kind)) {}
+
+float CStockClose::Read(std::string pCloseDT, Object& colFieldName, Object& colFieldValue) {
+  return run_method(*this, [&](Call& call) {
+    const std::string close_literal = DateLiteral(system_database()).of_text(pCloseDT);
+    read_row(
+        call, {colFieldName, colFieldValue},
+        {.statement = sql("Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT={}", close_literal)});
+  });
+}
+
+float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& colFieldValue,
+                          std::string& strOprTag) {
+  return run_method(*this, [&](Call& call) {
+    const std::string tag = strOprTag;
+    const DateLiteral literal(system_database());
+    const std::string close_literal = literal.of_text(pCloseDT);
+    const std::string next_day = next_day_literal(literal, pCloseDT);
+    const auto approve_earlier_records_and_documents = [&](Call&) {
+      call.connection.execute(
+          sql("Update STKCLOSEHD Set STATUSSN=1 Where CLOSEDT<{} And STATUSSN<1", close_literal));
+      call.connection.execute(
+          sql("UPDATE STKTRANHD SET STATUSSN=1 WHERE STKTRANHD.TRANDT={}"
+              " AND  (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
+              next_day));
+    };
+    update_rows(call, {colFieldName, colFieldValue},
+                {.table = schema::table::month_close,
+                 .function_code = schema::function_code::month_close,
+                 .operation_tag = tag,
+                 .structure = "Select top 1 * From STKCLOSEHD",
+                 .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", close_literal),
+                 .in_transaction = true,
+                 .also = approve_earlier_records_and_documents});
+  });
+}
+
+float CStockClose::Delete(Value pCloseDT) {
+  return run_method(*this, [&](Call& call) {
+    const DateLiteral literal(system_database());
+    std::string close_date;
+    automation::append_concatenated(close_date, pCloseDT);
+    const std::string close_literal = literal.of_text(close_date);
+    const std::string next_day = next_day_literal(literal, close_date);
+    delete_rows(
+        call,
+        {.function_code = schema::function_code::month_close,
+         .statements = {
+             sql("Delete * From STKCLOSEHD Where CLOSEDT={}", close_literal),
+             sql("Delete STKTRANDT.* From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO"
+                 " Where STKTRANHD.TRANDT={}"
+                 " AND (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
+                 next_day),
+             sql("Delete * From STKTRANHD Where  STKTRANHD.TRANDT={}"
+                 " AND  (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
+                 next_day)}});
+  });
+}
+
+}  // namespace tallyra::close

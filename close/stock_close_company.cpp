@@ -1,0 +1,111 @@
+#include <string>
+
+#include "automation/yield.h"
+#include "close/stock_close.h"
+#include "frame/call.h"
+#include "frame/collaborator_member.h"
+#include "frame/schema/names.h"
+#include "frame/sql.h"
+
+// The close document of the whole company, which prices each part.
+namespace tallyra::close {
+namespace {
+
+using automation::BoundMember;
+using automation::Object;
+using automation::ref;
+using automation::Value;
+using frame::Call;
+using frame::Field;
+using frame::sql;
+namespace schema = frame::schema;
+
+constexpr double price_type_last = 1;
+constexpr double price_type_cost = 2;
+constexpr double material_type_purchased = 1;
+
+// The unit cost of a part by its price type, asked of the system object of this thread.
+class PartCosts {
+ public:
+  PartCosts(const Call& call, const std::string& close_literal, const std::string& previous_literal)
+      : close_literal_(close_literal),
+        previous_literal_(previous_literal),
+        connection_(call.connection.object()) {}
+
+  // The quantity goes by reference: the cost function may put another in its place.
+  double of_current_row(const Field& part, const Field& price_type, const Field& material_type,
+                        Value& quantity) {
+    const Value price = price_type.value();
+    if (automation::equals_number(price, price_type_cost) &&
+        automation::exceeds_number(material_type.value(), material_type_purchased))
+      return automation::to_double(part_cost_.now().call(part.object(), ref(close_literal_),
+                                                         previous_literal_, ref(quantity), ref(connection_)));
+    frame::CollaboratorMember& price_function =
+        automation::equals_number(price, price_type_last) ? last_price_ : average_price_;
+    return automation::to_double(price_function.now().call(
+        part.object(), ref(close_literal_), previous_literal_, ref(connection_), material_type.object()));
+  }
+
+  // As the cost functions have left it.
+  std::string close_literal() const { return automation::to_text(close_literal_); }
+
+ private:
+  Value close_literal_;
+  // The field of the object, which a close that is begun meanwhile sets anew.
+  const std::string& previous_literal_;
+  Value connection_;
+  frame::CollaboratorMember part_cost_{&frame::Collaborators::system, "GetPartCost"};
+  frame::CollaboratorMember last_price_{&frame::Collaborators::system, "GetLastUprice"};
+  frame::CollaboratorMember average_price_{&frame::Collaborators::system, "GetAvgUprice"};
+};
+
+}  // namespace
+
+float CStockClose::STKMonthClose(std::string& cCloseID, std::string& cCloseDT) {
+  return frame::run_method(*this, [&](Call& call) {
+    frame::Recordset& rows = call.recordset();
+    rows.set_cursor_location(frame::CursorLocation::client);
+    call.connection.set_command_timeout(0);
+    call.open_connection();
+    rows.open(
+        sql("Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY"
+            " From (STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO)"
+            " Inner Join PARTS On STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT={}"
+            " AND STKTRANHD.TRANTYPE='STK027CLOSE' "
+            " GROUP BY PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT"
+            " Order by PARTS.MTYPESN,STKTRANDT.PARTNO ASC",
+            NextCloseDT),
+        call.connection, frame::CursorType::static_copy);
+
+    call.connection.begin();
+    if (!rows.at_end()) {
+      call.connection.execute(
+          sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,ADDBY,ADDDT,EDITBY,EDITDT)"
+              " Values('{}','STKCLOSEALL',0,{},'{}',{},'{}',{})",
+              cCloseID, NextCloseDT, user_id(), TodayDT, user_id(), TodayDT));
+
+      const Field part = rows.field(schema::column::part);
+      const Field price_type = rows.field(schema::column::price_type);
+      const Field material_type = rows.field(schema::column::material_type);
+      const Field total = rows.field(schema::column::quantity);
+      PartCosts costs(call, cCloseDT, PrevCloseDT);
+      Value statement;
+      for (; !rows.at_end(); rows.move_next(), automation::yield()) {
+        Value quantity(automation::to_double(total.value()));
+        const double cost = costs.of_current_row(part, price_type, material_type, quantity);
+        frame::append_sql(
+            statement.restart_text(),
+            "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
+            " VALUES('{}','',0,'{}',{},{},'Month`s close','{}',{},'{}',{})",
+            cCloseID, part.value(), automation::to_double(quantity), cost, user_id(), TodayDT, user_id(),
+            TodayDT);
+        call.connection.execute(statement);
+      }
+      cCloseDT = costs.close_literal();
+    }
+    call.connection.commit();
+    rows.close();
+  });
+}
+
+}  // namespace tallyra::close

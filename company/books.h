@@ -1,0 +1,32 @@
+#pragma once
+
+#include "company/calendar.h"
+#include "company/ledger.h"
+#include "company/masters.h"
+#include "company/random.h"
+
+namespace tallyra::samples::company {
+
+// What every desk that writes documents works with.
+struct Desk {
+  const Masters& masters;
+  Random& random;
+  Ledger& ledger;
+  Database& database;
+
+  const Part& part(int index) const { return masters.parts[static_cast<std::size_t>(index)]; }
+};
+
+// The next document to write. A desk writes at most `max_lines` lines and returns how many it wrote: 0 when
+// there is nothing to issue or to take back.
+struct Task {
+  Day day;
+  int month;  // counted from 0, the first month of the company
+  int department;
+  int max_lines;
+};
+
+// "PO2401-00017"; `last` is the counter of the series.
+std::string order_number(const char* prefix, Day day, int& last);
+
+}  // namespace tallyra::samples::company

@@ -1,0 +1,11 @@
+#include "company/returnable.h"
+
+#include <cmath>
+
+namespace tallyra::samples::company {
+
+double quarter_of(double quantity) {
+  return std::floor(std::abs(quantity) / 4);
+}
+
+}  // namespace tallyra::samples::company

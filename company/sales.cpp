@@ -1,0 +1,103 @@
+#include "company/sales.h"
+
+#include <algorithm>
+
+#include "company/naming.h"
+#include "company/prices.h"
+
+namespace tallyra::samples::company {
+
+Sales::Sales(Desk desk)
+    : desk_(desk),
+      headers_(desk.database, "SOHD",
+               {{"SONO", Kind::text},
+                {"SODT", Kind::text},
+                {"CUSTNO", Kind::text},
+                {"STATUSSN", Kind::integer},
+                {"ADDBY", Kind::text},
+                {"ADDDT", Kind::text}}),
+      materials_(
+          desk.database, "SODTBOM",
+          {{"SONO", Kind::text}, {"SN", Kind::integer}, {"PARTNO", Kind::text}, {"SOQTY", Kind::number}}) {}
+
+int Sales::ship(const Task& task) {
+  Stock& stock = desk_.ledger.stock();
+  const int customer = desk_.random.below(desk_.masters.customers);
+  Document document{&shipment,
+                    task.day,
+                    task.department,
+                    -1,
+                    numbered("C", 2001 + customer),
+                    numbered("Customer ", customer + 1),
+                    {}};
+  const int wanted = desk_.random.between(1, task.max_lines);
+  for (int tries = 0; tries < 24 && static_cast<int>(document.lines.size()) < wanted; ++tries) {
+    const int part = stock.any_part(task.department, true, desk_.random);
+    if (part < 0) break;
+    // Semi-finished parts leave the house as spare parts only.
+    const bool spare = desk_.part(part).material_type == semi_finished;
+    if (document.holds(part) || (spare && !desk_.random.chance(30))) continue;
+    const double quantity =
+        std::min(lot(desk_.part(part), 1, 15, desk_.random), stock.of(task.department, part));
+    document.lines.push_back({part, -quantity, standard_price(desk_.part(part)), "", ""});
+  }
+  return write(document, shipments_);
+}
+
+int Sales::issue_material(const Task& task) {
+  Stock& stock = desk_.ledger.stock();
+  Document document{&sales_issue, task.day, task.department, -1, "", "", {}};
+  const int wanted = desk_.random.between(1, task.max_lines);
+  for (int tries = 0; tries < 12 && static_cast<int>(document.lines.size()) < wanted; ++tries) {
+    const int part = stock.any_part(task.department, desk_.random.chance(30), desk_.random);
+    if (part < 0 || document.holds(part)) continue;
+    const double quantity =
+        std::min(lot(desk_.part(part), 1, 25, desk_.random), stock.of(task.department, part));
+    document.lines.push_back({part, -quantity, standard_price(desk_.part(part)), "", ""});
+  }
+  return write(document, issues_);
+}
+
+int Sales::write(Document& document, EarlierDocuments& written) {
+  if (document.lines.empty()) return 0;
+  const std::string order = order_number("SO", document.day, last_number_);
+  const std::string at = timestamp(document.day - std::chrono::days{desk_.random.between(1, 15)});
+  const std::string customer = document.partner.empty()
+                                   ? numbered("C", 2001 + desk_.random.below(desk_.masters.customers))
+                                   : document.partner;
+  const int status = desk_.random.chance(4) ? 0 : 1;
+  headers_.row(order, at, customer, status, desk_.ledger.next_user(), at);
+  int sn = 0;
+  for (Line& line : document.lines) {
+    line.reference = order;
+    const double open = desk_.random.chance(15) ? 5 : 0;  // still to come
+    materials_.row(order, ++sn, desk_.part(line.part).number, open - line.quantity);
+  }
+  desk_.ledger.write(document);
+  written.add({order, document.department, document.partner, document.partner_name, document.lines});
+  return sn;
+}
+
+int Sales::receive_back(const Task& task) {
+  return give_back(shipments_, sales_receipt, task);
+}
+
+int Sales::take_material_back(const Task& task) {
+  return give_back(issues_, sales_return, task);
+}
+
+int Sales::give_back(EarlierDocuments& from, const DocumentType& type, const Task& task) {
+  const auto earlier = from.take(desk_.random);
+  if (!earlier) return 0;
+  Document document{&type, task.day, earlier->department, -1, earlier->partner, earlier->partner_name, {}};
+  for (const Line& line : earlier->lines) {
+    const double quantity = quarter_of(line.quantity);
+    if (quantity <= 0 || static_cast<int>(document.lines.size()) == std::min(task.max_lines, 3)) continue;
+    document.lines.push_back({line.part, quantity, line.price, earlier->reference, ""});
+  }
+  if (document.lines.empty()) return 0;
+  desk_.ledger.write(document);
+  return static_cast<int>(document.lines.size());
+}
+
+}  // namespace tallyra::samples::company

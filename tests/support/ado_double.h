@@ -1,0 +1,68 @@
+#pragma once
+
+#include "automation/member_table.h"
+#include "tests/support/named.h"
+#include "tests/support/stage.h"
+
+namespace tallyra::stage {
+
+class ConnectionDouble : public automation::Implements<ConnectionDouble>, public Named {
+ public:
+  explicit ConnectionDouble(Stage& stage);
+  ~ConnectionDouble() override;
+  static const automation::MemberTable<ConnectionDouble>& members();
+
+  automation::Value open(automation::Arguments arguments);
+  automation::Value execute(automation::Arguments arguments);
+  automation::Value begin(automation::Arguments arguments);
+  automation::Value commit(automation::Arguments arguments);
+  automation::Value roll_back(automation::Arguments arguments);
+  automation::Value close(automation::Arguments arguments);
+  automation::Value state();
+  automation::Value command_timeout();
+  void set_command_timeout(const automation::Value& value);
+
+  bool is_open() const { return open_; }
+
+ private:
+  void require_open() const;
+
+  Stage& stage_;
+  bool open_ = false;
+  bool in_transaction_ = false;
+};
+
+class RecordsetDouble : public automation::Implements<RecordsetDouble>, public Named {
+ public:
+  explicit RecordsetDouble(Stage& stage);
+  ~RecordsetDouble() override;
+  static const automation::MemberTable<RecordsetDouble>& members();
+
+  automation::Value open(automation::Arguments arguments);
+  automation::Value close(automation::Arguments arguments);
+  automation::Value at_end();
+  automation::Value move_first(automation::Arguments arguments);
+  automation::Value move_last(automation::Arguments arguments);
+  automation::Value move_next(automation::Arguments arguments);
+  automation::Value fields();
+  automation::Value cursor_location();
+  void set_cursor_location(const automation::Value& value);
+  // A let is for a connection string, which nobody has here; a connection or none is set by reference.
+  static automation::Value use_active_connection(RecordsetDouble& recordset, automation::Access access,
+                                                 automation::Arguments arguments);
+
+  Stage& stage() { return stage_; }
+  const Rows& rows() const { return *rows_; }
+  automation::Value value_of(std::size_t column) const;
+
+ private:
+  void require_open() const;
+  automation::Value move(const char* how, std::size_t row);
+
+  Stage& stage_;
+  const Rows* rows_ = nullptr;
+  bool client_side_ = false;
+  std::size_t row_ = 0;
+};
+
+}  // namespace tallyra::stage

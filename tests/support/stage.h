@@ -1,0 +1,139 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/clock.h"
+#include "automation/error.h"
+#include "automation/local/local_classes.h"
+#include "automation/yield.h"
+#include "tests/support/named.h"
+
+// A world outside that records what a business object asks of it: doubles of ADO and of the sibling
+// libraries, in the states and with the errors of the real ones. A test scripts the rows of queries, the
+// rights and the failures, plays a method and compares the transcript with one text.
+namespace tallyra::stage {
+
+// What a query finds.
+struct Rows {
+  std::vector<std::string> columns;
+  std::vector<std::vector<automation::Value>> rows;
+};
+
+class Stage {
+ public:
+  // The kind of database that the session names.
+  explicit Stage(std::string system_database = "MSACCESS");
+  ~Stage();
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  // A new business object by its class name with the session set.
+  automation::Object client(std::string_view class_name);
+
+  // A query with exactly this text finds these rows: once for each time it is told, the last one ever after.
+  Stage& finds(const std::string& statement, Rows rows);
+  // What the query was told to find no longer counts.
+  Stage& forgets(const std::string& statement);
+  // A member of the rights, system, messages or wording object has this value; "CanInsert",
+  // "rights.ErrNumber", ...
+  Stage& set(const std::string& member, automation::Value value);
+  // The n-th call (from 1) whose line contains the text fails.
+  Stage& fails(std::string call, automation::Error error, int occurrence = 1);
+  // The call with this number, from 0 and counting every call to the outside, fails.
+  Stage& fails_at(int step, automation::Error error);
+  // In the midst of the moment with this number, from 0 and counting calls to the outside and yields from
+  // now on, this is done, as a client does it whose message loop or collection has its turn then.
+  Stage& interrupts_at(int moment, std::function<void()> what);
+  // Another user, or other session values, than the stage begins with.
+  std::string user = "TESTER";
+  std::string connection_string = "DSN=x";
+  // A data source that takes a commit without a transaction as nothing; ADO's own say that there is none.
+  bool ignores_needless_commits = false;
+  // How many document numbers can be issued: K001, K002, ...
+  int document_numbers = 1000;
+  // How many requests for a number come back empty before one is issued.
+  int numbers_withheld = 0;
+
+  // Everything that was asked, a line each; reading of rows is left out.
+  const std::string& transcript() const { return transcript_; }
+  // The part of it that goes to the database.
+  std::string database_calls() const;
+  // And what is asked of the rights object.
+  std::string rights_calls() const;
+  void clear() { transcript_.clear(); }
+  int steps() const { return steps_; }
+  int yields() const { return yields_; }
+  // Objects of this stage that are still referred to.
+  int alive() const { return alive_; }
+  // Whether the failure that was asked for has happened.
+  bool failed() const { return failed_; }
+  // And whether the interruption has.
+  bool interrupted() const { return interrupted_; }
+
+  // How a member of a collaborator got its arguments at its last call: 'v' by value, '&' by reference.
+  std::string forms(const std::string& member) const;
+  // The same with kinds and contents: "text 'A', &int16 1".
+  std::string arguments(const std::string& member) const;
+
+  // For the doubles.
+  void note_forms(const std::string& member, automation::Arguments arguments);
+  enum class Line { shown, hidden };
+  void step(const std::string& line, Line kind = Line::shown);
+  void moment();
+  // A statement that the client made last has sent.
+  void sent(const std::string& statement) const;
+  const Rows& rows_of(const std::string& statement);
+  automation::Value member(const std::string& name) const;
+  bool has_member(const std::string& name) const { return members_.contains(name); }
+  int next_number(const std::string& kind) { return ++numbers_[kind]; }
+  void born() { ++alive_; }
+  void gone() { --alive_; }
+  // The next document number, empty when there is none left.
+  std::string issue_document_number();
+
+ private:
+  struct Failure {
+    std::string call;
+    automation::Error error;
+    int occurrence;
+  };
+
+  std::string system_database_;
+  // Tests that make no object call functions of the classes.
+  std::string class_name_ = "functions";
+  std::string transcript_;
+  int steps_ = 0;
+  int yields_ = 0;
+  int alive_ = 0;
+  int issued_numbers_ = 0;
+  bool failed_ = false;
+  int failing_step_ = -1;
+  int moments_ = 0;
+  int interrupted_moment_ = -1;
+  bool interrupted_ = false;
+  std::function<void()> interruption_;
+  automation::Error step_error_{0};
+  std::vector<Failure> failures_;
+  std::map<std::string, std::deque<Rows>> queries_;
+  // What open recordsets stand on.
+  std::deque<Rows> told_;
+  std::map<std::string, automation::Value> members_;
+  std::map<std::string, std::string> forms_;
+  std::map<std::string, std::string> arguments_;
+  std::map<std::string, int> numbers_;
+  std::vector<std::unique_ptr<automation::local::ScopedClass>> classes_;
+  automation::ScopedClock clock_;
+  automation::ScopedYield yield_;
+};
+
+// An argument as it stands in a transcript: texts in quotes, objects by their names.
+std::string shown(const automation::Value& value);
+std::string shown(automation::Arguments arguments);
+
+}  // namespace tallyra::stage

@@ -1,0 +1,335 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/baseline.h"
+#include "tests/transcript/close/stock_close_script.h"
+
+// The run of a month close: checks, period, departments, company, record, and every way it can end.
+namespace tallyra {
+namespace {
+
+using automation::Error;
+using automation::Null;
+using automation::Value;
+using stage::done;
+using stage::Outcome;
+using stage::refused;
+using stage::trapped;
+
+const std::string cleanup_set =
+    "C1.BeginTrans\n"
+    "C1.Execute Delete STKTRANDT.* From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO "
+    "Where STKTRANHD.TRANTYPE='STK027CLOSE' AND STKTRANHD.STATUSSN=0 | -1\n"
+    "C1.Execute Delete STKTRANDT.* From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO "
+    "Where STKTRANHD.TRANTYPE='STKCLOSEALL' AND STKTRANHD.STATUSSN=0 | -1\n"
+    "C1.Execute Delete * From STKTRANHD Where STKTRANHD.TRANTYPE='STK027CLOSE' AND STKTRANHD.STATUSSN=0 | "
+    "-1\n"
+    "C1.Execute Delete * From STKTRANHD Where STKTRANHD.TRANTYPE='STKCLOSEALL' AND STKTRANHD.STATUSSN=0 | "
+    "-1\n"
+    "C1.CommitTrans\n";
+
+int cleanups(const std::string& transcript) {
+  int count = 0;
+  for (auto at = transcript.find(cleanup_set); at != std::string::npos;
+       at = transcript.find(cleanup_set, at + 1))
+    ++count;
+  return count;
+}
+
+TEST(MonthClose, TheWholeRunOnAccess) {
+  MonthCloseStage company("MSACCESS");
+  EXPECT_EQ(company.close(), done);
+  EXPECT_EQ(company.stage.transcript(),
+            stage::approved("close/month_close.access.txt", company.stage.transcript()));
+}
+
+TEST(MonthClose, TheWholeRunOnSqlServer) {
+  MonthCloseStage company("MSSQLSERVER");
+  EXPECT_EQ(company.close(), done);
+  EXPECT_EQ(company.stage.transcript(),
+            stage::approved("close/month_close.sqlserver.txt", company.stage.transcript()));
+}
+
+TEST(MonthClose, EveryOtherKindIsWrittenAsSqlServer) {
+  const auto database_calls = [](const char* kind) {
+    MonthCloseStage company(kind);
+    EXPECT_EQ(company.close(), done);
+    return company.stage.database_calls();
+  };
+  EXPECT_EQ(database_calls("msaccess"), database_calls("MSSQLSERVER"));
+  EXPECT_EQ(database_calls(""), database_calls("MSSQLSERVER"));
+}
+
+TEST(MonthClose, ItYieldsOnceForEveryLine) {
+  MonthCloseStage company;
+  EXPECT_EQ(company.close(), done);
+  // 10: A, AB, B, C, D, E, F; 20: A, B; company: A to E
+  EXPECT_EQ(company.stage.yields(), 7 + 2 + 5);
+}
+
+TEST(MonthClose, ItLetsAllItsObjectsGo) {
+  MonthCloseStage company;
+  EXPECT_EQ(company.close(), done);
+  EXPECT_EQ(company.stage.alive(), 4) << "only the collaborators stay";
+}
+
+TEST(MonthClose, CollectionsThatDoNotMatchAreRefusedBeforeAnyRightIsAsked) {
+  MonthCloseStage company;
+  stage::Fields::add(company.fields.values, 1);
+  EXPECT_EQ(company.close(), refused(10000002));
+  company.fields = stage::Fields();
+  EXPECT_EQ(company.close(), refused(10000002));
+  EXPECT_EQ(company.stage.transcript().find("rights.PowerCheck"), std::string::npos);
+  EXPECT_EQ(company.stage.transcript().find(".Open"), std::string::npos);
+}
+
+TEST(MonthClose, OnlyARightOfExactlyOneLetsTheRunBegin) {
+  for (const Value& right : {Value(0), Value(2), Value(-1), Value(Null{}), Value(true)}) {
+    MonthCloseStage company;
+    company.stage.set("CanInsert", right);
+    EXPECT_EQ(company.close(), refused(10000016)) << stage::shown(right);
+    EXPECT_TRUE(company.stage.transcript().ends_with(
+        "rights.PowerCheck 'STK027CLOSE'\nrights.CanInsert\nmessages.Msg10000016\n"));
+    EXPECT_EQ(company.stage.transcript().find(".Open"), std::string::npos);
+  }
+}
+
+TEST(MonthClose, AClosedDateIsRefusedBeforeAnythingIsDeleted) {
+  MonthCloseStage company;
+  company.stage.finds("Select top 1 * From STKCLOSEHD WHERE CLOSEDT=#2024/03/31#", {{"CLOSEDT"}, {{1}}});
+  EXPECT_EQ(company.close(), refused(10000004));
+  EXPECT_EQ(company.stage.database_calls(),
+            "R1.CursorLocation = 3\n"
+            "R2.CursorLocation = 3\n"
+            "C1.Open 'DSN=x' '' '' -1\n"
+            "R1.Open Select top 1 * From STKCLOSEHD WHERE CLOSEDT=#2024/03/31# | C1 3 1 -1\n"
+            "R1.Close\n"
+            "C1.Close\n");
+}
+
+TEST(MonthClose, WithoutAnEarlierCloseThePeriodBeginsAfterTheYear2000) {
+  for (const char* kind : {"MSACCESS", "MSSQLSERVER"}) {
+    MonthCloseStage company(kind);
+    EXPECT_EQ(company.close("2024/04/30"), done);
+    EXPECT_NE(company.stage.transcript().find("TRANDT>" + company.literal("2000/01/01") +
+                                              " AND STKTRANHD.TRANDT<=" + company.literal("2024/04/30")),
+              std::string::npos);
+  }
+}
+
+TEST(MonthClose, WithoutDepartmentsItEndsWithAFixedTextAndClosesNothing) {
+  stage::Stage stage;
+  stage.set("CanInsert", 1);
+  stage::Fields fields{{"CLOSEDT", "2024/03/31"}};
+  const auto client = stage.client("CStockClose");
+  EXPECT_EQ(stage::outcome_of(client, client.call("Insert", "2024/03/31", automation::ref(fields.names),
+                                                  automation::ref(fields.values))),
+            (Outcome{0, 1, "Department have not been setted"}));
+  EXPECT_TRUE(stage.database_calls().ends_with(
+      "R2.Open Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO | C1 3 4 -1\n"));
+}
+
+TEST(MonthClose, ANumberNotIssuedForADepartmentLeavesTheFinishedDocuments) {
+  MonthCloseStage company;
+  company.stage.document_numbers = 1;
+  company.stage.set("system.ErrNumber", 42).set("system.ErrDescription", "none left");
+  EXPECT_EQ(company.close(), trapped(42, "none left"));
+  EXPECT_EQ(cleanups(company.stage.transcript()), 1) << "only the one before the departments";
+  EXPECT_TRUE(
+      company.stage.transcript().ends_with("C2.CommitTrans\nR3.Close\nR4.Close\n"
+                                           "system.GetTableKeyID 'STK027CLOSE' 'TRANNO' 'K001'\n"
+                                           "system.ErrNumber\nsystem.ErrDescription\n"));
+}
+
+TEST(MonthClose, TheErrorOfANumberNotIssuedIsCopiedEvenWhenItIsZero) {
+  MonthCloseStage company;
+  company.stage.document_numbers = 0;
+  EXPECT_EQ(company.close(), trapped(0, ""));
+}
+
+TEST(MonthClose, AFailedDepartmentRemovesAllUnapprovedDocuments) {
+  MonthCloseStage company;
+  company.stage.fails("Values('K002','STK027CLOSE'", Error(-2147217900, "bad header"));
+  EXPECT_EQ(company.close(), trapped(-2147217900, "bad header"));
+  EXPECT_EQ(cleanups(company.stage.transcript()), 2);
+  EXPECT_TRUE(company.stage.database_calls().ends_with(cleanup_set + "C1.Close\n"));
+}
+
+TEST(MonthClose, ANumberNotIssuedForTheCompanyRemovesAllAndLeavesTheConnectionUnclosed) {
+  MonthCloseStage company;
+  company.stage.document_numbers = 2;
+  company.stage.set("system.ErrNumber", 42).set("system.ErrDescription", "none left");
+  EXPECT_EQ(company.close(), trapped(42, "none left"));
+  EXPECT_EQ(cleanups(company.stage.transcript()), 2);
+  EXPECT_TRUE(company.stage.database_calls().ends_with("R2.Close\n" + cleanup_set));
+}
+
+TEST(MonthClose, AFailedCompanyCloseRemovesAllUnapprovedDocuments) {
+  MonthCloseStage company;
+  company.stage.fails("system.GetLastUprice", Error(-2147467259, "no price"));
+  EXPECT_EQ(company.close(), trapped(-2147467259, "no price"));
+  EXPECT_EQ(cleanups(company.stage.transcript()), 2);
+  EXPECT_TRUE(company.stage.database_calls().ends_with(cleanup_set + "C1.Close\n"));
+}
+
+TEST(MonthClose, ABuilderErrorRemovesAllUnapprovedDocuments) {
+  MonthCloseStage company;
+  company.stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
+  EXPECT_EQ(company.close(), trapped(77, "no such column"));
+  EXPECT_EQ(cleanups(company.stage.transcript()), 2);
+  EXPECT_TRUE(company.stage.database_calls().ends_with(cleanup_set + "R1.Close\nC1.Close\n"));
+}
+
+TEST(MonthClose, AnErrorOfTheRunItselfRollsNothingBack) {
+  MonthCloseStage company;
+  company.stage.fails("<GetInsertSQL STKCLOSEHD> |", Error(-2147217873, "duplicate"));
+  EXPECT_EQ(company.close(), trapped(-2147217873, "duplicate"));
+  EXPECT_TRUE(
+      company.stage.database_calls().ends_with("C1.Execute <GetInsertSQL STKCLOSEHD> | -1 ! duplicate\n"));
+  EXPECT_EQ(company.stage.transcript().find("RollbackTrans"), std::string::npos);
+}
+
+TEST(MonthClose, WhatIsNoDateEndsInTheTrapBeforeAnyCheck) {
+  for (const Value& date : {Value("March"), Value(""), Value("2024/02/30"), Value(Null{}), Value(45382)}) {
+    MonthCloseStage company;
+    company.fields = stage::Fields();
+    EXPECT_EQ(company.close(date), trapped(13, "Type mismatch")) << stage::shown(date);
+    EXPECT_EQ(company.stage.transcript().find("rights.PowerCheck"), std::string::npos);
+  }
+}
+
+TEST(MonthClose, ADepartmentWithoutMovementsGetsNoDocument) {
+  MonthCloseStage company;
+  automation::Value id = "K9", date = "#2024/03/31#", department = "30";
+  EXPECT_EQ(company.close(), done);
+  company.stage.clear();
+  const Value result = company.client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date),
+                                           automation::ref(department));
+  EXPECT_EQ(stage::outcome_of(company.client, result), done);
+  EXPECT_EQ(company.stage.transcript().find("Execute"), std::string::npos);
+  EXPECT_TRUE(company.stage.transcript().ends_with("C5.BeginTrans\nC5.CommitTrans\nR10.Close\nR11.Close\n"));
+}
+
+TEST(MonthClose, WithoutDepartmentDocumentsTheCompanyGetsNone) {
+  stage::Stage stage;
+  const auto client = stage.client("CStockClose");
+  Value id = "K9", date = "#2024/03/31#";
+  EXPECT_EQ(
+      stage::outcome_of(client, client.call("STKMonthClose", automation::ref(id), automation::ref(date))),
+      done);
+  EXPECT_EQ(stage.transcript().find("Execute"), std::string::npos);
+  EXPECT_TRUE(stage.database_calls().ends_with("C1.BeginTrans\nC1.CommitTrans\nR1.Close\n"));
+}
+
+TEST(MonthClose, TheStepsAloneOnAFreshObjectWriteMalformedDates) {
+  stage::Stage stage;
+  const auto client = stage.client("CStockClose");
+  Value id = "K9", date = "#2024/03/31#", department = "10";
+  client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));
+  EXPECT_NE(stage.transcript().find("STKTRANHD.TRANDT> AND STKTRANHD.TRANDT<=#2024/03/31# AND  "),
+            std::string::npos);
+  client.call("STKMonthClose", automation::ref(id), automation::ref(date));
+  EXPECT_NE(stage.transcript().find(" Where STKTRANHD.TRANDT= AND STKTRANHD.TRANTYPE="), std::string::npos);
+}
+
+TEST(MonthClose, APartIsPricedByItsPriceTypeAndMaterialType) {
+  const struct {
+    Value price_type;
+    Value material_type;
+    const char* function;
+  } rows[] = {{2, 2, "GetPartCost"},       {2, 3.0, "GetPartCost"},  {2, 1, "GetAvgUprice"},
+              {2, Null{}, "GetAvgUprice"}, {1, 1, "GetLastUprice"},  {1, 2, "GetLastUprice"},
+              {1, 99, "GetLastUprice"},    {3, 2, "GetAvgUprice"},   {0, 2, "GetAvgUprice"},
+              {Null{}, 2, "GetAvgUprice"}, {"2", "2", "GetPartCost"}};
+  for (const auto& [price_type, material_type, function] : rows) {
+    stage::Stage stage;
+    stage.finds(MonthCloseStage::documents_query(""), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
+                                                       {{material_type, "A", price_type, Null{}, 1.0}}});
+    stage.set("system.GetPartCost", 1).set("system.GetLastUprice", 1).set("system.GetAvgUprice", 1);
+    const auto client = stage.client("CStockClose");
+    Value id = "K9", date = "#2024/03/31#";
+    client.call("STKMonthClose", automation::ref(id), automation::ref(date));
+    EXPECT_NE(stage.transcript().find(std::string("system.") + function + " "), std::string::npos)
+        << stage::shown(price_type) << " " << stage::shown(material_type);
+  }
+}
+
+TEST(MonthClose, ANullSumEndsTheDepartmentInTheTrap) {
+  stage::Stage stage;
+  const auto client = stage.client("CStockClose");
+  std::string query = MonthCloseStage().outgoing_query("10");
+  query.replace(query.find("#2024/02/29#"), 12, "");
+  stage.finds(query, {{"PARTNO", "QTY"}, {{"A", Null{}}}});
+  Value id = "K9", date = "#2024/03/31#", department = "10";
+  EXPECT_EQ(stage::outcome_of(client, client.call("STKMonthCloseDept", automation::ref(id),
+                                                  automation::ref(date), automation::ref(department))),
+            trapped(94, "Invalid use of Null"));
+}
+
+TEST(MonthClose, ThePreviousCloseIsADayWhateverItsTime) {
+  MonthCloseStage company;
+  company.stage.finds("Select Top 1 * From STKCLOSEHD Where CLOSEDT<#2024/04/30# Order By CLOSEDT DESC",
+                      {{"CLOSEDT"}, {{automation::Date{45382.75}}}});
+  EXPECT_EQ(company.close("2024/04/30"), done);
+  EXPECT_NE(company.stage.transcript().find("TRANDT>#2024/03/31# AND STKTRANHD.TRANDT<=#2024/04/30#"),
+            std::string::npos);
+}
+
+TEST(MonthClose, ANumberIsIssuedUnlessTheAnswerIsZero) {
+  for (const Value& answer : {Value(2), Value(-1), Value(0.5), Value(true), Value("1")}) {
+    MonthCloseStage company;
+    company.stage.set("system.GetTableKeyID", answer);
+    EXPECT_EQ(company.close(), done) << stage::shown(answer);
+  }
+  for (const Value& answer : {Value(0), Value(0.0), Value("0"), Value(), Value(false)}) {
+    MonthCloseStage company;
+    company.stage.set("system.GetTableKeyID", answer);
+    EXPECT_EQ(company.close().result, 0) << stage::shown(answer);
+  }
+}
+
+TEST(MonthClose, ACleanUpThatFailsIsTheErrorThatIsTold) {
+  MonthCloseStage company;
+  company.stage.fails("Values('K002','STK027CLOSE'", Error(-2147217900, "bad header"));
+  company.stage.fails("STKCLOSEALL' AND STKTRANHD.STATUSSN=0", Error(-2147467259, "locked"), 3);
+  EXPECT_EQ(company.close(), trapped(-2147467259, "locked"));
+}
+
+TEST(MonthClose, ABuilderErrorIsReadAfterTheCleanUp) {
+  MonthCloseStage company;
+  company.stage.set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
+  EXPECT_EQ(company.close(), trapped(77, "no such column"));
+  EXPECT_TRUE(company.stage.transcript().ends_with(
+      "C1.CommitTrans\nrights.ErrNumber\nrights.ErrDescription\nR1.Close\nC1.Close\n"));
+}
+
+TEST(MonthClose, ADepartmentWithoutANameIsClosedAndOneWithoutANumberIsNot) {
+  for (const bool has_number : {true, false}) {
+    stage::Stage stage;
+    stage.set("CanInsert", 1);
+    stage.finds("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO",
+                {{"DEPTNO", "DEPTNM"}, {{has_number ? Value("10") : Value(Null{}), Null{}}}});
+    stage::Fields fields{{"CLOSEDT", "2024/03/31"}};
+    const auto client = stage.client("CStockClose");
+    const auto outcome = stage::outcome_of(
+        client,
+        client.call("Insert", "2024/03/31", automation::ref(fields.names), automation::ref(fields.values)));
+    EXPECT_EQ(outcome, has_number ? done : trapped(94, "Invalid use of Null"));
+  }
+}
+
+TEST(MonthClose, UserAndPartsAreWrittenAsTheyStand) {
+  stage::Stage stage;
+  stage.user = "O'Neil";
+  std::string query = MonthCloseStage().outgoing_query("1'0");
+  query.replace(query.find("#2024/02/29#"), 12, "");
+  stage.finds(query, {{"PARTNO", "QTY"}, {{"a'b", 1.0}, {Null{}, 2.0}}});
+  const auto client = stage.client("CStockClose");
+  Value id = "K9", date = "#2024/03/31#", department = "1'0";
+  client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));
+  EXPECT_NE(stage.transcript().find("Values('K9','',0,'a'b',1, 0 ,'O'Neil',,'O'Neil',)"), std::string::npos)
+      << stage.transcript();
+  EXPECT_NE(stage.transcript().find("Values('K9','',0,'',2, 0 ,"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tallyra

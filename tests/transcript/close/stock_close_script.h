@@ -1,0 +1,30 @@
+#pragma once
+
+#include "tests/support/fields.h"
+#include "tests/support/outcome.h"
+#include "tests/support/stage.h"
+
+namespace tallyra {
+
+// A company with two departments on a stage, ready to close March 2024 after a close of February. Parts that
+// only go out, only come in, or do both, before, between and behind each other.
+class MonthCloseStage {
+ public:
+  explicit MonthCloseStage(const std::string& system_database = "MSACCESS");
+
+  stage::Outcome close(const automation::Value& date = "2024/03/31");
+
+  std::string outgoing_query(const std::string& department) const;
+  std::string incoming_query(const std::string& department) const;
+  // The query of the company close; the literal of the document date.
+  static std::string documents_query(const std::string& date_literal);
+  // The date between the quotes of the kind.
+  std::string literal(const std::string& date) const { return quote + date + quote; }
+
+  std::string quote;
+  stage::Stage stage;
+  stage::Fields fields{{"CLOSEDT", "2024/03/31"}, {"STATUSSN", 0}};
+  automation::Object client;
+};
+
+}  // namespace tallyra

@@ -1,0 +1,82 @@
+#include "tests/transcript/stockcheck/stocktaking_script.h"
+
+#include <sstream>
+
+namespace tallyra::stockcheck_test {
+
+using automation::Date;
+using automation::ref;
+using automation::Value;
+
+StocktakingStage::StocktakingStage(const std::string& system_database)
+    : quote(system_database == "MSACCESS" ? "#" : "'"), stage(system_database) {
+  stage.set("CanApproved", 1).set("wording.StatusApproved", "Approved").set("wording.NameCheck", "Counted");
+  stage.finds(close_query(), {{"CLOSEDT", "STATUSSN"}, {{Date{45351}, 1}}});
+  client = stage.client("CCheckHead");
+}
+
+StocktakingStage& StocktakingStage::sheet(const std::vector<Counted>& lines, const Value& check_date) {
+  stage::Rows rows{{"CHECKDT", "CHECKNO", "PARTNO", "QTY", "UPRICE", "DEPTNO", "DEPTNM"}, {}};
+  for (const auto& [part, quantity, price, department_name] : lines)
+    rows.rows.push_back({check_date, "S1", part, quantity, price, "10", department_name});
+  stage.finds(lines_query(), rows);
+  return *this;
+}
+
+StocktakingStage& StocktakingStage::moved(const std::string& part, Value out, Value in) {
+  stage.finds(outgoing_query(part), {{"QTY"}, {{std::move(out)}}});
+  stage.finds(incoming_query(part), {{"QTY"}, {{std::move(in)}}});
+  return *this;
+}
+
+stage::Outcome StocktakingStage::approve() {
+  Value tag = "APPROVED";
+  return stage::outcome_of(client,
+                           client.call("Update", "S1", ref(fields.names), ref(fields.values), ref(tag)));
+}
+
+std::string StocktakingStage::lines_query() const {
+  return std::string("SELECT STKCHECKHD.CHECKDT,STKCHECKDT.*,STKCHECKHD.DEPTNO,DEPARTS.DEPTNM ") +
+         " FROM (STKCHECKDT Inner Join STKCHECKHD On (STKCHECKDT.CHECKNO=STKCHECKHD.CHECKNO)) Inner Join "
+         "DEPARTS On (STKCHECKHD.DEPTNO=DEPARTS.DEPTNO) " +
+         " WHERE STKCHECKDT.CHECKNO='S1' Order By STKCHECKDT.PARTNO";
+}
+
+std::string StocktakingStage::close_query(const std::string& check_date) const {
+  return std::string("Select TOP 1 * From STKCLOSEHD ") + " WHERE CLOSEDT<=" + literal(check_date) +
+         " Order By CLOSEDT Desc";
+}
+
+std::string StocktakingStage::outgoing_query(const std::string& part) const {
+  return std::string(
+             "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
+             "STKTRANDT.TRANNO=STKTRANHD.TRANNO ") +
+         " Where  STKTRANHD.DEPTNOFR='10' And STKTRANHD.TRANDT>" + literal(period_begin) +
+         " And STKTRANHD.TRANDT<=" + literal(period_end) + " AND STKTRANDT.PARTNO='" + part + "'";
+}
+
+std::string StocktakingStage::incoming_query(const std::string& part) const {
+  return std::string(
+             "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
+             "STKTRANDT.TRANNO=STKTRANHD.TRANNO ") +
+         " Where  STKTRANHD.DEPTNOTO='10' And STKTRANHD.TRANDT>" + literal(period_begin) +
+         " And STKTRANHD.TRANDT<=" + literal(period_end) +
+         " And STKTRANHD.TRANTYPE='STK024MRPL' AND STKTRANDT.PARTNO='" + part + "'";
+}
+
+std::string StocktakingStage::after(const std::string& text) const {
+  const auto at = stage.transcript().find(text);
+  if (at == std::string::npos) return {};
+  const auto from = at + text.size();
+  return stage.transcript().substr(from, stage.transcript().find('\n', from) - from);
+}
+
+int StocktakingStage::count(const std::string& text) const {
+  std::istringstream lines(stage.transcript());
+  int found = 0;
+  for (std::string line; std::getline(lines, line);)
+    if (line.find(text) != std::string::npos) ++found;
+  return found;
+}
+
+}  // namespace tallyra::stockcheck_test

@@ -1,0 +1,164 @@
+#include "client/client.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "automation/convert.h"
+#include "tests/unit/client/client_run.h"
+#include "tests/unit/client/counting_database.h"
+
+namespace tallyra::client {
+namespace {
+
+using automation::Arguments;
+using automation::Value;
+
+TEST_F(Client, PrintsTheReportAndEndsWithZeroOnSuccess) {
+  script_class("Tallyra.CRevAddr", "Read", [](Arguments arguments) -> Value {
+    automation::to_object(arguments[1].get()).call("Add", "ADDRNO");
+    automation::to_object(arguments[2].get()).call("Add", "A1");
+    return 100.0F;
+  });
+  EXPECT_EQ(run({"--user", "ANNA", "CRevAddr", "Read", "A1"}), exit_done);
+  EXPECT_EQ(out_.str(),
+            "Class           Tallyra.CRevAddr\n"
+            "Member          Read\n"
+            "Result          100\n"
+            "ErrNumber       0\n"
+            "ErrDescription\n"
+            "\n"
+            "Field   Type  Value\n"
+            "------  ----  -----\n"
+            "ADDRNO  text  A1\n");
+  EXPECT_EQ(error_.str(), "");
+  EXPECT_EQ(log_,
+            (ScriptedObject::Log{"put UserID ANNA", "put SystemDatabase MSACCESS",
+                                 "call Read A1 (object) (object)", "get ErrNumber", "get ErrDescription"}));
+}
+
+TEST_F(Client, EndsWithOneWhenTheCallIsRefusedAndStillReports) {
+  script_class(
+      "Tallyra.CRevAddr", "Read", [](Arguments) -> Value { return 100.0F; }, 10000003, "No such record");
+  EXPECT_EQ(run({"--json", "CRevAddr", "Read", "A9"}), exit_failed);
+  const auto json = nlohmann::json::parse(out_.str());
+  EXPECT_EQ(json["errNumber"], 10000003);
+  EXPECT_EQ(json["errDescription"], "No such record");
+  EXPECT_EQ(json["success"], false);
+  EXPECT_EQ(error_.str(), "");
+}
+
+TEST_F(Client, EndsWithOneAndTheErrorWhenOneLeavesTheObject) {
+  script_class(
+      "Tallyra.CRevAddr", "Delete", [](Arguments) -> Value { throw automation::Error(3704, "not open"); },
+      10000112, "closed period");
+  EXPECT_EQ(run({"CRevAddr", "Delete", "A1"}), exit_failed);
+  EXPECT_EQ(out_.str(),
+            "Class           Tallyra.CRevAddr\n"
+            "Member          Delete\n"
+            "ErrNumber       10000112\n"
+            "ErrDescription  closed period\n");
+  EXPECT_EQ(error_.str(), "tallyra-client: the call failed with error 3704: not open\n");
+}
+
+TEST_F(Client, EndsWithTwoAndAnExplanationOnWrongUsage) {
+  script_class("Tallyra.CRevAddr", "Read", [](Arguments) -> Value { throw automation::Error(450); });
+  const struct {
+    std::vector<std::string> words;
+    const char* message;
+  } rows[] = {
+      {{"CUnknown", "Read"}, "there is no class Tallyra.CUnknown; "},
+      {{"CRevAddr", "Raed"}, "Tallyra.CRevAddr has no member Raed; its members are Read, "},
+      {{"CRevAddr", "Read", "A1", "x"},
+       "Tallyra.CRevAddr Read: Wrong number of arguments or invalid property assignment (4 arguments were "
+       "given); write: Read cAddrNo @\n"},
+      {{"CRevAddr", "Read", "i:x"}, "'i:x' is no valid value: "},
+      {{"--bad", "CRevAddr", "Read"}, "there is no option --bad; "},
+      {{}, "no class given; "},
+  };
+  for (const auto& row : rows) {
+    out_.str("");
+    error_.str("");
+    EXPECT_EQ(run(row.words), exit_wrong_usage);
+    EXPECT_EQ(out_.str(), "");
+    EXPECT_TRUE(error_.str().starts_with(std::string("tallyra-client: ") + row.message)) << error_.str();
+    EXPECT_TRUE(error_.str().ends_with("\nTry 'tallyra-client --help'.\n")) << error_.str();
+  }
+}
+
+TEST_F(Client, PrintsHelpAndListOnTheOrdinaryOutput) {
+  EXPECT_EQ(run({"--help"}), exit_done);
+  EXPECT_NE(out_.str().find("Usage:"), std::string::npos);
+  EXPECT_EQ(run({"--list"}), exit_done);
+  EXPECT_NE(out_.str().find("Tallyra.CStockClose"), std::string::npos);
+  EXPECT_EQ(error_.str(), "");
+}
+
+class LongClose : public Client {
+ protected:
+  // A close that lasts until its progress has been counted and shown, and then does what the test says.
+  void close_when_counted(std::function<Value()> end) {
+    database_.set(12, 50);
+    script_class("Tallyra.CStockClose", "Insert", [this, end](Arguments) {
+      using namespace std::chrono_literals;
+      const auto deadline = std::chrono::steady_clock::now() + 20s;
+      while (database_.statements() < 3 && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(1ms);
+      return end();
+    });
+  }
+  static Value last_many_turns(Arguments) {
+    std::this_thread::sleep_for(20 * progress_interval);
+    return 100.0F;
+  }
+
+  CountingDatabase database_;
+};
+
+const std::vector<std::string> close_words{"--db",   "DSN=x",      "CStockClose",
+                                           "Insert", "2024/01/31", "CLOSEDT=d:2024/01/31"};
+const std::string progress_text =
+    "\rClosing 2024/01/31: 12 of 50 departments\r" + std::string(40, ' ') + "\r";
+
+TEST_F(LongClose, ShowsProgressOnATerminal) {
+  close_when_counted([] { return 100.0F; });
+  error_is_terminal_ = true;
+  EXPECT_EQ(run(close_words), exit_done);
+  EXPECT_EQ(error_.str(), progress_text);
+}
+
+TEST_F(LongClose, ShowsProgressElsewhereOnlyWhenAsked) {
+  close_when_counted([] { return 100.0F; });
+  auto words = close_words;
+  words.insert(words.begin(), "--progress");
+  EXPECT_EQ(run(words), exit_done);
+  EXPECT_EQ(error_.str(), progress_text);
+}
+
+TEST_F(LongClose, ShowsNoneWhenForbiddenAndWithoutATerminal) {
+  script_class("Tallyra.CStockClose", "Insert", last_many_turns);
+  EXPECT_EQ(run(close_words), exit_done);
+  error_is_terminal_ = true;
+  auto words = close_words;
+  words.insert(words.begin(), "--no-progress");
+  EXPECT_EQ(run(words), exit_done);
+  EXPECT_EQ(error_.str(), "");
+  EXPECT_EQ(database_.statements(), 0);
+}
+
+TEST_F(LongClose, ClearsTheLineBeforeAnErrorIsTold) {
+  close_when_counted([]() -> Value { throw automation::Error(3704, "not open"); });
+  error_is_terminal_ = true;
+  EXPECT_EQ(run(close_words), exit_failed);
+  EXPECT_EQ(error_.str(), progress_text + "tallyra-client: the call failed with error 3704: not open\n");
+}
+
+TEST_F(LongClose, IsTheOnlyCallWithProgress) {
+  script_class("Tallyra.CStockClose", "Delete", last_many_turns);
+  error_is_terminal_ = true;
+  EXPECT_EQ(run({"--progress", "--db", "DSN=x", "CStockClose", "Delete", "2024/01/31"}), exit_done);
+  EXPECT_EQ(database_.statements(), 0);
+}
+
+}  // namespace
+}  // namespace tallyra::client

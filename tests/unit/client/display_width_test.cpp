@@ -1,0 +1,63 @@
+#include "client/display_width.h"
+
+#include <gtest/gtest.h>
+
+namespace tallyra::client {
+namespace {
+
+TEST(DisplayWidth, CountsColumnsNotBytes) {
+  const struct {
+    const char* text;
+    std::size_t width;
+  } rows[] = {
+      {"", 0},
+      {"abc", 3},
+      {"äöü", 3},
+      {"仓库", 4},
+      {"한국", 4},
+      {"カナ", 4},
+      {"ｶﾅ", 2},
+      {"Ａ", 2},
+      {"e\u0301", 1},
+      {"\u200Bx", 1},
+      {"😀", 2},
+      {"–…", 2},
+      {"𠀀", 2},
+      {"A仓1", 4},
+      {"\xFFx", 2},
+      {"\xE4\xBB", 2},
+      {"\xC0\x80", 2},
+      {"\xED\xA0\x80", 3},  // half of a surrogate pair is no character
+      {"\xF4\x90\x80\x80", 4},
+  };
+  for (const auto& row : rows) EXPECT_EQ(display_width(row.text), row.width) << row.text;
+}
+
+TEST(PrintableLines, CutsAtLineEndsAndDefusesControlCharacters) {
+  const struct {
+    const char* text;
+    std::vector<std::string> lines;
+  } rows[] = {
+      {"", {""}},
+      {"one", {"one"}},
+      {"one\ntwo\r\nthree\rfour", {"one", "two", "three", "four"}},
+      {"end\n", {"end", ""}},
+      {"\x1B[2J\t\x7F", {"\\x1B[2J\\x09\\x7F"}},
+      {"\xC2\x9B", {"\\x9B"}},
+      {"a\xFFz", {"a\xEF\xBF\xBDz"}},
+      {"仓库", {"仓库"}},
+  };
+  for (const auto& row : rows) EXPECT_EQ(printable_lines(row.text), row.lines) << row.text;
+}
+
+TEST(CutToWidth, KeepsWholeCharactersThatFit) {
+  EXPECT_EQ(cut_to_width("abc", 5), "abc");
+  EXPECT_EQ(cut_to_width("abc", 3), "abc");
+  EXPECT_EQ(cut_to_width("abc", 2), "ab");
+  EXPECT_EQ(cut_to_width("仓库", 3), "仓");
+  EXPECT_EQ(cut_to_width("e\u0301x", 1), "e\u0301");
+  EXPECT_EQ(cut_to_width("abc", 0), "");
+}
+
+}  // namespace
+}  // namespace tallyra::client

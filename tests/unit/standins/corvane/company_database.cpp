@@ -1,0 +1,94 @@
+#include "tests/unit/standins/corvane/company_database.h"
+
+#include <fstream>
+
+#include "automation/convert.h"
+#include "automation/create.h"
+#include "standins/ado/local_classes.h"
+#include "standins/corvane/database.h"
+#include "standins/corvane/local_classes.h"
+
+namespace tallyra::standins::corvane::testing {
+namespace {
+
+// The statements of a script whose comments are whole lines.
+std::vector<std::string> statements_of(const char* script) {
+  std::ifstream file(script);
+  std::vector<std::string> statements(1);
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with("--")) continue;
+    statements.back() += line + '\n';
+    if (line.ends_with(';')) {
+      statements.back().erase(statements.back().rfind(';'));
+      statements.emplace_back();
+    }
+  }
+  statements.pop_back();
+  return statements;
+}
+
+}  // namespace
+
+CompanyDatabase::CompanyDatabase()
+    : connection_string_("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";SyncPragma=OFF") {
+  ado::register_classes();
+  register_classes();
+  run(statements_of(TALLYRA_SCHEMA));
+}
+
+std::filesystem::path CompanyDatabase::file() const {
+  return folder_.file("company.db");
+}
+
+std::filesystem::path CompanyDatabase::key_file() const {
+  return folder_.file("company.db.keys");
+}
+
+automation::Object CompanyDatabase::open() const {
+  return open_connection(connection_string_);
+}
+
+automation::Object CompanyDatabase::open(const std::string& file) const {
+  return open_connection("DRIVER={SQLite3};Database=" + file);
+}
+
+void CompanyDatabase::run(const std::vector<std::string>& statements) const {
+  const automation::Object connection = open();
+  for (const std::string& statement : statements) {
+    automation::Value affected;
+    connection.call("Execute", statement, automation::ref(affected), -1);
+  }
+  connection.call("Close");
+}
+
+automation::Value CompanyDatabase::value(const std::string& query) const {
+  const automation::Object connection = open();
+  automation::Value affected;
+  const automation::Object rows =
+      automation::to_object(connection.call("Execute", query, automation::ref(affected), -1));
+  const automation::Object fields = automation::to_object(rows.get("Fields"));
+  const automation::Value value = automation::to_object(fields.call("Item", 0)).get("Value");
+  rows.call("Close");
+  connection.call("Close");
+  return value;
+}
+
+automation::Object CompanyDatabase::power_check(std::string_view user) const {
+  automation::Object object = automation::create("Corvane.CPowerCheck");
+  object.put("Language", "EN");
+  object.put("ConnectionString", connection_string_);
+  object.put("UserID", user);
+  object.put("SystemDatabase", "MSSQLSERVER");
+  return object;
+}
+
+automation::Object CompanyDatabase::system() const {
+  automation::Object object = automation::create("Corvane.CSystem");
+  object.put("Language", "EN");
+  object.put("ConnectionString", connection_string_);
+  object.put("UserID", "ANNA");
+  object.put("DatabaseName", "MSSQLSERVER");
+  return object;
+}
+
+}  // namespace tallyra::standins::corvane::testing
