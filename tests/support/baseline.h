@@ -4,8 +4,8 @@
 
 namespace tallyra::stage {
 
-// The text of a file beside the tests, such as "close/month_close.access.txt", that a long transcript is held
-// against. With TALLYRA_APPROVE=1 in the environment the file takes the actual text instead, and the
+// The text of a file beside the tests, such as "close/stock_close_insert.access.txt", that a long transcript
+// is held against. With TALLYRA_APPROVE=1 in the environment the file takes the actual text instead, and the
 // comparison fails: such a run proves nothing.
 std::string approved(const std::string& file, const std::string& actual);
 

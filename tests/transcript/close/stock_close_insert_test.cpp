@@ -39,14 +39,14 @@ TEST(MonthClose, TheWholeRunOnAccess) {
   MonthCloseStage company("MSACCESS");
   EXPECT_EQ(company.close(), done);
   EXPECT_EQ(company.stage.transcript(),
-            stage::approved("close/month_close.access.txt", company.stage.transcript()));
+            stage::approved("close/stock_close_insert.access.txt", company.stage.transcript()));
 }
 
 TEST(MonthClose, TheWholeRunOnSqlServer) {
   MonthCloseStage company("MSSQLSERVER");
   EXPECT_EQ(company.close(), done);
   EXPECT_EQ(company.stage.transcript(),
-            stage::approved("close/month_close.sqlserver.txt", company.stage.transcript()));
+            stage::approved("close/stock_close_insert.sqlserver.txt", company.stage.transcript()));
 }
 
 TEST(MonthClose, EveryOtherKindIsWrittenAsSqlServer) {

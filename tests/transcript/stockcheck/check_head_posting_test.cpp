@@ -39,7 +39,7 @@ TEST(CheckPosting, TheWholeApprovalOnAccess) {
   prepare(check);
   EXPECT_EQ(check.approve(), posted);
   EXPECT_EQ(check.stage.transcript(),
-            stage::approved("stockcheck/approval.access.txt", check.stage.transcript()));
+            stage::approved("stockcheck/check_head_posting.access.txt", check.stage.transcript()));
 }
 
 TEST(CheckPosting, TheWholeApprovalOnSqlServer) {
@@ -47,7 +47,7 @@ TEST(CheckPosting, TheWholeApprovalOnSqlServer) {
   prepare(check);
   EXPECT_EQ(check.approve(), posted);
   EXPECT_EQ(check.stage.transcript(),
-            stage::approved("stockcheck/approval.sqlserver.txt", check.stage.transcript()));
+            stage::approved("stockcheck/check_head_posting.sqlserver.txt", check.stage.transcript()));
 }
 
 TEST(CheckPosting, AKindThatIsNotNamedGetsQuotes) {
