@@ -155,7 +155,8 @@ TEST(Image, TellsItsVersion) {
   UINT size = 0;
   ASSERT_TRUE(VerQueryValueW(data.data(), L"\\", &found, &size));
   const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(found);
-  EXPECT_EQ(fixed->dwFileVersionMS, MAKELONG(0, 1)) << "1.0";
+  EXPECT_EQ(fixed->dwFileVersionMS, MAKELONG(TALLYRA_MINOR, TALLYRA_MAJOR));
+  EXPECT_EQ(fixed->dwFileVersionLS, MAKELONG(0, TALLYRA_PATCH));
   EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(VFT_DLL));
 }
 
