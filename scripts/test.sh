@@ -1,8 +1,27 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs every test: the release build, the same tests under the address and undefined-behaviour
-# sanitizers, and the Windows build under Wine, in English and in German surroundings. The last line is
-# "N passed, N failed".
+# Sets up, builds and tests: everything, or one level. The last line is "N passed, N failed".
+#
+#   test.sh                      every level, in this order
+#   test.sh LEVEL [FILTER]       one; of the tests that CTest runs only those whose name fits FILTER (ctest -R)
+#
+#   release         the native tests
+#   check           the gate, see check.sh; FILTER is the name of one of its checks
+#   demo            the demo, which checks what it shows
+#   sanitize        the native tests under the address and undefined-behaviour sanitizers
+#   windows         the Windows build under Wine
+#   windows-german  the same as a German user, for whom statements, numbers and dates must not be others
+#   demo-dll        the demo through the DLL
 source "$(dirname "$0")/setup.sh"
+
+levels=(release check demo sanitize windows windows-german demo-dll)
+only=${1:-} filter=${2:-}
+case " ${levels[*]} " in
+  *" ${only:-release} "*) [ -z "$only" ] || levels=("$only") ;;
+  *)
+    echo "test.sh: \"$only\" is none of ${levels[*]}; see --help" >&2
+    exit 2
+    ;;
+esac
 
 setup_native
 mkdir -p "$repository/build"
@@ -10,14 +29,14 @@ mkdir -p "$repository/build"
 passed=0
 failed=0
 
-log_of() { echo "$repository/build/test-$(tr 'A-Z ' 'a-z-' <<<"$1").log"; }
+log_of() { echo "$repository/build/test-$1.log"; }
 
 # run_level NAME PRESET: runs the tests that CTest knows in a build and adds their numbers up.
 run_level() {
   local name=$1 preset=$2 log
   log=$(log_of "$name")
   say "$name: testing"
-  (cd "$repository" && ctest --preset "$preset" -j "$(nproc)" --progress) >"$log" 2>&1 || true
+  (cd "$repository" && ctest --preset "$preset" -j "$(nproc)" --progress ${filter:+-R "$filter"}) >"$log" 2>&1 || true
   local total bad
   total=$(sed -n 's/^.*tests passed, \([0-9]*\) tests\? failed out of \([0-9]*\).*$/\2/p' "$log" | tail -n 1)
   bad=$(sed -n 's/^.*tests passed, \([0-9]*\) tests\? failed out of \([0-9]*\).*$/\1/p' "$log" | tail -n 1)
@@ -39,42 +58,50 @@ run_script() {
   local name=$1 log
   shift
   log=$(log_of "$name")
+  say "$name"
   if "$@" >"$log" 2>&1; then
     say "$name: passed (log: build/$(basename "$log"))"
     passed=$((passed + 1))
   else
-    tail -n 40 "$log"
+    tail -n 120 "$log"
     say "$name: failed"
     failed=$((failed + 1))
   fi
 }
 
-# built NAME COMMAND...: a build is no test, but a failed one is a failure; the tests behind it are left out then.
+# built NAME COMMAND...: builds once. A build is no test, but a failed one is a failure; the levels that need it are
+# left out then.
+declare -A builds
 built() {
   local name=$1 log
   shift
-  log=$(log_of "$name")
-  say "$name"
-  "$@" >"$log" 2>&1 && return
-  tail -n 40 "$log"
-  say "$name: failed"
-  failed=$((failed + 1))
-  return 1
+  [ -n "${builds[$name]:-}" ] || {
+    log=$(log_of "build-$name")
+    say "Building: $name"
+    builds[$name]=good
+    "$@" >"$log" 2>&1 || {
+      tail -n 40 "$log"
+      say "Building $name: failed"
+      failed=$((failed + 1))
+      builds[$name]=bad
+    }
+  }
+  [ "${builds[$name]}" = good ]
 }
+built_native() { built "$1" build "$1"; }
+built_windows() { built windows "$repository/scripts/build-windows.sh"; }
 
-if built "Release build" build release; then
-  run_level "Release" release
-  run_script "Demo" "$repository/scripts/demo.sh"
-fi
-if built "Sanitizer build" build sanitize; then
-  run_level "Sanitizers" sanitize
-fi
-if built "Windows build" "$repository/scripts/build-windows.sh"; then
-  run_level "Windows English" windows
-  # Statements, numbers and dates must not depend on the language of the user.
-  TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level "Windows German" windows
-  run_script "Demo through the DLL" "$repository/scripts/demo.sh" --dll
-fi
+level_release() { ! built_native release || run_level release release; }
+level_check() { run_script check "$repository/scripts/check.sh" ${filter:+"$filter"}; }
+level_demo() { [ "${builds[release]:-}" = bad ] || run_script demo "$repository/scripts/demo.sh"; }
+level_sanitize() { ! built_native sanitize || run_level sanitize sanitize; }
+level_windows() { ! built_windows || run_level windows windows; }
+level_windows_german() {
+  ! built_windows || TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level windows-german windows
+}
+level_demo_dll() { ! built_windows || run_script demo-dll "$repository/scripts/demo.sh" --dll; }
+
+for level in "${levels[@]}"; do "level_${level//-/_}"; done
 
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

@@ -90,8 +90,9 @@ Sub ShowCheck
 End Sub
 
 ' The posting commits the transaction, and the commit that Update sends after it finds none and is an error, although
-' everything is stored. So an error that is no refusal decides nothing. Header and posting were one transaction: a header
-' that has the status and the moment of this approval has its posting. The status alone may be that of an earlier one.
+' everything is stored. So an error that is no refusal decides nothing. Header and posting were one transaction: a
+' header that has the status and the moment of this approval has its posting. The status alone may be that of an earlier
+' one.
 Sub Approve
   Dim fields, moment, result, told, approved
   doing = "approving " & checkNumber

@@ -11,7 +11,8 @@ cd "$repository"
 # Every row of a table in an order of its own. Of the moments at which it was written only whether there are any.
 written_rows() {
   local columns
-  columns=$(query "SELECT group_concat(CASE WHEN name IN ('ADDDT','EDITDT','STATUSDT') THEN name||' IS NULL' ELSE name END)
+  columns=$(query "SELECT group_concat(CASE WHEN name IN ('ADDDT','EDITDT','STATUSDT')
+                                            THEN name||' IS NULL' ELSE name END)
                    FROM pragma_table_info('$1')" "$2")
   sqlite3 -readonly -quote "$2" "SELECT $columns FROM $1 WHERE ${3:-1} ORDER BY $columns"
 }

@@ -1,0 +1,39 @@
+# tallyra_headers_alone: compiles every header by itself, so that whoever includes one needs to know no other. Not part
+# of an ordinary build; scripts/check.sh configures anew, so that headers that have come or gone are known, and builds
+# it.
+file(GLOB folders LIST_DIRECTORIES true RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/*)
+set(headers)
+foreach(folder ${folders})
+  if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} AND NOT folder STREQUAL "build")
+    file(GLOB_RECURSE in_folder RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+    list(APPEND headers ${in_folder})
+  endif()
+endforeach()
+# What stands in for headers of Windows for the cross compiler's sake.
+list(FILTER headers EXCLUDE REGEX "^cmake/")
+if(WIN32)
+  # The benchmark measures on this machine.
+  list(FILTER headers EXCLUDE REGEX "^bench/")
+else()
+  list(FILTER headers EXCLUDE REGEX "(^|/)com/")
+endif()
+
+set(sources)
+foreach(header ${headers})
+  set(source ${PROJECT_BINARY_DIR}/headers_alone/${header}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n" @ONLY)
+  list(APPEND sources ${source})
+endforeach()
+
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
+find_package(ODBC REQUIRED)
+find_package(GTest REQUIRED)
+add_library(tallyra_headers_alone OBJECT EXCLUDE_FROM_ALL ${sources})
+target_include_directories(tallyra_headers_alone PRIVATE ${PROJECT_SOURCE_DIR})
+target_link_libraries(tallyra_headers_alone PRIVATE
+  tallyra_build_rules CLI11::CLI11 nlohmann_json::nlohmann_json ODBC::ODBC GTest::gtest)
+target_compile_options(tallyra_headers_alone PRIVATE -O0)
+if(WIN32)
+  target_link_libraries(tallyra_headers_alone PRIVATE tallyra_interfaces)
+endif()
