@@ -4,7 +4,7 @@
 std::string statement() {
 #ifdef MENDED
   return tallyra::frame::sql("Delete From STKSHIPNOTE Where TRANNO='{}' And CARRIER='{}'", "SI24010001",
-                             "STK030SI");
+                             "Rail");
 #else
   return tallyra::frame::sql("Delete From STKSHIPNOTE Where TRANNO='{}' And CARRIER='{}'", "SI24010001");
 #endif
