@@ -9,7 +9,7 @@ namespace tallyra::automation {
 class Apartment {
  public:
   Apartment();
-  ~Apartment();
+  ~Apartment();  // NOLINT(performance-trivially-destructible): on Windows there is something to do
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;
 };

@@ -13,7 +13,7 @@ cd "$repository"
 most_files=60
 build=build/release
 
-# "LINES FILE" for each changed file that is still there.
+# "LINES FILE" for each changed file that is still there; a file that was only moved has not changed.
 changed_files() {
   local base
   base=$(git merge-base HEAD origin/main 2>/dev/null) || base=
@@ -21,10 +21,13 @@ changed_files() {
     # The first commit of all is compared with an empty tree.
     base=$(git rev-parse -q --verify HEAD~) || base=$(git hash-object -t tree /dev/null)
   fi
-  {
-    git diff --numstat --no-renames --diff-filter=d "$base"
-    git ls-files --others --exclude-standard | xargs -r -d '\n' wc -l | awk '$2 != "total" { print $1 "\t0\t" $2 }'
-  } | awk '{ print $1 + $2, $3 }'
+  # Of a moved file git tells both names, each for itself.
+  git diff --numstat -z -M --diff-filter=d "$base" | perl -0 -ne '
+    chomp;
+    my ($added, $removed, $path) = /^(\d+)\t(\d+)\t(.*)$/s or next;
+    if ($path eq "") { <>; chomp($path = <>) }
+    print $added + $removed, " $path\n" if $added + $removed'
+  git ls-files --others --exclude-standard | xargs -r -d '\n' wc -l | awk '$2 != "total" { print $1, $2 }'
 }
 
 # A header is looked at through the source that includes nothing else, see cmake/headers_alone.cmake.
