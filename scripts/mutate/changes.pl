@@ -1,8 +1,8 @@
 #!/usr/bin/env perl
 # Lists changes of one place each, as a programmer might make them by mistake:
 #
-#   changes.pl list SEED FILE...       one a line: FILE, OFFSET, LENGTH, KIND and the new text, between tabs; in an order
-#                                      that the seed decides, the kinds in turn
+#   changes.pl list SEED FILE...       one a line: FILE, OFFSET, LENGTH, KIND and the new text, between tabs; in an
+#                                      order that the seed decides, the kinds in turn
 #   changes.pl apply FILE OFFSET LENGTH TEXT
 #
 # Kinds: an operator is turned into its neighbour, a literal into another one, a statement is left out. Whether the
