@@ -6,7 +6,7 @@
 #   $installed           packages that dpkg-query finds, as name:architecture words
 #   $outdated            while this file exists, what the package lists offer cannot be had
 #   $unreachable         while this file exists, one index cannot be refreshed
-source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/demo/checks.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/../../../scripts/demo/checks.sh"
 set -euo pipefail
 
 machine=$(mktemp -d)
@@ -14,7 +14,7 @@ trap 'rm -rf "$machine"' EXIT
 scripts=$machine/copy/scripts calls=$machine/calls outdated=$machine/outdated unreachable=$machine/unreachable
 export machine calls outdated unreachable installed=
 mkdir -p "$machine/copy" "$machine/bin"
-cp -r "$(dirname "${BASH_SOURCE[0]}")/../../scripts" "$machine/copy/"
+cp -r "$(dirname "${BASH_SOURCE[0]}")/../../../scripts" "$machine/copy/"
 : >"$calls"
 
 # program NAME: reads its body from the input.
