@@ -52,8 +52,9 @@ check_counted_stocktaking
 take_stock unapprove
 sqlite3 "$database" "CREATE TRIGGER NO_NUMBER AFTER INSERT ON STKTRANHD WHEN NEW.TRANNO<>''
                      BEGIN UPDATE STKTRANHD SET TRANNO='' WHERE TRANNO=NEW.TRANNO; END"
+no_number="the posting of stocktaking $counted_check has no number"
 check "an approval that got no number is told" \
-  "$(take_stock approve | grep -c "^approving $counted_check: the posting of stocktaking $counted_check has no number")" 1
+  "$(take_stock approve | grep -c "^approving $counted_check: $no_number")" 1
 sqlite3 "$database" "DROP TRIGGER NO_NUMBER"
 take_stock unapprove
 take_stock approve

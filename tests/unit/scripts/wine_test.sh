@@ -53,6 +53,7 @@ descriptions() {
 }
 check "interface descriptions come from the lists that are there" "$(descriptions)" "download libwine-dev"
 touch "$outdated"
-check "and from refreshed ones where these do not do" "$(descriptions)" "download libwine-dev;update;download libwine-dev"
+check "and from refreshed ones where these do not do" "$(descriptions)" \
+  "download libwine-dev;update;download libwine-dev"
 check "and are there" "$(ls "$machine/wine-idl")" oaidl.idl
 [ "$failed_checks" = 0 ]
