@@ -135,7 +135,7 @@ TEST(Image, HasItsDebugInformationBesideIt) {
   const Sections beside(ServerDll::path() + L".debug");
   ASSERT_TRUE(beside.all().contains(".debug_info"));
   ASSERT_TRUE(beside.all().contains(".debug_line_str"));
-  EXPECT_NE(beside.all().at(".debug_line_str").find("stock_close_run.cpp"), std::string::npos)
+  EXPECT_NE(beside.all().at(".debug_line_str").find("stock_close_insert.cpp"), std::string::npos)
       << "lines of the component, not of the runtime alone";
 }
 
