@@ -1,10 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <vector>
-
-#include "standins/ado/odbc_api.h"
+#include <string_view>
 
 namespace tallyra::standins::ado {
 
@@ -43,7 +42,12 @@ bool is_text(DataType type);
 bool is_bytes(DataType type);
 bool is_date(DataType type);
 
-// The columns of the statement's open result. Throws Error.
-std::vector<Column> describe_columns(SQLHSTMT statement, int count, bool is_sqlite);
+// The type that a declared name means, for the names that engines pass off as something else; nothing for
+// others.
+std::optional<DataType> type_behind(std::string_view declared);
+
+// Sets size, precision and scale as ADO has them for the column's type. `size` and `digits` are what the
+// engine says: the greatest length of a text, or the digits of a decimal and those behind its point.
+void measure(Column& column, std::int64_t size, int digits);
 
 }  // namespace tallyra::standins::ado

@@ -4,6 +4,7 @@
 
 #include "standins/ado/arguments.h"
 #include "standins/ado/connection_string.h"
+#include "standins/ado/engines.h"
 #include "standins/ado/properties.h"
 #include "standins/ado/recordset.h"
 
@@ -45,7 +46,7 @@ const automation::MemberTable<Connection>& Connection::members() {
   return table;
 }
 
-OdbcConnection& Connection::session() const {
+EngineSession& Connection::session() const {
   if (!session_) raise(ado_error::object_closed);
   return *session_;
 }
@@ -64,15 +65,14 @@ Value Connection::open(Arguments arguments) {
 void Connection::open_with(std::string connection_string, std::string_view user, std::string_view password) {
   connection_string_ = std::move(connection_string);
   if (!is_odbc_provider(provider_)) raise(ado_error::provider_not_found);
-  auto session = std::make_unique<OdbcConnection>(odbc_connection_string(connection_string_, user, password),
-                                                  connection_timeout_);
+  auto session = open_session(connection_string_, user, password, connection_timeout_);
   if (command_timeout_) session->limit_statements(*command_timeout_);
   session_ = std::move(session);
 }
 
 Value Connection::execute(Arguments arguments) {
   automation::expect_arguments(arguments, 1, 3);
-  OdbcConnection& open_session = session();
+  EngineSession& engine = session();
   std::string text_storage;
   std::string statement_storage;
   const std::int32_t options = execute_options(integer_argument(arguments, 2).value_or(unspecified));
@@ -81,7 +81,7 @@ Value Connection::execute(Arguments arguments) {
   const bool count_affected = arguments.size() > 1 && arguments[1].is_reference();
   // Made beforehand: a statement that has run must not fail any more.
   automation::Object no_rows = automation::make_object<Recordset>();
-  OdbcConnection::Result result = open_session.run(statement, count_affected);
+  StatementResult result = engine.run(statement, count_affected);
   if (count_affected) arguments[1].set(static_cast<std::int32_t>(result.affected_rows));
   if (options != unspecified && (options & execute_option::no_records) != 0) return automation::Object();
   if (!result.rows) return no_rows;

@@ -8,14 +8,15 @@
 #include <vector>
 
 #include "standins/ado/ado_object.h"
+#include "standins/ado/engine.h"
 #include "standins/ado/enumerations.h"
-#include "standins/ado/odbc_connection.h"
 
 namespace tallyra::standins::ado {
 
 class Recordset;
 
-// ADODB.Connection over ODBC. Released in a transaction, it discards what the transaction did.
+// ADODB.Connection to whatever engine its connection string stands for. Released in a transaction, it
+// discards what the transaction did.
 class Connection : public AdoObject<Connection> {
  public:
   static const automation::MemberTable<Connection>& members();
@@ -46,13 +47,13 @@ class Connection : public AdoObject<Connection> {
   CursorLocation cursor_location() const { return location_; }
   void open_with(std::string connection_string, std::string_view user, std::string_view password);
   // Throws 3704 when closed.
-  OdbcConnection& session() const;
+  EngineSession& session() const;
   // An open recordset closes with its connection, which does not own it.
   void attach(Recordset& recordset) { recordsets_.push_back(&recordset); }
   void detach(Recordset& recordset) { std::erase(recordsets_, &recordset); }
 
  private:
-  std::unique_ptr<OdbcConnection> session_;  // while open
+  std::unique_ptr<EngineSession> session_;  // while open
   std::vector<Recordset*> recordsets_;
   std::string connection_string_;
   std::string provider_ = "MSDASQL";

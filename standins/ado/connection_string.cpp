@@ -11,7 +11,7 @@ namespace {
 
 using automation::equals_folded;
 
-struct Keyword {
+struct Written {
   std::string_view name;
   std::string_view value;  // as written, with its braces or quotes
   bool bare = false;       // a word without an equals sign
@@ -43,8 +43,8 @@ std::size_t value_end(std::string_view text, std::size_t begin) {
   return end == std::string_view::npos ? text.size() : end;
 }
 
-std::vector<Keyword> split(std::string_view text) {
-  std::vector<Keyword> keywords;
+std::vector<Written> split(std::string_view text) {
+  std::vector<Written> keywords;
   for (std::size_t at = 0; at < text.size();) {
     const auto equals = text.find_first_of("=;", at);
     if (equals == std::string_view::npos || text[equals] == ';') {
@@ -70,6 +70,17 @@ std::string without_quotes(std::string_view value) {
   for (std::size_t i = 1; i + 1 < value.size(); ++i) {
     result += value[i];
     if (value[i] == quote && i + 2 < value.size() && value[i + 1] == quote) ++i;
+  }
+  return result;
+}
+
+// What stands in braces or quotes, with doubled closing marks made single.
+std::string bare(std::string_view value) {
+  if (value.size() < 2 || value.front() != '{' || value.back() != '}') return without_quotes(value);
+  std::string result;
+  for (std::size_t i = 1; i + 1 < value.size(); ++i) {
+    result += value[i];
+    if (value[i] == '}' && i + 2 < value.size() && value[i + 1] == '}') ++i;
   }
   return result;
 }
@@ -108,12 +119,12 @@ class OdbcString {
   OdbcString(bool own_user, bool own_password) : own_user_(own_user), own_password_(own_password) {}
 
   void add_client_string(std::string_view client_string) {
-    for (const Keyword& keyword : split(client_string)) {
+    for (const Written& keyword : split(client_string)) {
       if (equals_folded(keyword.name, "Provider")) {
         if (!is_odbc_provider(without_quotes(keyword.value))) raise(ado_error::provider_not_found);
       } else if (equals_folded(keyword.name, "Extended Properties")) {
         const std::string extended = without_quotes(keyword.value);
-        for (const Keyword& odbc_keyword : split(extended)) add(odbc_keyword);
+        for (const Written& odbc_keyword : split(extended)) add(odbc_keyword);
       } else {
         add(keyword);
       }
@@ -123,7 +134,7 @@ class OdbcString {
   std::string text;
 
  private:
-  void add(const Keyword& keyword) {
+  void add(const Written& keyword) {
     if (keyword.bare) {
       if (!text.empty()) text += ';';
       text += keyword.name;
@@ -162,9 +173,35 @@ std::string odbc_connection_string(std::string_view client_string, std::string_v
   return std::move(result.text);
 }
 
+const std::string* ConnectionSource::find(std::string_view name) const {
+  for (const Keyword& keyword : keywords)
+    if (equals_folded(keyword.name, name)) return &keyword.value;
+  return nullptr;
+}
+
+ConnectionSource read_connection_string(std::string_view client_string, std::string_view user,
+                                        std::string_view password, std::int32_t login_seconds) {
+  ConnectionSource source;
+  source.odbc_string = odbc_connection_string(client_string, user, password);
+  source.login_seconds = login_seconds;
+  for (const Written& keyword : split(client_string)) {
+    if (keyword.bare) continue;
+    if (equals_folded(keyword.name, "Provider")) {
+      source.names_provider = true;
+    } else if (equals_folded(keyword.name, "Extended Properties")) {
+      const std::string extended = without_quotes(keyword.value);
+      for (const Written& inner : split(extended))
+        if (!inner.bare) source.keywords.push_back({std::string(inner.name), bare(inner.value)});
+    } else {
+      source.keywords.push_back({std::string(keyword.name), bare(keyword.value)});
+    }
+  }
+  return source;
+}
+
 std::string without_password(std::string_view odbc_string) {
   std::string text;
-  for (const Keyword& keyword : split(odbc_string))
+  for (const Written& keyword : split(odbc_string))
     if (!keyword.bare && !equals_folded(keyword.name, "PWD")) append(text, keyword.name, keyword.value);
   return text;
 }

@@ -15,28 +15,28 @@ using automation::Value;
 
 struct Entry {
   std::string_view name;
-  std::string (*value)(const OdbcConnection&);
+  std::string (*value)(const EngineSession&);
 };
 
-template <SQLUSMALLINT kind>
-std::string told(const OdbcConnection& session) {
+template <Information kind>
+std::string told(const EngineSession& session) {
   return session.information(kind);
 }
 
-std::string completed(const OdbcConnection& session) {
+std::string completed(const EngineSession& session) {
   return without_password(session.completed_string());
 }
 
 constexpr auto entries = std::to_array<Entry>({
-    {"Current Catalog", told<SQL_DATABASE_NAME>},
-    {"Data Source Name", told<SQL_DATA_SOURCE_NAME>},
-    {"DBMS Name", told<SQL_DBMS_NAME>},
-    {"DBMS Version", told<SQL_DBMS_VER>},
-    {"Driver Name", told<SQL_DRIVER_NAME>},
-    {"Driver Version", told<SQL_DRIVER_VER>},
+    {"Current Catalog", told<Information::current_catalog>},
+    {"Data Source Name", told<Information::data_source_name>},
+    {"DBMS Name", told<Information::dbms_name>},
+    {"DBMS Version", told<Information::dbms_version>},
+    {"Driver Name", told<Information::driver_name>},
+    {"Driver Version", told<Information::driver_version>},
     {"Extended Properties", completed},
-    {"Server Name", told<SQL_SERVER_NAME>},
-    {"User Name", told<SQL_USER_NAME>},
+    {"Server Name", told<Information::server_name>},
+    {"User Name", told<Information::user_name>},
 });
 
 // ADO's words for a text that can be read and not written.

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-// Watching what goes to ODBC, so that a program can hold it against expectations or send the very same
+// Watching what goes to the engines, so that a program can hold it against expectations or send the very same
 // statements again without this layer.
 namespace tallyra::standins::ado {
 
@@ -12,9 +12,12 @@ enum class Operation { connect, execute, query, begin, commit, rollback, disconn
 
 struct TraceEvent {
   std::uint64_t connection;  // ordinal of the connection in this process, from 1
+  std::string_view engine;   // of the connection: "odbc", or that of the library which serves it; a constant
   Operation operation;
-  std::string_view text;  // connect: the ODBC connection string; execute, query: the statement as sent
-  std::uint64_t rows;     // query: rows fetched
+  // connect: the connection string, in the form that ODBC takes whatever the engine; execute, query: the
+  // statement in the engine's words, also where the engine got its values apart from it
+  std::string_view text;
+  std::uint64_t rows;  // query: rows fetched
   bool succeeded;
 };
 

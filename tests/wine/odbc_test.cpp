@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc/odbc_api.h"
 
 namespace {
 

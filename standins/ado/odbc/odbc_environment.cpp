@@ -1,4 +1,4 @@
-#include "standins/ado/odbc_environment.h"
+#include "standins/ado/odbc/odbc_environment.h"
 
 #ifndef _WIN32
 #include <dlfcn.h>

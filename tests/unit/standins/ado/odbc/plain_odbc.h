@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "standins/ado/odbc_environment.h"
-#include "standins/ado/odbc_handle.h"
+#include "standins/ado/odbc/odbc_environment.h"
+#include "standins/ado/odbc/odbc_handle.h"
 
 namespace tallyra::standins::ado::test {
 

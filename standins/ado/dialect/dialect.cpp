@@ -1,4 +1,4 @@
-#include "standins/ado/dialect/sqlite_dialect.h"
+#include "standins/ado/dialect/dialect.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +26,7 @@ bool blank_at(std::string_view sql, std::size_t at) {
 
 }  // namespace
 
-std::string_view SqliteDialect::rewrite(std::string_view sql) {
+std::string_view Dialect::rewrite(std::string_view sql) {
   no_date_ = {};
   changes_schema_ = false;
   verdict_ = {};
@@ -40,13 +40,13 @@ std::string_view SqliteDialect::rewrite(std::string_view sql) {
   }
   release_memory();
   const std::string_view rewritten = rewrite_by_tokens(sql);
-  verdict_ = judge(tokens_);
+  verdict_ = differences_.judge(tokens_);
   if (verdict_.reach == Reach::database) remember_head(sql);
   return rewritten;
 }
 
 // Leaves the tokens of what it returns.
-std::string_view SqliteDialect::rewrite_by_tokens(std::string_view sql) {
+std::string_view Dialect::rewrite_by_tokens(std::string_view sql) {
   tokenize(sql, tokens_);
   analyzer_.analyze(tokens_, findings_);
   no_date_ = findings_.no_date;
@@ -61,13 +61,13 @@ std::string_view SqliteDialect::rewrite_by_tokens(std::string_view sql) {
 
 // What comes behind a known head is not judged again. So the driver must not find a quote in it that is none
 // to the engine.
-void SqliteDialect::remember_head(std::string_view sql) {
+void Dialect::remember_head(std::string_view sql) {
   if (findings_.values_begin == 0 || heads_.match(sql) != nullptr) return;
   const std::string_view head = sql.substr(0, findings_.values_begin);
   if (head.find_first_of("'\"{") == std::string_view::npos) heads_.remember(head, analyzer_.insert().dates);
 }
 
-void SqliteDialect::collect_edits(std::string_view sql) {
+void Dialect::collect_edits(std::string_view sql) {
   edits_.clear();
   replacements_.clear();
   for (const Span& literal : findings_.dates) edit_date(sql, literal);
@@ -76,7 +76,7 @@ void SqliteDialect::collect_edits(std::string_view sql) {
   for (const JoinedDelete& statement : findings_.deletes) edit_delete(sql, statement);
 }
 
-void SqliteDialect::edit_date(std::string_view sql, Span literal) {
+void Dialect::edit_date(std::string_view sql, Span literal) {
   const std::string_view text = sql.substr(literal.begin, literal.end - literal.begin);
   std::array<char, written_date_length> buffer;
   write_date(*read_quoted_date(text.substr(1, text.size() - 2)), buffer.data());
@@ -85,7 +85,7 @@ void SqliteDialect::edit_date(std::string_view sql, Span literal) {
 }
 
 // LIMIT is no part of a member of a compound, so such a member becomes a subquery.
-void SqliteDialect::edit_top(std::string_view sql, const TopSelect& top) {
+void Dialect::edit_top(std::string_view sql, const TopSelect& top) {
   if (top.in_compound) replace({top.begin, top.begin}, "SELECT * FROM (");
   remove(sql, top.clause);
   replace({top.end, top.end}, " LIMIT ", top.count, top.in_compound ? ")" : "");
@@ -93,28 +93,28 @@ void SqliteDialect::edit_top(std::string_view sql, const TopSelect& top) {
 
 // The alias keeps the outer table out of the subquery's sight: were the inner name not found, it would mean
 // the outer row, and every row would go.
-void SqliteDialect::edit_delete(std::string_view sql, const JoinedDelete& statement) {
+void Dialect::edit_delete(std::string_view sql, const JoinedDelete& statement) {
   const Span target = statement.target;
   replace(target, blank_before(sql, target.begin) ? "" : " ", "FROM ", statement.table,
-          " AS doomed WHERE doomed.rowid IN (SELECT ", statement.row, ".rowid",
-          blank_at(sql, target.end) ? "" : " ");
+          " AS doomed WHERE doomed.", differences_.row_identity, " IN (SELECT ", statement.row, ".",
+          differences_.row_identity, blank_at(sql, target.end) ? "" : " ");
   replace({statement.end, statement.end}, ")");
 }
 
 // Takes the blanks behind along, but leaves the words on both sides apart.
-void SqliteDialect::remove(std::string_view sql, Span span) {
+void Dialect::remove(std::string_view sql, Span span) {
   while (span.end < sql.size() && is_blank(sql[span.end])) ++span.end;
   replace(span, blank_before(sql, span.begin) ? "" : " ");
 }
 
 template <typename... Texts>
-void SqliteDialect::replace(Span span, Texts... texts) {
+void Dialect::replace(Span span, Texts... texts) {
   const std::size_t begin = replacements_.size();
   (replacements_.append(texts), ...);
   edits_.push_back({span.begin, span.end, begin, replacements_.size()});
 }
 
-void SqliteDialect::apply_edits(std::string_view sql) {
+void Dialect::apply_edits(std::string_view sql) {
   std::sort(edits_.begin(), edits_.end(), [](const Edit& a, const Edit& b) {
     return a.begin != b.begin ? a.begin < b.begin : a.text_begin < b.text_begin;
   });
@@ -128,7 +128,7 @@ void SqliteDialect::apply_edits(std::string_view sql) {
   out_.append(sql, copied);
 }
 
-void SqliteDialect::release_memory() {
+void Dialect::release_memory() {
   if (tokens_.list.capacity() * sizeof(Token) <= kept_bytes && out_.capacity() <= kept_bytes) return;
   tokens_ = {};
   edits_ = {};

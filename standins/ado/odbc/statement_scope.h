@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc/odbc_api.h"
 
 namespace tallyra::standins::ado {
 

@@ -1,38 +1,37 @@
-#include "standins/ado/odbc_connection.h"
+#include "standins/ado/odbc/odbc_session.h"
 
 #include <array>
-#include <atomic>
 #include <optional>
 
 #include "automation/folded_name.h"
-#include "standins/ado/ado_error.h"
-#include "standins/ado/odbc_environment.h"
-#include "standins/ado/odbc_error.h"
+#include "standins/ado/odbc/odbc_environment.h"
+#include "standins/ado/odbc/odbc_error.h"
+#include "standins/ado/odbc/statement_scope.h"
 #include "standins/ado/reaching_keywords.h"
-#include "standins/ado/statement_scope.h"
+#include "standins/ado/translation.h"
 
 namespace tallyra::standins::ado {
 namespace {
 
 constexpr std::size_t longest_completed_string = 4096;
 
-void require_harmless(const dialect::Verdict& verdict) {
-  if (verdict.reach == dialect::Reach::beyond)
-    throw automation::Error(provider_error::permission_denied,
-                            "The statement reaches beyond the database: " + std::string(verdict.cause));
-  // In the driver's words, which says so of most such texts itself.
-  if (verdict.reach == dialect::Reach::several)
-    throw automation::Error(provider_error::errors_in_command, "only one SQL statement allowed");
-}
-
-std::uint64_t next_ordinal() {
-  static std::atomic<std::uint64_t> last{0};
-  return ++last;
+SQLUSMALLINT info_number(Information kind) {
+  switch (kind) {
+    case Information::current_catalog: return SQL_DATABASE_NAME;
+    case Information::data_source_name: return SQL_DATA_SOURCE_NAME;
+    case Information::dbms_name: return SQL_DBMS_NAME;
+    case Information::dbms_version: return SQL_DBMS_VER;
+    case Information::driver_name: return SQL_DRIVER_NAME;
+    case Information::driver_version: return SQL_DRIVER_VER;
+    case Information::server_name: return SQL_SERVER_NAME;
+    case Information::user_name: break;
+  }
+  return SQL_USER_NAME;
 }
 
 }  // namespace
 
-OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t seconds)
+OdbcSession::Login::Login(const std::string& odbc_string, std::int32_t seconds)
     : environment(make_odbc_environment()), handle(SQL_HANDLE_ENV, environment.get()) {
   refuse_reaching_keywords(odbc_string);
   SQLSetConnectAttr(handle.get(), SQL_ATTR_LOGIN_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
@@ -43,34 +42,38 @@ OdbcConnection::Login::Login(const std::string& odbc_string, std::int32_t second
   completed_string = reinterpret_cast<const char*>(completed.data());
 }
 
-OdbcConnection::Login::~Login() {
+OdbcSession::Login::~Login() {
   if (SQL_SUCCEEDED(SQLDisconnect(handle.get()))) return;
   SQLEndTran(SQL_HANDLE_DBC, handle.get(), SQL_ROLLBACK);
   SQLDisconnect(handle.get());
 }
 
-OdbcConnection::OdbcConnection(const std::string& odbc_string, std::int32_t login_seconds)
-    : ordinal_(next_ordinal()),
+OdbcSession::OdbcSession(const std::string& odbc_string, std::int32_t login_seconds)
+    : trace_("odbc"),
       login_(odbc_string, login_seconds),
       statement_(SQL_HANDLE_DBC, login_.handle.get()),
       traits_{is_sqlite(), rereads_bound_columns()},
       reader_(traits_),
       date_columns_(statement_.get()),
       dialect_(traits_.is_sqlite ? std::make_unique<dialect::SqliteDialect>(date_columns_) : nullptr) {
-  trace(Operation::connect, odbc_string, 0, true);
+  trace_(Operation::connect, odbc_string, 0, true);
 }
 
-OdbcConnection::~OdbcConnection() {
+OdbcSession::~OdbcSession() {
   // The SQLite driver lets neither the transaction nor the connection go while a statement is there.
   statement_.reset();
   if (in_transaction_) {
     SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
-    trace(Operation::rollback, {}, 0, true);
+    trace_(Operation::rollback, {}, 0, true);
   }
-  trace(Operation::disconnect, {}, 0, true);
+  trace_(Operation::disconnect, {}, 0, true);
 }
 
-std::string OdbcConnection::information(SQLUSMALLINT kind) const {
+std::string OdbcSession::information(Information kind) const {
+  return told(info_number(kind));
+}
+
+std::string OdbcSession::told(SQLUSMALLINT kind) const {
   std::array<char, 1024> text{};
   SQLSMALLINT length = 0;
   const SQLRETURN result =
@@ -78,29 +81,24 @@ std::string OdbcConnection::information(SQLUSMALLINT kind) const {
   return SQL_SUCCEEDED(result) ? text.data() : std::string();
 }
 
-bool OdbcConnection::is_sqlite() const {
-  return automation::equals_folded(information(SQL_DBMS_NAME), "SQLite");
+bool OdbcSession::is_sqlite() const {
+  return automation::equals_folded(told(SQL_DBMS_NAME), "SQLite");
 }
 
-bool OdbcConnection::rereads_bound_columns() {
+bool OdbcSession::rereads_bound_columns() {
   SQLUINTEGER extensions = 0;
   SQLGetInfo(login_.handle.get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
   constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BOUND;
   return (extensions & needed) == needed;
 }
 
-std::string_view OdbcConnection::in_words_of_engine(std::string_view sql) {
+std::string_view OdbcSession::in_words_of_engine(std::string_view sql) {
   if (!dialect_) return sql;
   if (in_transaction_ && !holds_write_lock_) take_write_lock();
-  const std::string_view rewritten = dialect_->rewrite(sql);
-  require_harmless(dialect_->verdict());
-  if (const std::string_view text = dialect_->no_date(); !text.empty())
-    throw automation::Error(provider_error::cannot_convert,
-                            "The text " + std::string(text) + " cannot be converted to a date");
-  return rewritten;
+  return translated(*dialect_, sql);
 }
 
-void OdbcConnection::take_write_lock() {
+void OdbcSession::take_write_lock() {
   // Of all statements that begin to write, this one alone needs no table and changes nothing that is stored.
   constexpr std::string_view lock = "PRAGMA incremental_vacuum(1)";
   const StatementScope scope(statement_.get());
@@ -111,29 +109,27 @@ void OdbcConnection::take_write_lock() {
   holds_write_lock_ = !failure;
 }
 
-OdbcConnection::Result OdbcConnection::run(std::string_view sql, bool count_affected) {
-  // Drivers end the statement at a NUL and would run its front half.
-  if (sql.find('\0') != std::string_view::npos)
-    throw automation::Error(provider_error::errors_in_command, "The statement contains a NUL character");
+StatementResult OdbcSession::run(std::string_view sql, bool count_affected) {
+  refuse_nul(sql);
   sql = in_words_of_engine(sql);
   const SQLRETURN result =
       SQLExecDirect(statement_.get(), odbc_text(sql.data()), static_cast<SQLINTEGER>(sql.size()));
   // A statement that changed no row at all says SQL_NO_DATA, which is no failure.
   if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA) {
-    trace(Operation::execute, sql, 0, false);
+    trace_(Operation::execute, sql, 0, false);
     raise_diagnostic(SQL_HANDLE_STMT, statement_.get());
   }
   return read_result(sql, count_affected);
 }
 
-OdbcConnection::Result OdbcConnection::read_result(std::string_view sql, bool count_affected) {
-  Result result;
+StatementResult OdbcSession::read_result(std::string_view sql, bool count_affected) {
+  StatementResult result;
   SQLSMALLINT columns = 0;
   statement_.require(SQLNumResultCols(statement_.get(), &columns));
   if (columns > 0) {
     const StatementScope scope(statement_.get());
     result.rows = reader_.read(statement_.get(), columns);
-    trace(Operation::query, sql, result.rows->row_count(), true);
+    trace_(Operation::query, sql, result.rows->row_count(), true);
     return result;
   }
   if (count_affected) {
@@ -142,38 +138,38 @@ OdbcConnection::Result OdbcConnection::read_result(std::string_view sql, bool co
     result.affected_rows = affected;
   }
   if (dialect_ && dialect_->changes_schema()) date_columns_.forget();
-  trace(Operation::execute, sql, 0, true);
+  trace_(Operation::execute, sql, 0, true);
   return result;
 }
 
-void OdbcConnection::limit_statements(std::int32_t seconds) {
+void OdbcSession::limit_statements(std::int32_t seconds) {
   SQLSetStmtAttr(statement_.get(), SQL_ATTR_QUERY_TIMEOUT, odbc_number(static_cast<SQLULEN>(seconds)), 0);
 }
 
-SQLRETURN OdbcConnection::set_autocommit(bool on) {
+SQLRETURN OdbcSession::set_autocommit(bool on) {
   return SQLSetConnectAttr(login_.handle.get(), SQL_ATTR_AUTOCOMMIT,
                            odbc_number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
 }
 
-void OdbcConnection::begin() {
+void OdbcSession::begin() {
   const SQLRETURN result = set_autocommit(false);
-  trace(Operation::begin, {}, 0, SQL_SUCCEEDED(result));
+  trace_(Operation::begin, {}, 0, SQL_SUCCEEDED(result));
   login_.handle.require(result);
   in_transaction_ = true;
   holds_write_lock_ = false;
 }
 
-void OdbcConnection::commit() {
+void OdbcSession::commit() {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_COMMIT);
-  trace(Operation::commit, {}, 0, SQL_SUCCEEDED(result));
+  trace_(Operation::commit, {}, 0, SQL_SUCCEEDED(result));
   login_.handle.require(result);
   in_transaction_ = false;
   login_.handle.require(set_autocommit(true));
 }
 
-void OdbcConnection::rollback() {
+void OdbcSession::rollback() {
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
-  trace(Operation::rollback, {}, 0, SQL_SUCCEEDED(result));
+  trace_(Operation::rollback, {}, 0, SQL_SUCCEEDED(result));
   date_columns_.forget();
   if (dialect_) dialect_->forget();
   in_transaction_ = false;

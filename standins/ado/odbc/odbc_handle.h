@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "standins/ado/odbc_api.h"
-#include "standins/ado/odbc_error.h"
+#include "standins/ado/odbc/odbc_api.h"
+#include "standins/ado/odbc/odbc_error.h"
 
 namespace tallyra::standins::ado {
 

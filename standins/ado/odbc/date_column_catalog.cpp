@@ -1,12 +1,12 @@
-#include "standins/ado/date_column_catalog.h"
+#include "standins/ado/odbc/date_column_catalog.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "automation/folded_name.h"
-#include "standins/ado/odbc_error.h"
-#include "standins/ado/statement_scope.h"
+#include "standins/ado/odbc/odbc_error.h"
+#include "standins/ado/odbc/statement_scope.h"
 
 namespace tallyra::standins::ado {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "standins/ado/dialect/date_columns.h"
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc/odbc_api.h"
 
 namespace tallyra::standins::ado {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "automation/error.h"
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc/odbc_api.h"
 
 namespace tallyra::standins::ado {
 

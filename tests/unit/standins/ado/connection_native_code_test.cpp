@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "tests/unit/standins/ado/plain_odbc.h"
+#include "tests/unit/standins/ado/odbc/plain_odbc.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 // A real library that SQLite would load into this process stays out of it.

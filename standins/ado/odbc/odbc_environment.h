@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standins/ado/odbc_handle.h"
+#include "standins/ado/odbc/odbc_handle.h"
 
 namespace tallyra::standins::ado {
 

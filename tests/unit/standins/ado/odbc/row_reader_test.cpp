@@ -1,13 +1,13 @@
-#include "standins/ado/row_reader.h"
+#include "standins/ado/odbc/row_reader.h"
 
 #include <memory>
 #include <optional>
 
 #include "automation/bytes.h"
 #include "automation/convert.h"
-#include "standins/ado/odbc_environment.h"
-#include "standins/ado/odbc_handle.h"
-#include "standins/ado/statement_scope.h"
+#include "standins/ado/odbc/odbc_environment.h"
+#include "standins/ado/odbc/odbc_handle.h"
+#include "standins/ado/odbc/statement_scope.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 namespace tallyra::standins::ado::test {

@@ -1,4 +1,4 @@
-#include "standins/ado/odbc_error.h"
+#include "standins/ado/odbc/odbc_error.h"
 
 #include <gtest/gtest.h>
 

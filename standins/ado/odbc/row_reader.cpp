@@ -1,4 +1,4 @@
-#include "standins/ado/row_reader.h"
+#include "standins/ado/odbc/row_reader.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -7,7 +7,8 @@
 #include "automation/date.h"
 #include "standins/ado/ado_error.h"
 #include "standins/ado/cell_parsing.h"
-#include "standins/ado/odbc_error.h"
+#include "standins/ado/odbc/column_description.h"
+#include "standins/ado/odbc/odbc_error.h"
 #include "standins/ado/undeclared_columns.h"
 
 namespace tallyra::standins::ado {

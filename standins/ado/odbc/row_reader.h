@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standins/ado/odbc_api.h"
+#include "standins/ado/odbc/odbc_api.h"
 #include "standins/ado/row_set.h"
 
 namespace tallyra::standins::ado {

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "automation/convert.h"
-#include "tests/unit/standins/ado/plain_odbc.h"
+#include "tests/unit/standins/ado/odbc/plain_odbc.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 // Statements that would get at native code, at files or at other databases never reach the driver. Each is

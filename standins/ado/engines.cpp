@@ -1,0 +1,34 @@
+#include "standins/ado/engines.h"
+
+#include "standins/ado/ado_error.h"
+#include "standins/ado/connection_string.h"
+#include "standins/ado/odbc/odbc_session.h"
+
+namespace tallyra::standins::ado {
+namespace {
+
+struct Engine {
+  // Whether the string means this engine.
+  bool (*takes)(const ConnectionSource& source);
+  std::unique_ptr<EngineSession> (*open)(const ConnectionSource& source);
+};
+
+// The first that takes a string has it.
+constexpr Engine engines[] = {
+    {[](const ConnectionSource&) { return true; },
+     [](const ConnectionSource& source) -> std::unique_ptr<EngineSession> {
+       return std::make_unique<OdbcSession>(source.odbc_string, source.login_seconds);
+     }},
+};
+
+}  // namespace
+
+std::unique_ptr<EngineSession> open_session(std::string_view client_string, std::string_view user,
+                                            std::string_view password, std::int32_t login_seconds) {
+  const ConnectionSource source = read_connection_string(client_string, user, password, login_seconds);
+  for (const Engine& engine : engines)
+    if (engine.takes(source)) return engine.open(source);
+  raise(ado_error::provider_not_found);
+}
+
+}  // namespace tallyra::standins::ado
