@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "close/stock_close_dates.h"
+#include "close/stock_close_period.h"
 #include "frame/record_maintenance.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
@@ -33,23 +33,21 @@ float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& co
                           std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
     const std::string tag = strOprTag;
-    const DateLiteral literal(system_database());
-    const std::string close_literal = literal.of_text(pCloseDT);
-    const std::string next_day = next_day_literal(literal, pCloseDT);
+    const ClosePeriod period = period_until(pCloseDT, DateLiteral(system_database()));
     const auto approve_earlier_records_and_documents = [&](Call&) {
       call.connection.execute(
-          sql("Update STKCLOSEHD Set STATUSSN=1 Where CLOSEDT<{} And STATUSSN<1", close_literal));
+          sql("Update STKCLOSEHD Set STATUSSN=1 Where CLOSEDT<{} And STATUSSN<1", period.close));
       call.connection.execute(
           sql("UPDATE STKTRANHD SET STATUSSN=1 WHERE STKTRANHD.TRANDT={}"
               " AND  (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
-              next_day));
+              period.next_day));
     };
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::month_close,
                  .function_code = schema::function_code::month_close,
                  .operation_tag = tag,
                  .structure = "Select top 1 * From STKCLOSEHD",
-                 .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", close_literal),
+                 .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", period.close),
                  .in_transaction = true,
                  .also = approve_earlier_records_and_documents});
   });
@@ -58,22 +56,19 @@ float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& co
 float CStockClose::Delete(Value pCloseDT) {
   return run_method(*this, [&](Call& call) {
     const DateLiteral literal(system_database());
-    std::string close_date;
-    automation::append_concatenated(close_date, pCloseDT);
-    const std::string close_literal = literal.of_text(close_date);
-    const std::string next_day = next_day_literal(literal, close_date);
+    const ClosePeriod period = period_until(frame::text_of(pCloseDT), literal);
     delete_rows(
         call,
         {.function_code = schema::function_code::month_close,
          .statements = {
-             sql("Delete * From STKCLOSEHD Where CLOSEDT={}", close_literal),
+             sql("Delete * From STKCLOSEHD Where CLOSEDT={}", period.close),
              sql("Delete STKTRANDT.* From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO"
                  " Where STKTRANHD.TRANDT={}"
                  " AND (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
-                 next_day),
+                 period.next_day),
              sql("Delete * From STKTRANHD Where  STKTRANHD.TRANDT={}"
                  " AND  (STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
-                 next_day)}});
+                 period.next_day)}});
   });
 }
 

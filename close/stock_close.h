@@ -8,6 +8,8 @@
 
 namespace tallyra::close {
 
+class DocumentNumbers;
+
 // The month-end stock close: its records (STKCLOSEHD, by CLOSEDT), the run over all departments and the
 // company, and the two steps of the run. Every method returns 100 for success and 0 for failure and tells the
 // reason in the error fields.
@@ -38,11 +40,18 @@ class CStockClose : public frame::Session {
   float STKMonthClose(std::string& cCloseID, std::string& cCloseDT);
 
  private:
-  // Date literals, quotes included. They stay empty until Insert has fixed the period.
+  // The close date as a whole literal; the cost functions may put another in its place.
+  void close_departments(frame::Call& call, DocumentNumbers& numbers, std::string& close_date);
+  void close_company(frame::Call& call, DocumentNumbers& numbers, std::string& close_date);
+
+  // These four have their names from the contract. The first three are date literals, quotes included, and
+  // stay empty until Insert has fixed the period. The steps ask them at every statement: a client that has
+  // its turn meanwhile and begins another close gives both runs its period.
   std::string PrevCloseDT;
   std::string TodayDT;
   std::string NextCloseDT;
-  // The name of the department being closed, for whoever shows progress.
+  // The name of the department that is being closed: what the event Progressing would tell as DeptNm. Nothing
+  // raises that event, so nothing reads the name.
   std::string CurDeptNm;
 };
 

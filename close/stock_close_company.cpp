@@ -2,6 +2,7 @@
 
 #include "automation/yield.h"
 #include "close/stock_close.h"
+#include "close/stock_close_document.h"
 #include "frame/call.h"
 #include "frame/collaborator_member.h"
 #include "frame/schema/names.h"
@@ -11,12 +12,11 @@
 namespace tallyra::close {
 namespace {
 
-using automation::BoundMember;
-using automation::Object;
 using automation::ref;
 using automation::Value;
 using frame::Call;
 using frame::Field;
+using frame::Recordset;
 using frame::sql;
 namespace schema = frame::schema;
 
@@ -59,47 +59,69 @@ class PartCosts {
   frame::CollaboratorMember average_price_{&frame::Collaborators::system, "GetAvgUprice"};
 };
 
+// The document in the making, a line for each row of the totals.
+class CompanyDocument {
+ public:
+  explicit CompanyDocument(const CloseDocument& document) : document_(document) {}
+
+  void write_header() {
+    const auto& [connection, number, date, user, today] = document_;
+    connection.execute(
+        sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,ADDBY,ADDDT,EDITBY,EDITDT)"
+            " Values('{}','STKCLOSEALL',0,{},'{}',{},'{}',{})",
+            number, date, user, today, user, today));
+  }
+
+  void write_line(const Field& part, const Value& quantity, double cost) {
+    const auto& [connection, number, date, user, today] = document_;
+    frame::append_sql(
+        statement_.restart_text(),
+        "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
+        " VALUES('{}','',0,'{}',{},{},'Month`s close','{}',{},'{}',{})",
+        number, part.value(), automation::to_double(quantity), cost, user, today, user, today);
+    connection.execute(statement_);
+  }
+
+ private:
+  CloseDocument document_;
+  Value statement_;
+};
+
+void open_totals(Recordset& rows, const frame::Connection& connection, const std::string& document_date) {
+  rows.open(
+      sql("Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY"
+          " From (STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO)"
+          " Inner Join PARTS On STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT={}"
+          " AND STKTRANHD.TRANTYPE='STK027CLOSE' "
+          " GROUP BY PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT"
+          " Order by PARTS.MTYPESN,STKTRANDT.PARTNO ASC",
+          document_date),
+      connection, frame::CursorType::static_copy);
+}
+
 }  // namespace
 
 float CStockClose::STKMonthClose(std::string& cCloseID, std::string& cCloseDT) {
   return frame::run_method(*this, [&](Call& call) {
-    frame::Recordset& rows = call.recordset();
+    Recordset& rows = call.recordset();
     rows.set_cursor_location(frame::CursorLocation::client);
     call.connection.set_command_timeout(0);
     call.open_connection();
-    rows.open(
-        sql("Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY"
-            " From (STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO)"
-            " Inner Join PARTS On STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT={}"
-            " AND STKTRANHD.TRANTYPE='STK027CLOSE' "
-            " GROUP BY PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT"
-            " Order by PARTS.MTYPESN,STKTRANDT.PARTNO ASC",
-            NextCloseDT),
-        call.connection, frame::CursorType::static_copy);
+    open_totals(rows, call.connection, NextCloseDT);
 
     call.connection.begin();
     if (!rows.at_end()) {
-      call.connection.execute(
-          sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,ADDBY,ADDDT,EDITBY,EDITDT)"
-              " Values('{}','STKCLOSEALL',0,{},'{}',{},'{}',{})",
-              cCloseID, NextCloseDT, user_id(), TodayDT, user_id(), TodayDT));
-
+      CompanyDocument document({call.connection, cCloseID, NextCloseDT, user_id(), TodayDT});
+      document.write_header();
       const Field part = rows.field(schema::column::part);
       const Field price_type = rows.field(schema::column::price_type);
       const Field material_type = rows.field(schema::column::material_type);
       const Field total = rows.field(schema::column::quantity);
       PartCosts costs(call, cCloseDT, PrevCloseDT);
-      Value statement;
       for (; !rows.at_end(); rows.move_next(), automation::yield()) {
         Value quantity(automation::to_double(total.value()));
         const double cost = costs.of_current_row(part, price_type, material_type, quantity);
-        frame::append_sql(
-            statement.restart_text(),
-            "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
-            " VALUES('{}','',0,'{}',{},{},'Month`s close','{}',{},'{}',{})",
-            cCloseID, part.value(), automation::to_double(quantity), cost, user_id(), TodayDT, user_id(),
-            TodayDT);
-        call.connection.execute(statement);
+        document.write_line(part, quantity, cost);
       }
       cCloseDT = costs.close_literal();
     }

@@ -2,6 +2,7 @@
 
 #include "automation/yield.h"
 #include "close/stock_close.h"
+#include "close/stock_close_document.h"
 #include "frame/call.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
@@ -12,6 +13,7 @@ namespace {
 
 using automation::Value;
 using frame::Call;
+using frame::Connection;
 using frame::CursorLocation;
 using frame::CursorType;
 using frame::Field;
@@ -51,43 +53,86 @@ class PartQuantities {
   bool at_end_ = false;
 };
 
-// Writes the lines of the document. The texts of the two kinds of line differ in the blanks around the price.
-class DocumentLines {
+// The document in the making. The texts of the two kinds of line differ in the blanks around the price.
+class DepartmentDocument {
  public:
-  DocumentLines(frame::Connection& connection, const std::string& document, const std::string& user,
-                const std::string& today)
-      : connection_(connection), document_(document), user_(user), today_(today) {}
+  explicit DepartmentDocument(const CloseDocument& document) : document_(document) {}
 
+  void write_header(const std::string& department) {
+    const auto& [connection, number, date, user, today] = document_;
+    // The blank behind the department number is part of the header; comparisons of department numbers ignore
+    // it.
+    connection.execute(
+        sql("Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,DEPTNOFR,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
+            " Values('{}','STK027CLOSE',0,{},'{} ','','{}',{},'{}',{})",
+            number, date, department, user, today, user, today));
+  }
+
+  // A line for each part of either list, in the order of part numbers.
+  void write_lines(PartQuantities& outgoing, PartQuantities& transfers) {
+    for (; !outgoing.at_end(); outgoing.move_next(), automation::yield()) {
+      double quantity = automation::to_double(outgoing.quantity());
+      while (!transfers.at_end() && transfers.part() < outgoing.part()) write_transfer(transfers);
+      if (!transfers.at_end() && transfers.part() == outgoing.part()) {
+        quantity += automation::to_double(transfers.quantity());
+        transfers.move_next();
+      }
+      write_merged(outgoing.part(), quantity);
+    }
+    while (!transfers.at_end()) write_transfer(transfers);
+  }
+
+ private:
   void write_merged(const std::string& part, double quantity) {
+    const auto& [connection, number, date, user, today] = document_;
     frame::append_sql(
         statement_.restart_text(),
         "Insert Into STKTRANDT (TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,ADDBY,ADDDT,EDITBY,EDITDT)"
         " Values('{}','',0,'{}',{}, 0 ,'{}',{},'{}',{})",
-        document_, part, quantity, user_, today_, user_, today_);
-    connection_.execute(statement_);
+        number, part, quantity, user, today, user, today);
+    connection.execute(statement_);
   }
 
-  void write_incoming(PartQuantities& incoming) {
+  void write_transfer(PartQuantities& transfers) {
+    const auto& [connection, number, date, user, today] = document_;
     magnitude_.clear();
-    automation::append_magnitude(magnitude_, incoming.quantity());
+    automation::append_magnitude(magnitude_, transfers.quantity());
     frame::append_sql(
         statement_.restart_text(),
         "Insert Into STKTRANDT (TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,ADDBY,ADDDT,EDITBY,EDITDT)"
         " Values('{}','',0,'{}',{},0,'{}',{},'{}',{})",
-        document_, incoming.part(), magnitude_, user_, today_, user_, today_);
-    connection_.execute(statement_);
-    incoming.move_next();
+        number, transfers.part(), magnitude_, user, today, user, today);
+    connection.execute(statement_);
+    transfers.move_next();
     automation::yield();
   }
 
- private:
-  frame::Connection& connection_;
-  const std::string& document_;
-  const std::string& user_;
-  const std::string& today_;
+  CloseDocument document_;
   Value statement_;
   std::string magnitude_;
 };
+
+// What went out of the department, and the close documents before this one, which bring the stock forward.
+void open_outgoing(Recordset& rows, const Connection& connection, const std::string& department,
+                   const std::string& after, const std::string& until) {
+  rows.open(
+      sql("Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD"
+          " On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOFR='{}' And STKTRANHD.TRANDT>{}"
+          " AND STKTRANHD.TRANDT<={} AND  STKTRANHD.TRANTYPE<>'STKCLOSEALL'"
+          " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO",
+          department, after, until),
+      connection, CursorType::static_copy);
+}
+
+void open_transfers(Recordset& rows, const Connection& connection, const std::string& department,
+                    const std::string& after, const std::string& until) {
+  rows.open(sql("Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD"
+                " On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOTO='{}'"
+                " And STKTRANHD.TRANTYPE='STK024MRPL' And STKTRANHD.TRANDT>{} AND STKTRANHD.TRANDT<={}"
+                " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO",
+                department, after, until),
+            connection, CursorType::static_copy);
+}
 
 }  // namespace
 
@@ -98,52 +143,21 @@ float CStockClose::STKMonthCloseDept(std::string& cCloseID, std::string& cCloseD
     call.open_connection();
 
     Recordset& outgoing_rows = call.recordset(0);
-    outgoing_rows.open(
-        sql("Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD"
-            " On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOFR='{}' And STKTRANHD.TRANDT>{}"
-            " AND STKTRANHD.TRANDT<={} AND  STKTRANHD.TRANTYPE<>'STKCLOSEALL'"
-            " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO",
-            cDeptNo, PrevCloseDT, cCloseDT),
-        call.connection, CursorType::static_copy);
-    Recordset& incoming_rows = call.recordset(1);
-    incoming_rows.open(
-        sql("Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD"
-            " On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOTO='{}'"
-            " And STKTRANHD.TRANTYPE='STK024MRPL' And STKTRANHD.TRANDT>{} AND STKTRANHD.TRANDT<={}"
-            " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO",
-            cDeptNo, PrevCloseDT, cCloseDT),
-        call.connection, CursorType::static_copy);
-
+    Recordset& transfer_rows = call.recordset(1);
+    open_outgoing(outgoing_rows, call.connection, cDeptNo, PrevCloseDT, cCloseDT);
+    open_transfers(transfer_rows, call.connection, cDeptNo, PrevCloseDT, cCloseDT);
     if (!outgoing_rows.at_end()) outgoing_rows.move_first();
-    if (!incoming_rows.at_end()) incoming_rows.move_first();
+    if (!transfer_rows.at_end()) transfer_rows.move_first();
+
     call.connection.begin();
-
     PartQuantities outgoing(outgoing_rows);
-    PartQuantities incoming(incoming_rows);
-    if (!outgoing.at_end() || !incoming.at_end()) {
-      // The blank behind the department number is part of the header; comparisons of department numbers
-      // ignore it.
-      call.connection.execute(sql(
-          "Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,DEPTNOFR,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
-          " Values('{}','STK027CLOSE',0,{},'{} ','','{}',{},'{}',{})",
-          cCloseID, NextCloseDT, cDeptNo, user_id(), TodayDT, user_id(), TodayDT));
-    }
-
-    DocumentLines lines(call.connection, cCloseID, user_id(), TodayDT);
-    for (; !outgoing.at_end(); outgoing.move_next(), automation::yield()) {
-      double quantity = automation::to_double(outgoing.quantity());
-      while (!incoming.at_end() && incoming.part() < outgoing.part()) lines.write_incoming(incoming);
-      if (!incoming.at_end() && incoming.part() == outgoing.part()) {
-        quantity += automation::to_double(incoming.quantity());
-        incoming.move_next();
-      }
-      lines.write_merged(outgoing.part(), quantity);
-    }
-    while (!incoming.at_end()) lines.write_incoming(incoming);
-
+    PartQuantities transfers(transfer_rows);
+    DepartmentDocument document({call.connection, cCloseID, NextCloseDT, user_id(), TodayDT});
+    if (!outgoing.at_end() || !transfers.at_end()) document.write_header(cDeptNo);
+    document.write_lines(outgoing, transfers);
     call.connection.commit();
     outgoing_rows.close();
-    incoming_rows.close();
+    transfer_rows.close();
   });
 }
 

@@ -66,4 +66,7 @@ std::string sql(std::type_identity_t<SqlText<sizeof...(Pieces)>> statement, cons
   return out;
 }
 
+// What a value is in the hole of a statement: Null is no text at all.
+std::string text_of(const automation::Value& value);
+
 }  // namespace tallyra::frame
