@@ -1,77 +1,98 @@
 #include "client/client.h"
 
+#include <algorithm>
 #include <exception>
-#include <optional>
 #include <ostream>
 
 #include "automation/apartment.h"
 #include "automation/error.h"
-#include "automation/folded_name.h"
-#include "client/call_run.h"
-#include "client/command_line.h"
-#include "client/posting_check.h"
-#include "client/progress.h"
-#include "client/report_json.h"
-#include "client/report_text.h"
+#include "client/catalogue.h"
+#include "client/configuration.h"
+#include "client/failure.h"
+#include "client/raw_call.h"
+#include "client/refusal.h"
+#include "client/suggestion.h"
 #include "client/usage_error.h"
-#include "client/value_text.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
 
 namespace tallyra::client {
 namespace {
 
-bool is_month_close(const Call& call) {
-  return automation::equals_folded(call.prog_id, "Tallyra.CStockClose") &&
-         automation::equals_folded(call.member, "Insert") && !call.arguments.empty();
+Configuration said_by(const Words& words) {
+  const auto setting = [&](std::string_view option) {
+    const auto value = words.value(option);
+    return value ? std::optional(Setting{*value, std::string(option)}) : std::nullopt;
+  };
+  return {setting("--db"), setting("--user"), setting("--language"), setting("--kind")};
 }
 
-Outcome run_with_progress(const CallRequest& request, const Console& console) {
-  std::optional<CloseProgress> progress;
-  if (is_month_close(request.call) && request.progress.value_or(console.error_is_terminal)) {
-    CloseProgressSettings settings;
-    settings.connection_string = request.session.connection_string.value_or("");
-    settings.close_date = shown_text(request.call.arguments.front());
-    settings.interval = console.progress_interval;
-    settings.width = console.error_width;
-    progress.emplace(std::move(settings), console.error);
+void require_arguments(const Verb& verb, std::size_t count) {
+  if (count >= verb.least_arguments && count <= verb.most_arguments) return;
+  const std::string usage = verb.arguments.empty() ? std::string("nothing") : std::string(verb.arguments);
+  throw UsageError(std::string(verb.name) + " takes " + usage + "; " + std::to_string(count) +
+                   (count == 1 ? " argument was" : " arguments were") + " given");
+}
+
+// `words` are those without the name of the verb.
+ExitStatus run_verb(const Verb& verb, const std::vector<std::string>& words, const Console& console,
+                    const Environment& environment) {
+  std::vector<Option> known(verb.options.begin(), verb.options.end());
+  known.insert(known.end(), common_options().begin(), common_options().end());
+  Words read = read_words(words, known);
+  if (read.has("--help")) {
+    console.out << verb_help(verb);
+    return exit_done;
   }
-  return run_call(request.call, request.session);
-}
-
-void tell(const automation::Error& error, const Console& console) {
-  console.error << "tallyra-client: the call failed with error " << error.number() << ": "
-                << error.description() << "\n";
-}
-
-ExitStatus carry_out(const TextRequest& request, const Console& console) {
-  console.out << request.text;
-  return exit_done;
-}
-
-ExitStatus carry_out(const CallRequest& request, const Console& console) {
+  require_arguments(verb, read.arguments.size());
   const automation::Apartment apartment;
-  const Outcome outcome = run_with_progress(request, console);
-  console.out << (request.json ? report_json(outcome) : report_text(outcome));
-  if (outcome.raised) tell(*outcome.raised, console);
-  bool succeeded = outcome.succeeded();
-  if (may_have_posted(request.call, outcome)) {
-    const std::string complaint = posting_complaint(request.session);
-    if (!complaint.empty()) console.error << "tallyra-client: " << complaint << "\n";
-    succeeded = succeeded && complaint.empty();
-  }
-  return succeeded ? exit_done : exit_failed;
+  const Configuration configured = read_configuration(read.value("--config"), environment);
+  Session session = session_of(said_by(read), configured);
+  VerbContext context(std::move(read), std::move(session), console);
+  return verb.run(context);
+}
+
+ExitStatus run_words(const std::vector<std::string>& words, const Console& console,
+                     const Environment& environment) {
+  const std::size_t first = first_plain_word(words);
+  const auto found = find_verb(std::span(words).subspan(first));
+  if (!found.verb) return run_raw_call(words, console, environment);
+  std::vector<std::string> others = words;
+  const auto name = others.begin() + static_cast<std::ptrdiff_t>(first);
+  others.erase(name, name + static_cast<std::ptrdiff_t>(found.words));
+  if (found.verb == &call_verb) return run_raw_call(others, console, environment);
+  return run_verb(*found.verb, others, console, environment);
+}
+
+// The verb or class that the first word may have meant, where it is neither.
+std::string meant_instead(const std::vector<std::string>& words) {
+  const std::size_t first = first_plain_word(words);
+  if (first == words.size() || words[first].find('.') != std::string::npos) return {};
+  if (find_class(words[first])) return {};
+  return resembling_word(words[first]);
+}
+
+void tell_usage(const UsageError& error, const std::vector<std::string>& words, const Console& console) {
+  const std::string text = error.what();
+  const bool suggested = text.find("did you mean") != std::string::npos;
+  console.error << "tallyra-client: " << text << (suggested ? std::string() : meant_instead(words))
+                << "\nTry 'tallyra-client --help'.\n";
 }
 
 }  // namespace
 
-ExitStatus run_client(const std::vector<std::string>& words, const Console& console) {
+ExitStatus run_client(const std::vector<std::string>& words, const Console& console,
+                      const Environment& environment) {
   try {
-    return std::visit([&](const auto& request) { return carry_out(request, console); },
-                      parse_command_line(words));
+    return run_words(words, console, environment);
   } catch (const UsageError& error) {
-    console.error << "tallyra-client: " << error.what() << "\nTry 'tallyra-client --help'.\n";
+    tell_usage(error, words, console);
     return exit_wrong_usage;
+  } catch (const Refusal& refusal) {
+    console.error << "tallyra-client: " << refusal.what() << "\n";
+    return refusal.status();
   } catch (const automation::Error& error) {
-    tell(error, console);
+    tell_failure(error, console);
   } catch (const std::exception& error) {
     console.error << "tallyra-client: " << error.what() << "\n";
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "client/call.h"
+#include "client/configuration.h"
 #include "client/session.h"
 
 namespace tallyra::client {
@@ -23,8 +24,13 @@ struct CallRequest {
   std::optional<bool> progress;
 };
 
-// Reads the words behind the program's name. Options stand anywhere before "--"; all other words are class,
-// member and arguments in their order, negative numbers among them. Throws UsageError.
-std::variant<TextRequest, CallRequest> parse_command_line(const std::vector<std::string>& words);
+// Reads the words of a raw call. Options stand anywhere before "--"; all other words are class, member and
+// arguments in their order, negative numbers among them. What they leave open is taken from the environment
+// and the file that it names. Throws UsageError.
+std::variant<TextRequest, CallRequest> parse_command_line(const std::vector<std::string>& words,
+                                                          const Environment& environment);
+
+// What --help says of the whole program.
+std::string program_help();
 
 }  // namespace tallyra::client

@@ -1,6 +1,10 @@
 #include "client/help_text.h"
 
+#include <string>
+
 #include "client/catalogue.h"
+#include "client/exit_status.h"
+#include "client/verbs/verb.h"
 
 namespace tallyra::client {
 namespace {
@@ -30,25 +34,35 @@ constexpr std::string_view examples_text = R"(Examples:
   tallyra-client --db stock.db --user ANNA CStockClose Update 2024/01/31 STATUSSN=i:1 APPROVED
   tallyra-client --db stock.db CTranDetail PORefQty PO1 i:1 empty: empty: empty: PO
   tallyra-client --db 'DSN=stock' --kind MSSQLSERVER --json CTranHead Read T1 STK010POREV
-
-Exit status:
-  0  done
-  1  refused or failed: ErrNumber is not 0 (Read of a row that does not exist: 10000003), or a method that
-     answers 100 for success has answered 0, or an error left the object: told on the error output and, with
-     --json, as "raised". ErrNumber is shown then too: ValidCloseDT raises error 438 beside its 10000112.
-     Approving a stocktaking that has lines ends so although everything is stored; Read it to see whether it has
-     the STATUSSN and STATUSDT that were given. The client looks for itself whether its posting has a number, and
-     tells on the error output if it has not
-  2  wrong usage: no such class or member, wrong arguments, wrong options; so any object's errors 13, 448, 449
-     and 450, which blame what it was handed, and 438 of a member that is no method listed by --list
 )";
+
+constexpr std::string_view raw_status_text = R"(
+A raw call ends with 1 when ErrNumber is not 0 (Read of a row that does not exist: 10000003), or a method that
+answers 100 for success has answered 0, or an error left the object: told on the error output and, with --json, as
+"raised". ErrNumber is shown then too: ValidCloseDT raises error 438 beside its 10000112. Approving a stocktaking
+that has lines ends so although everything is stored; Read it to see whether it has the STATUSSN and STATUSDT that
+were given. The client looks for itself whether its posting has a number, and tells on the error output if it has
+not. Any object's errors 13, 448, 449 and 450, which blame what it was handed, end with 2, and so does 438 of a
+member that is no method listed by --list.
+)";
+
+std::string status_text() {
+  std::string text = "\nExit status:\n";
+  for (const auto& [status, meaning] : exit_meanings()) {
+    const std::string number = std::to_string(status);
+    text.append("  ").append(number).append(5 - number.size(), ' ').append(meaning) += '\n';
+  }
+  return text.append(raw_status_text);
+}
 
 }  // namespace
 
 std::string help_details() {
-  std::string text(words_text);
+  std::string text =
+      "Verbs:\n" + verbs_text() + "'tallyra-client help VERB' tells of each.\n\n" + std::string(words_text);
   text += '\n';
   text += examples_text;
+  text += status_text();
   text += "\nClasses:\n";
   for (const auto& entry : catalogue())
     text.append("  ").append(entry.name).append(16 - entry.name.size(), ' ').append(entry.purpose) += '\n';

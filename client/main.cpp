@@ -2,14 +2,17 @@
 
 #include "client/classes.h"
 #include "client/client.h"
-#include "client/terminal.h"
+#include "client/platform/environment.h"
+#include "client/platform/terminal.h"
 
 int main(int argc, char** argv) {
   using namespace tallyra::client;
   use_utf8_output();
   make_classes_available();
-  const Console console{std::cout, std::cerr, error_output_is_terminal(), error_output_width()};
-  const ExitStatus status = run_client(command_line_words(argc, argv), console);
+  Console console{std::cout, std::cerr, error_output_is_terminal(), error_output_width()};
+  console.out_width = output_width();
+  if (input_is_terminal()) console.answers = &std::cin;
+  const ExitStatus status = run_client(command_line_words(argc, argv), console, environment_variable);
   std::cout.flush();
   if (status == exit_done && !std::cout) return exit_failed;
   return status;

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "automation/error.h"
 #include "automation/value.h"
+#include "client/database/connection_text.h"
+#include "client/file_path.h"
 #include "client/usage_error.h"
 
 namespace tallyra::client {
@@ -21,23 +24,30 @@ bool is_connection_string(std::string_view text) {
          std::ranges::all_of(text.substr(0, equals), is_keyword_part);
 }
 
-bool is_file(std::string_view path) {
+// Throws UsageError when what is named is no file that can be read.
+void require_file(const std::string& path, const std::string& named_as) {
   std::error_code error;
-  return std::filesystem::is_regular_file(std::filesystem::path(std::u8string(path.begin(), path.end())),
-                                          error);
+  const auto file = file_path(path);
+  if (std::filesystem::is_directory(file, error))
+    throw UsageError(named_as + ": that is a directory; give the file of the database in it");
+  if (!std::filesystem::exists(file, error))
+    throw UsageError(named_as +
+                     ": no such file; give the path of an SQLite file or a connection string such as "
+                     "'DRIVER={SQLite3};Database=stock.db'");
+  if (!std::ifstream(file)) throw UsageError(named_as + ": the file cannot be read");
 }
 
 }  // namespace
 
-std::string connection_string_for(std::string_view db) {
-  if (is_connection_string(db)) return std::string(db);
+std::string connection_string_for(std::string_view db, std::string_view origin) {
+  const std::string named_as = std::string(origin) + " '" + shown_connection(db) + "'";
+  if (is_connection_string(db)) {
+    if (const auto file = sqlite_file(db); file && *file != ":memory:") require_file(*file, named_as);
+    return std::string(db);
+  }
   if (db.find_first_of(";{}") != std::string_view::npos)
-    throw UsageError("--db '" + std::string(db) +
-                     "': the path of a database file cannot have ';', '{' or '}' in it");
-  if (!is_file(db))
-    throw UsageError("--db '" + std::string(db) +
-                     "': no such file; give the path of an SQLite file or a connection string such as "
-                     "'DRIVER={SQLite3};Database=stock.db'");
+    throw UsageError(named_as + ": the path of a database file cannot have ';', '{' or '}' in it");
+  require_file(std::string(db), named_as);
   return "DRIVER={SQLite3};Database=" + std::string(db);
 }
 

@@ -19,9 +19,10 @@ struct Session {
 };
 
 // The connection string for --db: a text that begins with a keyword and '=' is one already, anything else is
-// the path of an SQLite file. Throws UsageError when there is no such file: the engine would make an empty
-// one.
-std::string connection_string_for(std::string_view db);
+// the path of an SQLite file. Throws UsageError when there is no such file, also when a connection string for
+// SQLite names it: the engine would make an empty one. `origin` says in its text where the database was
+// named.
+std::string connection_string_for(std::string_view db, std::string_view origin = "--db");
 
 // Sets ConnectionString, UserID, Language and SystemDatabase, in this order. Throws UsageError when the class
 // has no property for a value that was given; the default database kind is set only where there is one.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <optional>
 #include <sstream>
 
@@ -25,7 +26,14 @@ class Client : public testing::Test {
   }
 
   ExitStatus run(const std::vector<std::string>& words) {
-    return run_client(words, {out_, error_, error_is_terminal_, 80, progress_interval});
+    const auto environment = [this](const std::string& name) -> std::optional<std::string> {
+      const auto found = environment_.find(name);
+      if (found == environment_.end()) return std::nullopt;
+      return found->second;
+    };
+    Console console{out_, error_, error_is_terminal_, 80, progress_interval};
+    if (answers_) console.answers = &*answers_;
+    return run_client(words, console, environment);
   }
 
   static constexpr std::chrono::milliseconds progress_interval{5};
@@ -34,6 +42,9 @@ class Client : public testing::Test {
   std::ostringstream out_;
   std::ostringstream error_;
   bool error_is_terminal_ = false;
+  std::map<std::string, std::string> environment_;
+  // What the person in front of the terminal types; nobody is there without.
+  std::optional<std::istringstream> answers_;
 
  private:
   std::optional<automation::local::ScopedClass> class_;

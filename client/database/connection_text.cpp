@@ -1,0 +1,97 @@
+#include "client/database/connection_text.h"
+
+#include <algorithm>
+
+#include "automation/convert.h"
+#include "automation/folded_name.h"
+
+namespace tallyra::client {
+namespace {
+
+// One "Keyword=value" of a connection string; the value with its braces or quotes.
+struct Piece {
+  std::string_view keyword;
+  std::string_view value;
+};
+
+// Where a value ends that may be in braces or quotes.
+std::size_t value_end(std::string_view text) {
+  const std::size_t begin = text.find_first_not_of(" \t");
+  char closing = ';';
+  if (begin != std::string_view::npos && text[begin] == '{') closing = '}';
+  if (begin != std::string_view::npos && (text[begin] == '"' || text[begin] == '\'')) closing = text[begin];
+  std::size_t end = begin == std::string_view::npos ? text.size() : begin;
+  if (closing != ';') {
+    end = text.find(closing, begin + 1);
+    // A doubled one stands for itself.
+    while (end != std::string_view::npos && end + 1 < text.size() && text[end + 1] == closing)
+      end = text.find(closing, end + 2);
+    if (end == std::string_view::npos) return text.size();
+  }
+  return std::min(text.find(';', end), text.size());
+}
+
+// Takes the first piece off the text, its ';' too.
+Piece take_piece(std::string_view& text) {
+  const std::size_t semicolon = std::min(text.find(';'), text.size());
+  const std::size_t equals = text.find('=');
+  if (equals == std::string_view::npos || equals > semicolon) {
+    const Piece piece{{}, text.substr(0, semicolon)};
+    text.remove_prefix(std::min(semicolon + 1, text.size()));
+    return piece;
+  }
+  const std::size_t end = equals + 1 + value_end(text.substr(equals + 1));
+  const Piece piece{text.substr(0, equals), text.substr(equals + 1, end - equals - 1)};
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return piece;
+}
+
+std::string bare(std::string_view value) {
+  const std::string text = automation::trimmed(value);
+  const bool enclosed = text.size() > 1 && ((text.front() == '{' && text.back() == '}') ||
+                                            (text.front() == '"' && text.back() == '"') ||
+                                            (text.front() == '\'' && text.back() == '\''));
+  return enclosed ? text.substr(1, text.size() - 2) : text;
+}
+
+bool is_password(std::string_view keyword) {
+  const std::string name = automation::folded(automation::trimmed(keyword));
+  return name == "pwd" || name == "password" || name.ends_with(" password");
+}
+
+std::string shown_value(const Piece& piece) {
+  if (is_password(piece.keyword)) return "***";
+  const std::string text = automation::trimmed(piece.value);
+  const bool quoted = text.size() > 1 && (text.front() == '"' || text.front() == '\'');
+  if (!quoted || text.find('=') == std::string::npos) return std::string(piece.value);
+  return text.front() + shown_connection(bare(text)) + text.front();
+}
+
+}  // namespace
+
+std::string shown_connection(std::string_view connection_string) {
+  std::string result;
+  while (!connection_string.empty()) {
+    const Piece piece = take_piece(connection_string);
+    if (!result.empty()) result += ';';
+    if (!piece.keyword.empty()) result.append(piece.keyword) += '=';
+    result += shown_value(piece);
+  }
+  return result;
+}
+
+std::optional<std::string> sqlite_file(std::string_view connection_string) {
+  bool is_sqlite = false;
+  std::optional<std::string> file;
+  while (!connection_string.empty()) {
+    const Piece piece = take_piece(connection_string);
+    const std::string keyword = automation::folded(automation::trimmed(piece.keyword));
+    if (keyword == "driver")
+      is_sqlite = automation::folded(bare(piece.value)).find("sqlite") != std::string::npos;
+    if (keyword == "database") file = bare(piece.value);
+    if (keyword == "extended properties") return sqlite_file(bare(piece.value));
+  }
+  return is_sqlite ? file : std::nullopt;
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,82 @@
+#include "client/output/table.h"
+
+#include "client/output/json_value.h"
+#include "client/output/text_table.h"
+#include "client/value_text.h"
+
+namespace tallyra::client {
+namespace {
+
+// Nothing stands for what is not known: NULL is a word of the raw calls.
+std::string cell_text(const automation::Value& value) {
+  return value.is_null() ? std::string() : shown_text(value);
+}
+
+std::string as_text(const Table& table, std::size_t width) {
+  std::string text = table.title.empty() ? std::string() : table.title + "\n";
+  std::vector<Align> alignment;
+  std::vector<std::string> heading;
+  for (const Column& column : table.columns) {
+    alignment.push_back(column.align);
+    heading.push_back(column.name);
+  }
+  TextTable lines(std::move(alignment));
+  lines.add_row(heading);
+  for (const auto& row : table.rows) {
+    std::vector<std::string> cells;
+    for (const auto& value : row) cells.push_back(cell_text(value));
+    lines.add_row(cells);
+  }
+  if (width != 0) lines.fit(width);
+  lines.append_with_heading(text);
+  return text;
+}
+
+std::string quoted_where_needed(const std::string& cell) {
+  if (cell.find_first_of(",\"\r\n") == std::string::npos) return cell;
+  std::string quoted = "\"";
+  for (const char c : cell) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + "\"";
+}
+
+std::string as_csv(const Table& table) {
+  std::string text;
+  for (std::size_t i = 0; i < table.columns.size(); ++i)
+    text.append(i == 0 ? "" : ",").append(quoted_where_needed(table.columns[i].name));
+  text += '\n';
+  for (const auto& row : table.rows) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      text.append(i == 0 ? "" : ",").append(quoted_where_needed(cell_text(row[i])));
+    text += '\n';
+  }
+  return text;
+}
+
+Json as_json(const Table& table) {
+  Json rows = Json::array();
+  for (const auto& row : table.rows) {
+    Json object = Json::object();
+    for (std::size_t i = 0; i < row.size() && i < table.columns.size(); ++i)
+      object[table.columns[i].name] = value_json(row[i]);
+    rows.push_back(std::move(object));
+  }
+  return rows;
+}
+
+}  // namespace
+
+std::string printed(const std::vector<Table>& tables, OutputFormat format, std::size_t width) {
+  if (format == OutputFormat::json) {
+    Json json = Json::object();
+    for (const Table& table : tables) json[table.name] = as_json(table);
+    return json_text(json);
+  }
+  std::string text;
+  for (const Table& table : tables) {
+    if (&table != tables.data()) text += '\n';
+    text += format == OutputFormat::csv ? as_csv(table) : as_text(table, width);
+  }
+  return text;
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,76 @@
+#include "client/raw_call.h"
+
+#include <optional>
+#include <ostream>
+
+#include "automation/apartment.h"
+#include "automation/error.h"
+#include "automation/folded_name.h"
+#include "client/call_run.h"
+#include "client/catalogue.h"
+#include "client/command_line.h"
+#include "client/failure.h"
+#include "client/posting_check.h"
+#include "client/progress.h"
+#include "client/report_json.h"
+#include "client/report_text.h"
+#include "client/value_text.h"
+
+namespace tallyra::client {
+namespace {
+
+bool is_month_close(const Call& call) {
+  return automation::equals_folded(call.prog_id, "Tallyra.CStockClose") &&
+         automation::equals_folded(call.member, "Insert") && !call.arguments.empty();
+}
+
+Outcome run_with_progress(const CallRequest& request, const Console& console) {
+  std::optional<CloseProgress> progress;
+  if (is_month_close(request.call) && request.progress.value_or(console.error_is_terminal)) {
+    CloseProgressSettings settings;
+    settings.connection_string = request.session.connection_string.value_or("");
+    settings.close_date = shown_text(request.call.arguments.front());
+    settings.interval = console.progress_interval;
+    settings.width = console.error_width;
+    progress.emplace(std::move(settings), console.error);
+  }
+  return run_call(request.call, request.session);
+}
+
+// A class of ours that was given no database ends in a negative number, the database's own, with a text about
+// data sources that nobody has written.
+bool lacks_database(const CallRequest& request, const Outcome& outcome) {
+  return !request.session.connection_string && find_class(request.call.prog_id) &&
+         outcome.error_number.value_or(0) < 0;
+}
+
+ExitStatus carry_out(const TextRequest& request, const Console& console) {
+  console.out << request.text;
+  return exit_done;
+}
+
+ExitStatus carry_out(const CallRequest& request, const Console& console) {
+  const automation::Apartment apartment;
+  const Outcome outcome = run_with_progress(request, console);
+  console.out << (request.json ? report_json(outcome) : report_text(outcome));
+  if (outcome.raised) tell_failure(*outcome.raised, console);
+  bool succeeded = outcome.succeeded();
+  if (lacks_database(request, outcome))
+    console.error << "tallyra-client: no database was given: name one by --db or TALLYRA_DB\n";
+  if (may_have_posted(request.call, outcome)) {
+    const std::string complaint = posting_complaint(request.session);
+    if (!complaint.empty()) console.error << "tallyra-client: " << complaint << "\n";
+    succeeded = succeeded && complaint.empty();
+  }
+  return succeeded ? exit_done : exit_failed;
+}
+
+}  // namespace
+
+ExitStatus run_raw_call(const std::vector<std::string>& words, const Console& console,
+                        const Environment& environment) {
+  return std::visit([&](const auto& request) { return carry_out(request, console); },
+                    parse_command_line(words, environment));
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "client/verbs/verb.h"
+
+// Every verb, one a line; each is defined in the file of its name in this folder.
+namespace tallyra::client {
+
+extern const Verb call_verb;
+extern const Verb help_verb;
+extern const Verb log_verb;
+
+}  // namespace tallyra::client

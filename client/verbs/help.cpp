@@ -1,0 +1,49 @@
+#include <ostream>
+
+#include "client/catalogue.h"
+#include "client/command_line.h"
+#include "client/suggestion.h"
+#include "client/usage_error.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
+
+namespace tallyra::client {
+namespace {
+
+constexpr std::string_view examples[] = {"help close", "help CStockClose"};
+
+std::string class_help(const ClassEntry& entry) {
+  std::string text = "Tallyra." + std::string(entry.name) + ": " + std::string(entry.purpose) + "\n";
+  for (const auto& member : entry.members)
+    text.append("  ").append(member.name).append(" ").append(member.arguments).append("\n");
+  return text;
+}
+
+std::string help_on(const std::vector<std::string>& words) {
+  if (words.empty()) return program_help();
+  if (const auto found = find_verb(words); found.verb) return verb_help(*found.verb);
+  if (const ClassEntry* entry = find_class(words[0])) return class_help(*entry);
+  throw UsageError("there is no verb or class '" + words[0] + "'" + resembling_word(words[0]));
+}
+
+ExitStatus run(VerbContext& context) {
+  context.console().out << help_on(context.words().arguments);
+  return exit_done;
+}
+
+}  // namespace
+
+const Verb help_verb{
+    .name = "help",
+    .arguments = "[VERB | CLASS]",
+    .summary = "what a verb does, or the members of a class",
+    .help =
+        "Tells of a verb what it does and which options it has, of a class its members and their arguments.",
+    .options = {},
+    .examples = examples,
+    .least_arguments = 0,
+    .most_arguments = 2,
+    .run = run,
+};
+
+}  // namespace tallyra::client

@@ -1,0 +1,96 @@
+#include <algorithm>
+#include <charconv>
+
+#include "client/usage_error.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
+
+// Who has done what: the journal, latest first.
+namespace tallyra::client {
+namespace {
+
+constexpr Option options[] = {
+    {"--from", "DATE", "nothing before that day"},
+    {"--to", "DATE", "nothing after that day"},
+    {"--action", "NAME", "only that action: close, approve, reopen, ..."},
+    {"--limit", "NUMBER", "no more rows than that, the latest; 50 when nothing is said, 0 for all"},
+};
+constexpr std::string_view examples[] = {
+    "log --db stock.db",
+    "log --db stock.db --action close --from 2024/01/01 --csv",
+};
+
+std::size_t limit_of(const VerbContext& context) {
+  constexpr std::size_t usual_limit = 50;
+  const auto word = context.words().value("--limit");
+  if (!word) return usual_limit;
+  std::size_t limit = 0;
+  const char* const end = word->data() + word->size();
+  if (const auto [stopped, error] = std::from_chars(word->data(), end, limit);
+      error != std::errc{} || stopped != end)
+    throw UsageError("--limit '" + *word + "': write a whole number");
+  return limit;
+}
+
+std::string condition_of(const VerbContext& context) {
+  std::string condition = " Where SEQNO>0";
+  if (const auto from = context.words().value("--from"))
+    condition += " And DONEAT>=" + Reader::text_literal(day_text(date_of(*from, "date")));
+  if (const auto to = context.words().value("--to"))
+    condition += " And DONEAT<=" + Reader::text_literal(day_text(date_of(*to, "date")) + " 23:59:59");
+  if (const auto action = context.words().value("--action"))
+    condition += " And ACTION=" + Reader::text_literal(*action);
+  return condition;
+}
+
+ExitStatus run(VerbContext& context) {
+  Table table{"log",
+              "",
+              {{"when"},
+               {"what"},
+               {"of"},
+               {"result"},
+               {"detail"},
+               {"user"},
+               {"login"},
+               {"host"},
+               number_column("process")},
+              {}};
+  const std::size_t limit = limit_of(context);
+  const std::string condition = condition_of(context);
+  if (context.reader().has_table("TALLYRAJOURNAL"))
+    table.rows = context.reader()
+                     .rows(
+                         "Select DONEAT,ACTION,SUBJECT,RESULT,DETAIL,USERID,OSUSER,HOSTNAME,PROCESSID"
+                         " From TALLYRAJOURNAL" +
+                         condition + " Order By DONEAT Desc,SEQNO Desc")
+                     .rows;
+  else
+    context.tell("The database has no journal yet: the first close makes one.");
+  if (limit != 0 && table.rows.size() > limit) {
+    context.tell(std::to_string(table.rows.size() - limit) +
+                 " earlier entries are not shown: --limit 0 shows all.");
+    table.rows.resize(limit);
+  }
+  context.print(table);
+  return exit_done;
+}
+
+}  // namespace
+
+const Verb log_verb{
+    .name = "log",
+    .arguments = "",
+    .summary = "who has closed, approved, reopened, counted or forced what, when and from where",
+    .help =
+        "Shows the journal of this program, latest first: what was done to which date or document, how it "
+        "ended,\n"
+        "for which user, and by which login, host and process.",
+    .options = options,
+    .examples = examples,
+    .least_arguments = 0,
+    .most_arguments = 0,
+    .run = run,
+};
+
+}  // namespace tallyra::client

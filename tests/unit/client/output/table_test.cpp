@@ -1,0 +1,48 @@
+#include "client/output/table.h"
+
+#include <gtest/gtest.h>
+
+namespace tallyra::client {
+namespace {
+
+Table sample() {
+  return {"parts",
+          "Parts",
+          {{"part"}, number_column("qty"), {"name"}},
+          {{"P1", 12.5, "bolt, \"long\""}, {"P22", -3, automation::Null{}}}};
+}
+
+TEST(PrintedTable, StandsStraightAsText) {
+  EXPECT_EQ(printed({sample()}, OutputFormat::text, 0),
+            "Parts\n"
+            "part   qty  name\n"
+            "----  ----  ------------\n"
+            "P1    12.5  bolt, \"long\"\n"
+            "P22     -3\n");
+}
+
+TEST(PrintedTable, IsFittedToTheTerminalByShorteningTexts) {
+  EXPECT_EQ(printed({sample()}, OutputFormat::text, 20),
+            "Parts\n"
+            "part   qty  name\n"
+            "----  ----  --------\n"
+            "P1    12.5  bolt, \"…\n"
+            "P22     -3\n");
+}
+
+TEST(PrintedTable, QuotesInCommaSeparatedValuesWhatNeedsIt) {
+  EXPECT_EQ(printed({sample(), {"none", "", {{"x"}}, {}}}, OutputFormat::csv, 20),
+            "part,qty,name\n"
+            "P1,12.5,\"bolt, \"\"long\"\"\"\n"
+            "P22,-3,\n"
+            "\n"
+            "x\n");
+}
+
+TEST(PrintedTable, IsOneObjectInJson) {
+  EXPECT_EQ(printed({{"a", "A", {{"x"}}, {{1}}}, {"b", "", {{"x"}}, {}}}, OutputFormat::json, 0),
+            "{\n  \"a\": [\n    {\n      \"x\": 1\n    }\n  ],\n  \"b\": []\n}\n");
+}
+
+}  // namespace
+}  // namespace tallyra::client
