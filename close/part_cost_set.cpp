@@ -1,19 +1,24 @@
 #include "close/part_cost_set.h"
 
-#include "frame/record_maintenance.h"
+#include "frame/business_method.h"
+#include "frame/delete_move.h"
+#include "frame/insert_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
+#include "frame/update_move.h"
 
 namespace tallyra::close {
 
 using automation::Object;
 using frame::Call;
-using frame::OwnerTest;
+using frame::Opening;
 using frame::sql;
+using frame::Transaction;
 namespace schema = frame::schema;
 
-CPartCostSet::CPartCostSet() : Session(std::string(schema::access_kind)) {}
+CPartCostSet::CPartCostSet() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CPartCostSet::Read(std::int32_t& iMTypeSN, Object& colFieldName, Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
@@ -27,13 +32,12 @@ float CPartCostSet::Read(std::int32_t& iMTypeSN, Object& colFieldName, Object& c
 float CPartCostSet::Update(std::int32_t iMTypeSN, Object& colFieldName, Object& colFieldValue,
                            std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
-    const std::string tag = strOprTag;
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::part_cost_setting,
                  .function_code = schema::function_code::part_cost,
-                 .operation_tag = tag,
-                 .owner = {.then = OwnerTest::Then::open_if_closed},
-                 .structure = "Select top 1 * From PARTCOSTSET",
+                 .operation_tag = strOprTag,
+                 .opening = Opening::if_closed,
+                 .structure = {"Select top 1 * From PARTCOSTSET"},
                  .condition = sql(" Where PARTCOSTSET.MTYPESN={}", iMTypeSN)});
   });
 }
@@ -44,15 +48,15 @@ float CPartCostSet::Insert(std::int32_t iMTypeSN, Object& colFieldName, Object& 
                {.table = schema::table::part_cost_setting,
                 .function_code = schema::function_code::part_cost,
                 .existing = sql("Select * From PARTCOSTSET where MTYPESN={}", iMTypeSN),
-                .in_transaction = true});
+                .transaction = Transaction::left_on_error});
   });
 }
 
 float CPartCostSet::Delete(std::int32_t iMTypeSN) {
   return run_method(*this, [&](Call& call) {
     delete_rows(call, {.function_code = schema::function_code::part_cost,
-                       .owner = {.then = OwnerTest::Then::open_if_closed},
-                       .roll_back_on_error = false,
+                       .opening = Opening::if_closed,
+                       .transaction = Transaction::left_on_error,
                        .statements = {sql("Delete From PARTCOSTSET Where MTYPESN={}", iMTypeSN)}});
   });
 }

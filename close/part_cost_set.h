@@ -4,13 +4,13 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::close {
 
 // Costing settings (PARTCOSTSET, by the serial number of a material type, MTYPESN). Methods return 100 for
 // success and 0 for failure and tell the reason in the error fields. No right comes from owning a row.
-class CPartCostSet : public frame::Session {
+class CPartCostSet : public frame::BusinessObject {
  public:
   CPartCostSet();
 

@@ -3,10 +3,13 @@
 #include <string>
 
 #include "close/stock_close_period.h"
-#include "frame/record_maintenance.h"
+#include "frame/business_method.h"
+#include "frame/delete_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
+#include "frame/update_move.h"
 
 // The records of the month closes: reading, changing (which approves) and deleting them.
 namespace tallyra::close {
@@ -18,7 +21,7 @@ using frame::DateLiteral;
 using frame::sql;
 namespace schema = frame::schema;
 
-CStockClose::CStockClose() : Session(std::string(schema::access_kind)) {}
+CStockClose::CStockClose() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CStockClose::Read(std::string pCloseDT, Object& colFieldName, Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
@@ -32,9 +35,8 @@ float CStockClose::Read(std::string pCloseDT, Object& colFieldName, Object& colF
 float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& colFieldValue,
                           std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
-    const std::string tag = strOprTag;
     const ClosePeriod period = period_until(pCloseDT, DateLiteral(system_database()));
-    const auto approve_earlier_records_and_documents = [&](Call&) {
+    const auto approve_earlier_records_and_documents = [&] {
       call.connection.execute(
           sql("Update STKCLOSEHD Set STATUSSN=1 Where CLOSEDT<{} And STATUSSN<1", period.close));
       call.connection.execute(
@@ -45,10 +47,10 @@ float CStockClose::Update(std::string pCloseDT, Object& colFieldName, Object& co
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::month_close,
                  .function_code = schema::function_code::month_close,
-                 .operation_tag = tag,
-                 .structure = "Select top 1 * From STKCLOSEHD",
+                 .operation_tag = strOprTag,
+                 .structure = {"Select top 1 * From STKCLOSEHD"},
                  .condition = sql(" Where STKCLOSEHD.CLOSEDT={}", period.close),
-                 .in_transaction = true,
+                 .transaction = frame::Transaction::left_on_error,
                  .also = approve_earlier_records_and_documents});
   });
 }

@@ -4,7 +4,7 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::close {
 
@@ -13,7 +13,7 @@ class DocumentNumbers;
 // The month-end stock close: its records (STKCLOSEHD, by CLOSEDT), the run over all departments and the
 // company, and the two steps of the run. Every method returns 100 for success and 0 for failure and tells the
 // reason in the error fields.
-class CStockClose : public frame::Session {
+class CStockClose : public frame::BusinessObject {
  public:
   CStockClose();
 

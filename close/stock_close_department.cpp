@@ -3,7 +3,7 @@
 #include "automation/yield.h"
 #include "close/stock_close.h"
 #include "close/stock_close_document.h"
-#include "frame/call.h"
+#include "frame/business_method.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
 

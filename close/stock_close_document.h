@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/database.h"
+#include "frame/connection.h"
 
 namespace tallyra::close {
 

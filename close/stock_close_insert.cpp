@@ -5,7 +5,7 @@
 #include "close/stock_close.h"
 #include "close/stock_close_failure.h"
 #include "close/stock_close_period.h"
-#include "frame/call.h"
+#include "frame/business_method.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"

@@ -21,15 +21,15 @@ void take_back(Object& object, const Value& value) {
 
 }  // namespace
 
-Call::Call(Session& session, std::size_t recordsets) : session_(session) {
+Call::Call(BusinessObject& object, std::size_t recordsets) : object_(object) {
   for (std::size_t i = 0; i < recordsets; ++i) recordsets_[i].emplace();
 }
 
 void Call::prepare() {
-  if (session_.collaborators_ready_ != 1) {
-    InitObjects(session_.language_, session_.system_database_, session_.connection_string_,
-                session_.user_id_);
-    session_.collaborators_ready_ = 1;
+  if (!object_.has_set_collaborators_up_) {
+    const Session& session = object_.session_;
+    InitObjects(session.language, session.system_database, session.connection_string, session.user_id);
+    object_.has_set_collaborators_up_ = true;
   }
   set_error(0, {});
 }
@@ -45,14 +45,14 @@ void Call::refuse(const Message& message) {
 }
 
 void Call::set_error(float number, std::string description) {
-  set_error(session_, number, std::move(description));
+  set_error(object_, number, std::move(description));
 }
 
-void Call::set_error(Session& session, float number, std::string description) {
+void Call::set_error(BusinessObject& object, float number, std::string description) {
   // Made first, so that both fields change or none.
   automation::ErrorText text(std::move(description));
-  session.error_number_ = number;
-  session.error_description_ = std::move(text);
+  object.error_number_ = number;
+  object.error_description_ = std::move(text);
 }
 
 void Call::copy_error(Object collaborator) {
@@ -121,7 +121,7 @@ std::string Call::update_statement(std::string_view table, const FieldCollection
 }
 
 void Call::trap(const Error& error) noexcept {
-  trap(session_, error);
+  trap(object_, error);
   if (!roll_back_on_error_) return;
   // The error that led here is the one the client is told; a connection that is already broken adds nothing.
   try {
@@ -134,9 +134,9 @@ void Call::trap(const Error& error) noexcept {
   }
 }
 
-void Call::trap(Session& session, const Error& error) noexcept {
-  session.error_number_ = static_cast<float>(error.number());
-  session.error_description_ =
+void Call::trap(BusinessObject& object, const Error& error) noexcept {
+  object.error_number_ = static_cast<float>(error.number());
+  object.error_description_ =
       error.description().empty() ? automation::ErrorText::of_literal("Automation error") : error.text();
 }
 

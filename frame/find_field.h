@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "automation/value.h"
-#include "frame/call.h"
+#include "frame/field_collections.h"
 
 namespace tallyra::frame {
 

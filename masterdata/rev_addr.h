@@ -3,14 +3,14 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::masterdata {
 
 // Receiving addresses (REVADDR, by AddrNo). Every method returns 100 for success and 0 for failure and tells
 // the reason in the error fields; Read of a missing row is a success with ErrNumber 10000003. A user who has
 // only the owner right cannot update or delete: the error trap reports that the connection is already open.
-class CRevAddr : public frame::Session {
+class CRevAddr : public frame::BusinessObject {
  public:
   CRevAddr();
 

@@ -1,18 +1,23 @@
 #include "masterdata/stk_controller.h"
 
-#include "frame/record_maintenance.h"
+#include "frame/business_method.h"
+#include "frame/delete_move.h"
+#include "frame/insert_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
+#include "frame/update_move.h"
 
 namespace tallyra::masterdata {
 
 using automation::Object;
 using frame::Call;
+using frame::OwnerTest;
 using frame::sql;
 namespace schema = frame::schema;
 
-CSTKController::CSTKController() : Session(std::string(schema::access_kind)) {}
+CSTKController::CSTKController() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CSTKController::Read(std::string& cCONTROLLERNO, Object& colFieldName, Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
@@ -23,13 +28,13 @@ float CSTKController::Read(std::string& cCONTROLLERNO, Object& colFieldName, Obj
 
 float CSTKController::Update(std::string& cCONTROLLERNO, Object& colFieldName, Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
-    update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::stock_controller,
-                 .function_code = schema::function_code::stock_controller,
-                 .owner = {.statement =
-                               sql("Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='{}'", cCONTROLLERNO)},
-                 .structure = "Select top 1 * From STKCONTROLLER",
-                 .condition = sql(" Where CONTROLLERNO='{}'", cCONTROLLERNO)});
+    update_rows(
+        call, {colFieldName, colFieldValue},
+        {.table = schema::table::stock_controller,
+         .function_code = schema::function_code::stock_controller,
+         .owner = OwnerTest(sql("Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='{}'", cCONTROLLERNO)),
+         .structure = {"Select top 1 * From STKCONTROLLER"},
+         .condition = sql(" Where CONTROLLERNO='{}'", cCONTROLLERNO)});
   });
 }
 
@@ -45,11 +50,11 @@ float CSTKController::Insert(std::string& cCONTROLLERNO, Object& colFieldName, O
 
 float CSTKController::Delete(std::string& cCONTROLLERNO) {
   return run_method(*this, [&](Call& call) {
-    delete_rows(call,
-                {.function_code = schema::function_code::stock_controller,
-                 .owner = {.statement =
-                               sql("Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='{}'", cCONTROLLERNO)},
-                 .statements = {sql("Delete From STKCONTROLLER Where CONTROLLERNO='{}'", cCONTROLLERNO)}});
+    delete_rows(
+        call,
+        {.function_code = schema::function_code::stock_controller,
+         .owner = OwnerTest(sql("Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='{}'", cCONTROLLERNO)),
+         .statements = {sql("Delete From STKCONTROLLER Where CONTROLLERNO='{}'", cCONTROLLERNO)}});
   });
 }
 

@@ -3,13 +3,13 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::masterdata {
 
 // Stock controllers, the users who look after stock (STKCONTROLLER, by CONTROLLERNO). Results, error fields
 // and the owner right are those of the receiving addresses.
-class CSTKController : public frame::Session {
+class CSTKController : public frame::BusinessObject {
  public:
   CSTKController();
 

@@ -3,13 +3,13 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::masterdata {
 
 // Shipping notes, the feedback on a shipment (STKSHIPNOTE, by the TRANNO of the document). Results, error
 // fields and the owner right are those of the receiving addresses; the right to insert is not.
-class CStkShipNote : public frame::Session {
+class CStkShipNote : public frame::BusinessObject {
  public:
   CStkShipNote();
 

@@ -8,7 +8,7 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 // What a client can call, class by class: the one description that every dispatch is made from.
 namespace tallyra::server {
@@ -36,13 +36,13 @@ struct ClassMember {
   ResultType result;
   // Converts the arguments, calls, hands back what came by reference and has changed. Throws Error for
   // arguments that do not fit, blaming the first such one.
-  automation::Value (*invoke)(frame::Session&, const ClassMember&, automation::Arguments);
+  automation::Value (*invoke)(frame::BusinessObject&, const ClassMember&, automation::Arguments);
 };
 
 struct ClassTable {
   std::string_view name;
   std::vector<ClassMember> members;
-  std::unique_ptr<frame::Session> (*make)();
+  std::unique_ptr<frame::BusinessObject> (*make)();
 
   // Nothing when there is no such member; a property is found for reading or for writing.
   const ClassMember* find(automation::MemberId id, automation::Access access) const;

@@ -38,7 +38,7 @@ ClassTable class_table(std::string_view name, std::vector<ClassMember> methods) 
   members.insert(members.end(), std::make_move_iterator(methods.begin()),
                  std::make_move_iterator(methods.end()));
   return {name, std::move(members),
-          []() -> std::unique_ptr<frame::Session> { return std::make_unique<C>(); }};
+          []() -> std::unique_ptr<frame::BusinessObject> { return std::make_unique<C>(); }};
 }
 
 // The four methods of a class that follows the record maintenance pattern with one key.

@@ -31,7 +31,7 @@ class BusinessObject : public automation::Dispatch {
 
  private:
   const ClassTable& table_;
-  std::unique_ptr<frame::Session> session_;
+  std::unique_ptr<frame::BusinessObject> session_;
 };
 
 }  // namespace

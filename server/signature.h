@@ -142,7 +142,7 @@ struct Signature<R (C::*)(P...)> {
   }
 
   template <auto F>
-  static automation::Value invoke(frame::Session& session, const ClassMember& member,
+  static automation::Value invoke(frame::BusinessObject& session, const ClassMember& member,
                                   automation::Arguments arguments) {
     if (arguments.size() > arity) throw automation::Error(automation::error_number::wrong_argument_count);
     return invoke_with<F>(static_cast<C&>(session), member, arguments, std::index_sequence_for<P...>{});

@@ -1,20 +1,23 @@
 #include "stockcheck/check_detail.h"
 
-#include "frame/record_maintenance.h"
+#include "frame/business_method.h"
+#include "frame/delete_move.h"
+#include "frame/insert_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
+#include "frame/update_move.h"
 
 namespace tallyra::stockcheck {
 
 using automation::Object;
 using frame::Call;
 using frame::CursorType;
-using frame::OwnerTest;
 using frame::sql;
 namespace schema = frame::schema;
 
-CCheckDetail::CCheckDetail() : Session(std::string(schema::access_kind)) {}
+CCheckDetail::CCheckDetail() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CCheckDetail::Read(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
                          Object& colFieldValue) {
@@ -32,22 +35,21 @@ float CCheckDetail::Read(std::string& cCHECKNO, std::string& cPartNo, Object& co
 float CCheckDetail::Update(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
                            Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
-    update_rows(
-        call, {colFieldName, colFieldValue},
-        {.table = schema::table::stock_check_line,
-         .function_code = schema::function_code::stock_check,
-         .owner = {.statement = sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO),
-                   .cursor = CursorType::static_copy,
-                   .then = OwnerTest::Then::open_if_closed},
-         .structure = "Select top 1 * From STKCHECKDT",
-         .condition = sql(" Where CHECKNO='{}' And PartNo='{}' ", cCHECKNO, cPartNo)});
+    update_rows(call, {colFieldName, colFieldValue},
+                {.table = schema::table::stock_check_line,
+                 .function_code = schema::function_code::stock_check,
+                 .owner = frame::closed_owner_test(
+                     sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO)),
+                 .opening = frame::Opening::if_closed,
+                 .structure = {"Select top 1 * From STKCHECKDT"},
+                 .condition = sql(" Where CHECKNO='{}' And PartNo='{}' ", cCHECKNO, cPartNo)});
   });
 }
 
 float CCheckDetail::Insert(std::string& cCHECKNO, std::string& cPartNo, Object& colFieldName,
                            Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
-    const auto require_part = [&](Call&) {
+    const auto require_part = [&] {
       frame::Recordset& parts = call.recordset();
       parts.open(sql("Select PARTNO from PARTS WHERE PARTS.PARTNO='{}'", cPartNo), call.connection,
                  CursorType::static_copy);
@@ -65,12 +67,13 @@ float CCheckDetail::Insert(std::string& cCHECKNO, std::string& cPartNo, Object& 
 
 float CCheckDetail::Delete(std::string& cCHECKNO, std::string& cPartNo) {
   return run_method(*this, [&](Call& call) {
-    delete_rows(call,
-                {.function_code = schema::function_code::stock_check,
-                 .owner = {.statement = sql("Select ADDBY from STKCHECKHD WHERE CHECKNO='{}'", cCHECKNO),
-                           .then = OwnerTest::Then::open_if_closed},
-                 .statements = {
-                     sql("Delete From STKCHECKDT Where CHECKNO='{}' And PartNo='{}'", cCHECKNO, cPartNo)}});
+    delete_rows(call, {.function_code = schema::function_code::stock_check,
+                       .owner = frame::closed_owner_test(
+                           sql("Select ADDBY from STKCHECKHD WHERE CHECKNO='{}'", cCHECKNO),
+                           CursorType::forward_only),
+                       .opening = frame::Opening::if_closed,
+                       .statements = {sql("Delete From STKCHECKDT Where CHECKNO='{}' And PartNo='{}'",
+                                          cCHECKNO, cPartNo)}});
   });
 }
 

@@ -4,13 +4,13 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::stockcheck {
 
 // Headers of stocktakings (STKCHECKHD, by CHECKNO). Methods return 100 for success and 0 for failure and tell
 // the reason in the error fields. A new object has no kind of database yet and writes dates between "'".
-class CCheckHead : public frame::Session {
+class CCheckHead : public frame::BusinessObject {
  public:
   CCheckHead();
 

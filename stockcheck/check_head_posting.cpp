@@ -3,6 +3,7 @@
 #include "automation/clock.h"
 #include "frame/collaborator_member.h"
 #include "frame/collaborators.h"
+#include "frame/recordset.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
@@ -25,15 +26,12 @@ constexpr std::string_view day_before_all_closes = "2004/01/01";
 constexpr std::int16_t most_key_requests = 3;
 
 std::string literal_of(const DateLiteral& literal, const Value& date) {
-  std::string text;
-  automation::append_concatenated(text, date);
-  return literal.of_text(text);
+  return literal.of_text(frame::text_of(date));
 }
 
-// A check has its lines counted in one department on one day; the period goes from the last close to that
-// day.
-struct Count {
-  std::string check_number;
+// Its lines are counted in one department on one day; the period goes from the last close to that day.
+struct Stocktaking {
+  std::string number;
   std::string department;
   std::string after;
   std::string until;
@@ -62,24 +60,24 @@ class PartStatement {
 // positive.
 class Movements {
  public:
-  Movements(Recordset& sums, const Connection& connection, const Count& count)
+  Movements(Recordset& sums, const Connection& connection, const Stocktaking& stocktaking)
       : sums_(sums),
         connection_(connection),
         outgoing_(
             sql("Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT"
                 " Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOFR='{}'"
                 " And STKTRANHD.TRANDT>{} And STKTRANHD.TRANDT<={} AND STKTRANDT.PARTNO='",
-                count.department, count.after, count.until)),
-        requisitioned_(
+                stocktaking.department, stocktaking.after, stocktaking.until)),
+        transfers_(
             sql("Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT"
                 " Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOTO='{}'"
                 " And STKTRANHD.TRANDT>{} And STKTRANHD.TRANDT<={}"
                 " And STKTRANHD.TRANTYPE='STK024MRPL' AND STKTRANDT.PARTNO='",
-                count.department, count.after, count.until)) {}
+                stocktaking.department, stocktaking.after, stocktaking.until)) {}
 
   double of(std::string_view part) {
     const double issued = sum(outgoing_.of(part));
-    return issued + sum(requisitioned_.of(part));
+    return issued + sum(transfers_.of(part));
   }
 
  private:
@@ -99,16 +97,16 @@ class Movements {
   Recordset& sums_;
   const Connection& connection_;
   PartStatement outgoing_;
-  PartStatement requisitioned_;
+  PartStatement transfers_;
   frame::RepeatedField total_{schema::column::quantity};
 };
 
 // The document that is made of the differences; it begins with the first of them.
-class Adjustment {
+class Posting {
  public:
-  Adjustment(Connection& connection, const Count& count, const DateLiteral& literal)
+  Posting(Connection& connection, const Stocktaking& stocktaking, const DateLiteral& literal)
       : connection_(connection),
-        count_(count),
+        stocktaking_(stocktaking),
         written_(automation::now()),
         today_(literal.of_day(written_)),
         now_(literal.of_time_stamp(written_)) {}
@@ -120,7 +118,7 @@ class Adjustment {
         line_.restart_text(),
         "Insert Into STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,MONO,QTY,UPRICE,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
         " Values('{}','{}',0,'{}','',{},{},'{}','SYSTEM',{},'SYSTEM',{})",
-        number_, count_.check_number, part, difference, price, note(), today_, today_);
+        number_, stocktaking_.number, part, difference, price, note(), today_, today_);
     connection_.execute(line_);
   }
 
@@ -135,8 +133,8 @@ class Adjustment {
             "STATUSBY,STATUSDT,MAKEBY,NOTES,ADDBY,ADDDT,EDITBY,EDITDT)"
             " Values('{}','STKCHECKISS','{}',{},'{}','{}','{}',1,'SYSTEM',{},'SYSTEM','{}','SYSTEM',{},"
             "'SYSTEM',{})",
-            number_, count_.check_number, count_.until, count_.department, name, status, now_, notes, now_,
-            now_));
+            number_, stocktaking_.number, stocktaking_.until, stocktaking_.department, name, status, now_,
+            notes, now_, now_));
   }
 
   // A document whose number is not issued is written all the same, and asks again at its next line.
@@ -145,7 +143,7 @@ class Adjustment {
     Value number{std::string()};
     for (std::int16_t request = 0; request < most_key_requests && number_.empty(); ++request) {
       frame::collaborators().system.call(
-          "GetTableKeyID", schema::number_series::stock_check_posting, schema::column::transaction_number,
+          "GetTableKeyID", schema::number_series::posting, schema::column::transaction_number,
           automation::ref(number), static_cast<std::int16_t>(day.year), static_cast<std::int16_t>(day.month),
           static_cast<std::int16_t>(day.day));
       number_ = automation::to_text(number);
@@ -155,7 +153,7 @@ class Adjustment {
   Value note() { return note_.now().get(); }
 
   Connection& connection_;
-  const Count& count_;
+  const Stocktaking& stocktaking_;
   automation::Date written_;
   std::string today_;
   std::string now_;
@@ -164,37 +162,26 @@ class Adjustment {
   Value line_;
 };
 
-}  // namespace
-
-void PostCheckIssue(const std::string& cCHECKNO, Connection& connection, const DateLiteral& literal) {
-  Recordset lines;
-  Recordset closes;
-  Recordset sums;
-  lines.set_cursor_location(CursorLocation::client);
-  closes.set_cursor_location(CursorLocation::client);
-  sums.set_cursor_location(CursorLocation::client);
-
+void open_lines(Recordset& lines, const Connection& connection, const std::string& number) {
   lines.open(sql("SELECT STKCHECKHD.CHECKDT,STKCHECKDT.*,STKCHECKHD.DEPTNO,DEPARTS.DEPTNM "
                  " FROM (STKCHECKDT Inner Join STKCHECKHD On (STKCHECKDT.CHECKNO=STKCHECKHD.CHECKNO))"
                  " Inner Join DEPARTS On (STKCHECKHD.DEPTNO=DEPARTS.DEPTNO) "
                  " WHERE STKCHECKDT.CHECKNO='{}' Order By STKCHECKDT.PARTNO",
-                 cCHECKNO),
+                 number),
              connection, CursorType::static_copy);
   lines.detach();
-  if (lines.at_end()) return;
-  lines.move_first();
+}
 
-  Count count{.check_number = cCHECKNO,
-              .department = automation::to_text(lines.value(schema::column::department)),
-              .after = literal.of_text(day_before_all_closes),
-              .until = literal_of(literal, lines.value(schema::column::check_date))};
-  closes.open(sql("Select TOP 1 * From STKCLOSEHD  WHERE CLOSEDT<={} Order By CLOSEDT Desc", count.until),
-              connection, CursorType::static_copy);
-  if (!closes.at_end()) count.after = literal_of(literal, closes.value(schema::column::close_date));
-  Adjustment adjustment(connection, count, literal);
+void find_last_close(Recordset& closes, const Connection& connection, const DateLiteral& literal,
+                     Stocktaking& stocktaking) {
+  closes.open(
+      sql("Select TOP 1 * From STKCLOSEHD  WHERE CLOSEDT<={} Order By CLOSEDT Desc", stocktaking.until),
+      connection, CursorType::static_copy);
+  if (!closes.at_end()) stocktaking.after = literal_of(literal, closes.value(schema::column::close_date));
   closes.close();
+}
 
-  Movements movements(sums, connection, count);
+void write_differences(Recordset& lines, Movements& movements, Posting& posting) {
   const frame::Field part_field = lines.field(schema::column::part);
   const frame::Field quantity = lines.field(schema::column::quantity);
   const frame::Field price = lines.field(schema::column::unit_price);
@@ -208,8 +195,32 @@ void PostCheckIssue(const std::string& cCHECKNO, Connection& connection, const D
     if (counted_value.is_null()) continue;
     const double counted = automation::to_double(counted_value);
     if (counted < movement || counted > movement)
-      adjustment.write(part, department_name, counted - movement, price.value());
+      posting.write(part, department_name, counted - movement, price.value());
   }
+}
+
+}  // namespace
+
+void PostCheckIssue(const std::string& cCHECKNO, Connection& connection, const DateLiteral& literal) {
+  Recordset lines;
+  Recordset closes;
+  Recordset sums;
+  lines.set_cursor_location(CursorLocation::client);
+  closes.set_cursor_location(CursorLocation::client);
+  sums.set_cursor_location(CursorLocation::client);
+
+  open_lines(lines, connection, cCHECKNO);
+  if (lines.at_end()) return;
+  lines.move_first();
+  Stocktaking stocktaking{.number = cCHECKNO,
+                          .department = automation::to_text(lines.value(schema::column::department)),
+                          .after = literal.of_text(day_before_all_closes),
+                          .until = literal_of(literal, lines.value(schema::column::check_date))};
+  find_last_close(closes, connection, literal, stocktaking);
+
+  Posting posting(connection, stocktaking, literal);
+  Movements movements(sums, connection, stocktaking);
+  write_differences(lines, movements, posting);
   connection.commit();
 }
 

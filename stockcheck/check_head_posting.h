@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/database.h"
+#include "frame/connection.h"
 #include "frame/date_literal.h"
 
 namespace tallyra::stockcheck {

@@ -2,7 +2,7 @@
 
 namespace tallyra::stockcheck {
 
-CStkrptFuns::CStkrptFuns() : Session("") {}
+CStkrptFuns::CStkrptFuns() : BusinessObject("") {}
 
 automation::Object CStkrptFuns::GetCheckBalance([[maybe_unused]] std::string cSQL) {
   return {};

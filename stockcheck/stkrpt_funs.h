@@ -3,12 +3,12 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::stockcheck {
 
 // Reports on stock. A new object has no kind of database yet, as CCheckHead.
-class CStkrptFuns : public frame::Session {
+class CStkrptFuns : public frame::BusinessObject {
  public:
   CStkrptFuns();
 

@@ -1,17 +1,23 @@
 #include "transactions/tran_detail.h"
 
-#include "frame/record_maintenance.h"
+#include "frame/business_method.h"
+#include "frame/delete_move.h"
+#include "frame/insert_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
-#include "transactions/owner_test.h"
+#include "frame/update_move.h"
 
 namespace tallyra::transactions {
 namespace {
 
 using automation::Object;
 using frame::Call;
+using frame::closed_owner_test;
+using frame::CursorLocation;
 using frame::CursorType;
+using frame::Opening;
 using frame::sql;
 namespace schema = frame::schema;
 
@@ -46,7 +52,7 @@ struct LineAddress {
 
 }  // namespace
 
-CTranDetail::CTranDetail() : Session(std::string(schema::access_kind)) {}
+CTranDetail::CTranDetail() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CTranDetail::Read(std::string& cTRANNO, std::string& cReference, std::string& cPartNo,
                         Object& colFieldName, Object& colFieldValue, std::int32_t& intSN) {
@@ -67,15 +73,15 @@ float CTranDetail::Update(std::string& cTRANNO, std::string& cTranType, std::str
                           std::string& cPartNo, Object& colFieldName, Object& colFieldValue,
                           std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
     const LineAddress line{cTRANNO, cReference, cPartNo, intSN};
-    update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::transaction_line,
-                 .function_code = type,
-                 .owner = owner_test(line.owner_query()),
-                 .structure = "Select top 1 * From STKTRANDT",
-                 .structure_cursor = CursorType::static_copy,
-                 .condition = line.update_condition(type)});
+    update_rows(
+        call, {colFieldName, colFieldValue},
+        {.table = schema::table::transaction_line,
+         .function_code = cTranType,
+         .owner = closed_owner_test(line.owner_query(), CursorType::static_copy, CursorLocation::server),
+         .opening = Opening::if_closed,
+         .structure = {"Select top 1 * From STKTRANDT", CursorType::static_copy},
+         .condition = line.update_condition(cTranType)});
   });
 }
 
@@ -83,10 +89,9 @@ float CTranDetail::Insert(std::string& cTRANNO, std::string& cTranType, std::str
                           std::string& cPartNo, Object& colFieldName, Object& colFieldValue,
                           std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
     insert_row(call, {colFieldName, colFieldValue},
                {.table = schema::table::transaction_line,
-                .function_code = type,
+                .function_code = cTranType,
                 .existing = intSN >= 0 ? sql("Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='{}'"
                                              " And STKTRANDT.REFERENCE='{}' And STKTRANDT.SN={}",
                                              cTRANNO, cReference, intSN)
@@ -99,10 +104,11 @@ float CTranDetail::Insert(std::string& cTRANNO, std::string& cTranType, std::str
 float CTranDetail::Delete(std::string& cTRANNO, std::string& cTranType, std::string& cReference,
                           std::string& cPartNo, std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
     const LineAddress line{cTRANNO, cReference, cPartNo, intSN};
-    delete_rows(call, {.function_code = type,
-                       .owner = owner_test(line.owner_query()),
+    delete_rows(call, {.function_code = cTranType,
+                       .owner = closed_owner_test(line.owner_query(), CursorType::static_copy,
+                                                  CursorLocation::server),
+                       .opening = Opening::if_closed,
                        .statements = {"Delete From STKTRANDT" + line.condition()}});
   });
 }

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::transactions {
 
 // Lines of stock documents (STKTRANDT). A line is addressed within document and reference by its number when
 // that is 0 or more, else by its part: then every line of that part is meant. Methods with a single-precision
 // result return 100 for success and 0 for failure; the reason of a failure stands in the error fields.
-class CTranDetail : public frame::Session {
+class CTranDetail : public frame::BusinessObject {
  public:
   CTranDetail();
 

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "automation/convert.h"
-#include "frame/call.h"
+#include "frame/business_method.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"

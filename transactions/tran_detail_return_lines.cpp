@@ -3,12 +3,12 @@
 
 #include "automation/convert.h"
 #include "automation/error.h"
+#include "frame/business_method.h"
 #include "frame/find_field.h"
-#include "frame/record_maintenance.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
-#include "transactions/owner_test.h"
+#include "frame/update_move.h"
 #include "transactions/tran_detail.h"
 
 // The lines of purchase returns, which are kept numbered without gaps.
@@ -28,10 +28,8 @@ namespace schema = frame::schema;
 constexpr CursorType static_copy = CursorType::static_copy;
 
 std::string part_of(const FieldCollections& fields) {
-  std::string part;
-  if (const auto given = find_field(fields, schema::column::part, NameMatch::any_case))
-    automation::append_concatenated(part, *given);
-  return part;
+  const auto given = find_field(fields, schema::column::part, NameMatch::any_case);
+  return given ? frame::text_of(*given) : std::string();
 }
 
 // Empty when the document goes to nobody who is a supplier.
@@ -43,8 +41,7 @@ std::string supplier_of(Call& call, const std::string& document) {
                  document),
              call.connection, static_copy);
   std::string supplier;
-  if (!found.at_end())
-    automation::append_concatenated(supplier, found.value(schema::column::target_department));
+  if (!found.at_end()) supplier = frame::text_of(found.value(schema::column::target_department));
   found.close();
   return supplier;
 }
@@ -128,24 +125,25 @@ float CTranDetail::UpdateRTN(std::string cTRANNO, std::int16_t& intSN, Object& c
                              Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
     const FieldCollections fields{colFieldName, colFieldValue};
-    const std::string owner_query = sql("Select ADDBY from STKTRANDT WHERE TRANNO='{}'", cTRANNO);
-    frame::OwnerTest owner = owner_test(owner_query);
+    frame::OwnerTest owner =
+        frame::closed_owner_test(sql("Select ADDBY from STKTRANDT WHERE TRANNO='{}'", cTRANNO), static_copy,
+                                 frame::CursorLocation::server);
     owner.row = frame::OwnerTest::Row::first;
     // A new line number has to be one; where the line is, intSN alone says.
-    const auto check_line_number = [&](Call&) {
+    const auto check_line_number = [&] {
       if (const auto given = find_field(fields, schema::column::line_number, NameMatch::exact))
         automation::to_int16(*given);
     };
     update_rows(call, fields,
                 {.table = schema::table::transaction_line,
                  .function_code = schema::function_code::purchase_return,
-                 .owner = owner,
-                 .structure = sql("Select * From STKTRANDT Where TRANNO='{}' AND SN={}", cTRANNO, intSN),
-                 .structure_cursor = static_copy,
-                 .condition = sql(" Where TRANNO='{}' And SN={}", cTRANNO, intSN),
+                 .owner = std::move(owner),
+                 .opening = frame::Opening::if_closed,
                  .before_structure = check_line_number,
-                 .in_transaction = true,
-                 .roll_back_on_error = true});
+                 .structure = {sql("Select * From STKTRANDT Where TRANNO='{}' AND SN={}", cTRANNO, intSN),
+                               static_copy},
+                 .condition = sql(" Where TRANNO='{}' And SN={}", cTRANNO, intSN),
+                 .transaction = frame::Transaction::rolled_back_on_error});
   });
 }
 

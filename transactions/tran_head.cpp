@@ -1,12 +1,15 @@
 #include "transactions/tran_head.h"
 
 #include "automation/folded_name.h"
+#include "frame/business_method.h"
 #include "frame/closing_date_guard.h"
-#include "frame/record_maintenance.h"
+#include "frame/delete_move.h"
+#include "frame/insert_move.h"
+#include "frame/read_move.h"
 #include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
-#include "transactions/owner_test.h"
+#include "frame/update_move.h"
 #include "transactions/tran_head_line_copy.h"
 
 namespace tallyra::transactions {
@@ -14,11 +17,14 @@ namespace tallyra::transactions {
 using automation::Object;
 using automation::Value;
 using frame::Call;
+using frame::closed_owner_test;
+using frame::CursorLocation;
 using frame::CursorType;
+using frame::Opening;
 using frame::sql;
 namespace schema = frame::schema;
 
-CTranHead::CTranHead() : Session(std::string(schema::access_kind)) {}
+CTranHead::CTranHead() : BusinessObject(std::string(schema::access_kind)) {}
 
 float CTranHead::Read(std::string& cTRANNO, std::string& cTranType, Object& colFieldName,
                       Object& colFieldValue) {
@@ -38,17 +44,16 @@ float CTranHead::Read(std::string& cTRANNO, std::string& cTranType, Object& colF
 float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& colFieldName,
                         Object& colFieldValue, std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
-    const std::string tag = strOprTag;
     update_rows(call, {colFieldName, colFieldValue},
                 {.table = schema::table::transaction_header,
-                 .function_code = type,
-                 .operation_tag = tag,
-                 .owner = owner_test(sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
-                                         " AND STKTRANHD.TRANTYPE='{}'",
-                                         cTRANNO, type)),
-                 .structure = "Select top 1 * From STKTRANHD",
-                 .structure_cursor = CursorType::static_copy,
+                 .function_code = cTranType,
+                 .operation_tag = strOprTag,
+                 .owner = closed_owner_test(sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
+                                                " AND STKTRANHD.TRANTYPE='{}'",
+                                                cTRANNO, cTranType),
+                                            CursorType::static_copy, CursorLocation::server),
+                 .opening = Opening::if_closed,
+                 .structure = {"Select top 1 * From STKTRANHD", CursorType::static_copy},
                  .condition = sql(" Where STKTRANHD.TRANNO='{}' ", cTRANNO)});
   });
 }
@@ -56,37 +61,34 @@ float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& col
 float CTranHead::Insert(std::string cTRANNO, std::string& cTranType, Object& colFieldName,
                         Object& colFieldValue, std::string& pCopyID) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
     const frame::FieldCollections fields{colFieldName, colFieldValue};
-    const auto copy = [&](Call&) {
+    const auto copy = [&] {
       if (!pCopyID.empty()) copy_lines(call, fields, system_database(), pCopyID, cTRANNO);
     };
     insert_row(call, fields,
                {.table = schema::table::transaction_header,
-                .function_code = type,
+                .function_code = cTranType,
                 .existing = sql("Select * From STKTRANHD where TRANNO='{}'", cTRANNO),
-                .in_transaction = true,
+                .transaction = frame::Transaction::left_on_error,
                 .also = copy});
   });
 }
 
 float CTranHead::Delete(std::string cTRANNO, std::string& cTranType) {
   return run_method(*this, [&](Call& call) {
-    const std::string type = cTranType;
-    delete_rows(call, {.function_code = type,
-                       .owner = owner_test(sql("Select ADDBY from STKTRANHD WHERE TRANNO='{}'", cTRANNO)),
-                       .statements = {sql("Delete From STKTRANHD Where TRANNO='{}'", cTRANNO),
-                                      sql("Delete From STKTRANDT Where TRANNO='{}'", cTRANNO),
-                                      sql("Delete From STKSHIPNOTE Where TRANNO='{}'", cTRANNO)}});
+    delete_rows(call,
+                {.function_code = cTranType,
+                 .owner = closed_owner_test(sql("Select ADDBY from STKTRANHD WHERE TRANNO='{}'", cTRANNO),
+                                            CursorType::static_copy, CursorLocation::server),
+                 .opening = Opening::if_closed,
+                 .statements = {sql("Delete From STKTRANHD Where TRANNO='{}'", cTRANNO),
+                                sql("Delete From STKTRANDT Where TRANNO='{}'", cTRANNO),
+                                sql("Delete From STKSHIPNOTE Where TRANNO='{}'", cTRANNO)}});
   });
 }
 
 Value CTranHead::ValidCloseDT(Value vTranDT) {
-  using Guard = frame::ClosingDateGuard;
-  return valid_close_date(*this, system_database(), vTranDT,
-                          {.statement = Guard::Statement::before_trap,
-                           .collaborators = Guard::Collaborators::set_up,
-                           .trap = Guard::Trap::closed_period});
+  return valid_unless_in_doubt(*this, system_database(), vTranDT);
 }
 
 }  // namespace tallyra::transactions

@@ -4,13 +4,13 @@
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::transactions {
 
 // Headers of stock documents (STKTRANHD, by TRANNO). The document's type is the function whose rights count.
 // Methods return 100 for success and 0 for failure and tell the reason in the error fields.
-class CTranHead : public frame::Session {
+class CTranHead : public frame::BusinessObject {
  public:
   CTranHead();
 

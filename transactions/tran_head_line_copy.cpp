@@ -20,10 +20,8 @@ using frame::Recordset;
 namespace column = frame::schema::column;
 
 std::string creator_of(const frame::FieldCollections& header) {
-  std::string user;
-  if (const auto given = find_field(header, column::created_by, frame::NameMatch::exact))
-    automation::append_concatenated(user, *given);
-  return user;
+  const auto given = find_field(header, column::created_by, frame::NameMatch::exact);
+  return given ? frame::text_of(*given) : std::string();
 }
 
 // The columns of the current line that a copy takes over.

@@ -5,15 +5,16 @@
 // Codes that are stored in the database or shared with the rights tables of the suite.
 namespace tallyra::frame::schema {
 
-// Function codes that rights are asked for. Some are transaction type codes as well.
+// Function codes that rights are asked for. Some are transaction type codes as well. The moves
+// keep one as a text of their own.
 namespace function_code {
-inline constexpr std::string_view purchase_return = "STK011PORTN";
-inline constexpr std::string_view stock_check = "STK026CHECK";
-inline constexpr std::string_view month_close = "STK027CLOSE";
-inline constexpr std::string_view receiving_address = "STK028ADDR";
-inline constexpr std::string_view shipping_note = "STK030SHIPN";
-inline constexpr std::string_view stock_controller = "STK032USER";
-inline constexpr std::string_view part_cost = "STK050PCOST";
+inline constexpr const char* purchase_return = "STK011PORTN";
+inline constexpr const char* stock_check = "STK026CHECK";
+inline constexpr const char* month_close = "STK027CLOSE";
+inline constexpr const char* receiving_address = "STK028ADDR";
+inline constexpr const char* shipping_note = "STK030SHIPN";
+inline constexpr const char* stock_controller = "STK032USER";
+inline constexpr const char* part_cost = "STK050PCOST";
 }  // namespace function_code
 
 // Kinds of stock documents, as TRANTYPE holds them.
@@ -29,7 +30,7 @@ inline constexpr std::string_view shipment = "STK030SHIP";
 // Series that document numbers are issued from.
 namespace number_series {
 inline constexpr std::string_view month_close = "STK027CLOSE";
-inline constexpr std::string_view stock_check_posting = "STKCHECKISS";
+inline constexpr std::string_view posting = "STKCHECKISS";
 }  // namespace number_series
 
 // What a header's update is for; decides which right it needs. Compared exactly.

@@ -5,16 +5,17 @@
 // Tables and columns that the code names outside of whole statements.
 namespace tallyra::frame::schema {
 
+// For the moves, which keep a table's name as a text of their own.
 namespace table {
-inline constexpr std::string_view receiving_address = "REVADDR";
-inline constexpr std::string_view stock_controller = "STKCONTROLLER";
-inline constexpr std::string_view month_close = "STKCLOSEHD";
-inline constexpr std::string_view part_cost_setting = "PARTCOSTSET";
-inline constexpr std::string_view shipping_note = "STKSHIPNOTE";
-inline constexpr std::string_view stock_check_header = "STKCHECKHD";
-inline constexpr std::string_view stock_check_line = "STKCHECKDT";
-inline constexpr std::string_view transaction_header = "STKTRANHD";
-inline constexpr std::string_view transaction_line = "STKTRANDT";
+inline constexpr const char* receiving_address = "REVADDR";
+inline constexpr const char* stock_controller = "STKCONTROLLER";
+inline constexpr const char* month_close = "STKCLOSEHD";
+inline constexpr const char* part_cost_setting = "PARTCOSTSET";
+inline constexpr const char* shipping_note = "STKSHIPNOTE";
+inline constexpr const char* stock_check_header = "STKCHECKHD";
+inline constexpr const char* stock_check_line = "STKCHECKDT";
+inline constexpr const char* transaction_header = "STKTRANHD";
+inline constexpr const char* transaction_line = "STKTRANDT";
 }  // namespace table
 
 namespace column {

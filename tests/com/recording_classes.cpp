@@ -8,7 +8,7 @@
 #include "automation/com/module.h"
 #include "automation/com/text.h"
 #include "automation/convert.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 namespace tallyra::tests::com {
 
@@ -129,7 +129,7 @@ server::ResultType result_type(VARTYPE wanted) {
   throw std::logic_error("no result of type " + std::to_string(wanted));
 }
 
-Value record(frame::Session&, const server::ClassMember& member, automation::Arguments arguments) {
+Value record(frame::BusinessObject&, const server::ClassMember& member, automation::Arguments arguments) {
   RecordedCall& call = recorded_calls.emplace_back();
   call.id = member.id;
   for (const auto& argument : arguments) call.arguments.push_back(described(argument.get()));
@@ -159,13 +159,13 @@ server::ClassMember member_of(const FUNCDESC& function) {
   return member;
 }
 
-class Recorder : public frame::Session {
+class Recorder : public frame::BusinessObject {
  public:
-  Recorder() : Session("MSACCESS") {}
+  Recorder() : BusinessObject("MSACCESS") {}
 };
 
 server::ClassTable table_of(const DescribedInterface& described) {
-  server::ClassTable table{described.class_name, {}, []() -> std::unique_ptr<frame::Session> {
+  server::ClassTable table{described.class_name, {}, []() -> std::unique_ptr<frame::BusinessObject> {
                              return std::make_unique<Recorder>();
                            }};
   FUNCDESC* function = nullptr;

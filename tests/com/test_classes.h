@@ -4,16 +4,16 @@
 #include <string>
 
 #include "automation/object.h"
-#include "frame/session.h"
+#include "frame/business_object.h"
 
 // Classes in the place of the component's own: their members have the same signatures and show what reached
 // them.
 namespace tallyra::tests::com {
 
 // Stands in for CTranDetail.
-class TestDetail : public frame::Session {
+class TestDetail : public frame::BusinessObject {
  public:
-  TestDetail() : Session("MSACCESS") {}
+  TestDetail() : BusinessObject("MSACCESS") {}
 
   // Appends "!" to every text, puts a fresh collection in the place of the first one and counts intSN up.
   float Read(std::string& cTRANNO, std::string& cReference, std::string& cPartNo,
@@ -30,9 +30,9 @@ class TestDetail : public frame::Session {
 };
 
 // Stands in for CTranHead.
-class TestHead : public frame::Session {
+class TestHead : public frame::BusinessObject {
  public:
-  TestHead() : Session("MSACCESS") {}
+  TestHead() : BusinessObject("MSACCESS") {}
 
   float Update(std::string cTRANNO, std::string& cTranType, automation::Object& colFieldName,
                automation::Object& colFieldValue, std::string& strOprTag);
@@ -41,9 +41,9 @@ class TestHead : public frame::Session {
 };
 
 // Stands in for CStkrptFuns.
-class TestReports : public frame::Session {
+class TestReports : public frame::BusinessObject {
  public:
-  TestReports() : Session("MSACCESS") {}
+  TestReports() : BusinessObject("MSACCESS") {}
 
   automation::Object GetCheckBalance(std::string cSQL);
 };

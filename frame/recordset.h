@@ -2,63 +2,24 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
+#include <utility>
 
 #include "automation/object.h"
+#include "frame/connection.h"
+#include "frame/lazy_member.h"
 
-// The ADO objects of a business method, with the constants of ADO that the component uses.
+// The ADO recordset of a business method, with the constants of ADO that the component uses.
 namespace tallyra::frame {
 
 enum class CursorLocation : std::int32_t { server = 2, client = 3 };
 enum class CursorType : std::int32_t { forward_only = 0, static_copy = 3 };
 enum class LockType : std::int32_t { read_only = 1, batch_optimistic = 4 };
 
-// A member whose name is resolved at its first use and remembered as long as the object is held.
-class LazyMember {
- public:
-  explicit LazyMember(std::string_view name) : name_(name) {}
-  const automation::BoundMember& of(const automation::Object& object) {
-    if (!bound_) bound_.emplace(object, name_);
-    return *bound_;
-  }
-
- private:
-  std::string_view name_;
-  std::optional<automation::BoundMember> bound_;
-};
-
-// An ADO connection. Destroying it only lets the object go: closing, committing and rolling back are calls
-// that the database sees, so they stand in the method that means them.
-class Connection {
- public:
-  Connection();
-
-  void set_command_timeout(std::int32_t seconds);
-  // Credentials come with the connection string.
-  void open(const std::string& connection_string);
-  // What the connection itself says.
-  bool is_open() const;
-  // Whether this method has opened it and not closed it again.
-  bool opened() const { return opened_; }
-  void execute(const automation::Value& statement);
-  void begin();
-  void commit();
-  void roll_back();
-  void close();
-
-  const automation::Object& object() const { return object_; }
-
- private:
-  automation::Object object_;
-  LazyMember execute_{"Execute"};
-  bool opened_ = false;
-};
-
 // A field of a recordset, which reads the row that the recordset stands on.
 class Field {
  public:
-  explicit Field(automation::Object field) : object_(field), value_(object_, "Value") {}
+  explicit Field(automation::Object field) : object_(std::move(field)), value_(object_, "Value") {}
   automation::Value value() const { return value_.get(); }
   const automation::Object& object() const { return object_; }
 
