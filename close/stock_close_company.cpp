@@ -5,6 +5,7 @@
 #include "close/stock_close_document.h"
 #include "frame/business_method.h"
 #include "frame/collaborator_member.h"
+#include "frame/schema/codes.h"
 #include "frame/schema/names.h"
 #include "frame/sql.h"
 
@@ -20,10 +21,6 @@ using frame::Recordset;
 using frame::sql;
 namespace schema = frame::schema;
 
-constexpr double price_type_last = 1;
-constexpr double price_type_cost = 2;
-constexpr double material_type_purchased = 1;
-
 // The unit cost of a part by its price type, asked of the system object of this thread.
 class PartCosts {
  public:
@@ -36,12 +33,12 @@ class PartCosts {
   double of_current_row(const Field& part, const Field& price_type, const Field& material_type,
                         Value& quantity) {
     const Value price = price_type.value();
-    if (automation::equals_number(price, price_type_cost) &&
-        automation::exceeds_number(material_type.value(), material_type_purchased))
+    if (automation::equals_number(price, schema::price_type::moving_average) &&
+        automation::exceeds_number(material_type.value(), schema::purchased_material_type_limit))
       return automation::to_double(part_cost_.now().call(part.object(), ref(close_literal_),
                                                          previous_literal_, ref(quantity), ref(connection_)));
     frame::CollaboratorMember& price_function =
-        automation::equals_number(price, price_type_last) ? last_price_ : average_price_;
+        automation::equals_number(price, schema::price_type::last_price) ? last_price_ : average_price_;
     return automation::to_double(price_function.now().call(
         part.object(), ref(close_literal_), previous_literal_, ref(connection_), material_type.object()));
   }

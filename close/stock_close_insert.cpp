@@ -93,7 +93,7 @@ class DocumentNumbers {
   std::optional<std::string> next() {
     const Value issued =
         frame::collaborators().system.call("GetTableKeyID", schema::number_series::month_close,
-                                           schema::column::transaction_number, automation::ref(number_));
+                                           schema::column::document_number, automation::ref(number_));
     if (automation::equals_number(issued, 0)) return std::nullopt;
     return automation::to_text(number_);
   }

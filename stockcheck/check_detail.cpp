@@ -36,8 +36,8 @@ float CCheckDetail::Update(std::string& cCHECKNO, std::string& cPartNo, Object& 
                            Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
     update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::stock_check_line,
-                 .function_code = schema::function_code::stock_check,
+                {.table = schema::table::counted_line,
+                 .function_code = schema::function_code::stocktaking,
                  .owner = frame::closed_owner_test(
                      sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO)),
                  .opening = frame::Opening::if_closed,
@@ -58,8 +58,8 @@ float CCheckDetail::Insert(std::string& cCHECKNO, std::string& cPartNo, Object& 
     };
     insert_row(
         call, {colFieldName, colFieldValue},
-        {.table = schema::table::stock_check_line,
-         .function_code = schema::function_code::stock_check,
+        {.table = schema::table::counted_line,
+         .function_code = schema::function_code::stocktaking,
          .existing = sql("Select * From STKCHECKDT Where CHECKNO='{}' And PartNo='{}' ", cCHECKNO, cPartNo),
          .before_existing = require_part});
   });
@@ -67,7 +67,7 @@ float CCheckDetail::Insert(std::string& cCHECKNO, std::string& cPartNo, Object& 
 
 float CCheckDetail::Delete(std::string& cCHECKNO, std::string& cPartNo) {
   return run_method(*this, [&](Call& call) {
-    delete_rows(call, {.function_code = schema::function_code::stock_check,
+    delete_rows(call, {.function_code = schema::function_code::stocktaking,
                        .owner = frame::closed_owner_test(
                            sql("Select ADDBY from STKCHECKHD WHERE CHECKNO='{}'", cCHECKNO),
                            CursorType::forward_only),

@@ -9,7 +9,7 @@ namespace tallyra::stockcheck {
 
 // Counted lines of stocktakings (STKCHECKDT, by CHECKNO and PARTNO). Rights and ownership are those of the
 // header. Methods return 100 for success and 0 for failure and tell the reason in the error fields. Lines of
-// an approved check can be changed as well; the next approval sees them.
+// an approved stocktaking can be changed as well; the next approval sees them.
 class CCheckDetail : public frame::BusinessObject {
  public:
   CCheckDetail();

@@ -25,15 +25,14 @@ using frame::sql;
 using frame::Transaction;
 namespace schema = frame::schema;
 
-// Every posting of the check, also those of earlier approvals, lines first.
-void remove_postings(frame::Connection& connection, const std::string& check_number) {
+// Every posting of the stocktaking, also those of earlier approvals, lines first.
+void remove_postings(frame::Connection& connection, const std::string& number) {
   connection.execute(
       sql("Delete STKTRANDT.* From STKTRANDT INNER JOIN STKTRANHD ON STKTRANDT.TRANNO=STKTRANHD.TRANNO"
           " WHERE STKTRANHD.TRANTYPE='STKCHECKISS' AND STKTRANHD.REFERENCE='{}'",
-          check_number));
-  connection.execute(
-      sql("DELETE * FROM STKTRANHD WHERE STKTRANHD.TRANTYPE='STKCHECKISS' AND STKTRANHD.REFERENCE='{}'",
-          check_number));
+          number));
+  connection.execute(sql(
+      "DELETE * FROM STKTRANHD WHERE STKTRANHD.TRANTYPE='STKCHECKISS' AND STKTRANHD.REFERENCE='{}'", number));
 }
 
 }  // namespace
@@ -59,8 +58,8 @@ float CCheckHead::Update(std::string cCHECKNO, Object& colFieldName, Object& col
         remove_postings(call.connection, cCHECKNO);
     };
     update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::stock_check_header,
-                 .function_code = schema::function_code::stock_check,
+                {.table = schema::table::stocktaking,
+                 .function_code = schema::function_code::stocktaking,
                  .operation_tag = tag,
                  .owner = closed_owner_test(
                      sql("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='{}'", cCHECKNO)),
@@ -75,8 +74,8 @@ float CCheckHead::Update(std::string cCHECKNO, Object& colFieldName, Object& col
 float CCheckHead::Insert(std::string cCHECKNO, Object& colFieldName, Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
     insert_row(call, {colFieldName, colFieldValue},
-               {.table = schema::table::stock_check_header,
-                .function_code = schema::function_code::stock_check,
+               {.table = schema::table::stocktaking,
+                .function_code = schema::function_code::stocktaking,
                 .existing = sql("Select * From STKCHECKHD where CHECKNO='{}'", cCHECKNO),
                 .transaction = Transaction::left_on_error});
   });
@@ -85,7 +84,7 @@ float CCheckHead::Insert(std::string cCHECKNO, Object& colFieldName, Object& col
 float CCheckHead::Delete(std::string cCHECKNO) {
   return run_method(*this, [&](Call& call) {
     delete_rows(call,
-                {.function_code = schema::function_code::stock_check,
+                {.function_code = schema::function_code::stocktaking,
                  .owner = closed_owner_test(sql("Select ADDBY from STKCHECKHD WHERE CHECKNO='{}'", cCHECKNO)),
                  .opening = Opening::if_closed,
                  .transaction = Transaction::left_on_error,

@@ -20,10 +20,10 @@ class CCheckHead : public frame::BusinessObject {
 
   // Changes the columns of the collections. The tag decides which right the user needs, and only an ordinary
   // edit, one with any other tag, is open to the owner of the header. "APPROVED" also posts the counted
-  // differences, "UNAPPROVED" also takes every posting of the check away; nobody asks whether the check is
+  // differences, "UNAPPROVED" also takes every posting of the stocktaking away; nobody asks whether it is
   // approved already.
   //
-  // The posting of a check that has lines commits by itself, so the commit of this method finds no
+  // The posting of a stocktaking that has lines commits by itself, so the commit of this method finds no
   // transaction. ADO reports that as an error: the result is 0 with error -2147168242, narrowed to what
   // ErrNumber holds, and everything is stored all the same.
   float Update(std::string cCHECKNO, automation::Object& colFieldName, automation::Object& colFieldValue,

@@ -143,7 +143,7 @@ class Posting {
     Value number{std::string()};
     for (std::int16_t request = 0; request < most_key_requests && number_.empty(); ++request) {
       frame::collaborators().system.call(
-          "GetTableKeyID", schema::number_series::posting, schema::column::transaction_number,
+          "GetTableKeyID", schema::number_series::posting, schema::column::document_number,
           automation::ref(number), static_cast<std::int16_t>(day.year), static_cast<std::int16_t>(day.month),
           static_cast<std::int16_t>(day.day));
       number_ = automation::to_text(number);

@@ -39,7 +39,7 @@ struct LineAddress {
   }
 
   std::string update_condition(std::string_view type) const {
-    if (!by_number() || type != schema::transaction_type::purchase_return) return condition();
+    if (!by_number() || type != schema::document_type::purchase_return) return condition();
     // The parenthesis stays open: clients know the database's answer to exactly this text.
     return sql(
         " WHERE (STKTRANDT.TRANNO='{}' OR STKTRANDT.TRANNO='STK011PORTN' AND STKTRANDT.REFERENCE='{}'"
@@ -76,7 +76,7 @@ float CTranDetail::Update(std::string& cTRANNO, std::string& cTranType, std::str
     const LineAddress line{cTRANNO, cReference, cPartNo, intSN};
     update_rows(
         call, {colFieldName, colFieldValue},
-        {.table = schema::table::transaction_line,
+        {.table = schema::table::document_line,
          .function_code = cTranType,
          .owner = closed_owner_test(line.owner_query(), CursorType::static_copy, CursorLocation::server),
          .opening = Opening::if_closed,
@@ -90,7 +90,7 @@ float CTranDetail::Insert(std::string& cTRANNO, std::string& cTranType, std::str
                           std::int32_t& intSN) {
   return run_method(*this, [&](Call& call) {
     insert_row(call, {colFieldName, colFieldValue},
-               {.table = schema::table::transaction_line,
+               {.table = schema::table::document_line,
                 .function_code = cTranType,
                 .existing = intSN >= 0 ? sql("Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='{}'"
                                              " And STKTRANDT.REFERENCE='{}' And STKTRANDT.SN={}",

@@ -13,7 +13,7 @@ namespace tallyra::transactions {
 namespace {
 
 using frame::sql;
-namespace transaction_type = frame::schema::transaction_type;
+namespace document_type = frame::schema::document_type;
 
 // The movements of one part for one order in all documents but one, as they are stored: issues negative.
 class Movements {
@@ -63,9 +63,9 @@ class Movements {
 };
 
 std::string_view return_type_of(std::string_view issue_type) {
-  if (issue_type == transaction_type::issue_to_production_order)
-    return transaction_type::return_from_production_order;
-  if (issue_type == transaction_type::issue_to_sales_order) return transaction_type::return_from_sales_order;
+  if (issue_type == document_type::issue_to_production_order)
+    return document_type::return_from_production_order;
+  if (issue_type == document_type::issue_to_sales_order) return document_type::return_from_sales_order;
   return {};
 }
 
@@ -74,8 +74,8 @@ bool is_issue_type(std::string_view type) {
 }
 
 bool is_return_type(std::string_view type) {
-  return type == transaction_type::return_from_production_order ||
-         type == transaction_type::return_from_sales_order;
+  return type == document_type::return_from_production_order ||
+         type == document_type::return_from_sales_order;
 }
 
 }  // namespace

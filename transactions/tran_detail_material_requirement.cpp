@@ -22,7 +22,7 @@ using frame::Field;
 using frame::Recordset;
 using frame::sql;
 namespace column = frame::schema::column;
-namespace transaction_type = frame::schema::transaction_type;
+namespace document_type = frame::schema::document_type;
 
 // How many bills one query asks for: few queries, and statements of a length that every engine takes.
 constexpr std::size_t bills_per_query = 200;
@@ -156,7 +156,7 @@ std::optional<double> sales_order_requirement(Call& call, const std::string& ord
 }
 
 bool moves_for_sales_order(std::string_view type) {
-  return type == transaction_type::issue_to_sales_order || type == transaction_type::return_from_sales_order;
+  return type == document_type::issue_to_sales_order || type == document_type::return_from_sales_order;
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ float CTranDetail::InsertRTN(std::string cTRANNO, std::int16_t& intSN, Object& c
       require_receipt(call, supplier_of(call, cTRANNO), part);
     }
     recordset.open("Select TOP 1 * From STKTRANDT", call.connection, static_copy);
-    const std::string statement = call.insert_statement(schema::table::transaction_line, fields);
+    const std::string statement = call.insert_statement(schema::table::document_line, fields);
     recordset.close();
 
     if (!number_is_taken(call, cTRANNO, intSN)) {
@@ -135,7 +135,7 @@ float CTranDetail::UpdateRTN(std::string cTRANNO, std::int16_t& intSN, Object& c
         automation::to_int16(*given);
     };
     update_rows(call, fields,
-                {.table = schema::table::transaction_line,
+                {.table = schema::table::document_line,
                  .function_code = schema::function_code::purchase_return,
                  .owner = std::move(owner),
                  .opening = frame::Opening::if_closed,

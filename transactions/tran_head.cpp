@@ -29,7 +29,7 @@ CTranHead::CTranHead() : BusinessObject(std::string(schema::access_kind)) {}
 float CTranHead::Read(std::string& cTRANNO, std::string& cTranType, Object& colFieldName,
                       Object& colFieldValue) {
   return run_method(*this, [&](Call& call) {
-    const bool shipment = automation::equals_folded(cTranType, schema::transaction_type::shipment);
+    const bool shipment = automation::equals_folded(cTranType, schema::document_type::shipment);
     read_row(call, {colFieldName, colFieldValue},
              {.statement =
                   shipment ? sql("Select STKTRANHD.*,STKSHIPNOTE.NOTES AS FEEDBACK From STKTRANHD"
@@ -45,7 +45,7 @@ float CTranHead::Update(std::string cTRANNO, std::string& cTranType, Object& col
                         Object& colFieldValue, std::string& strOprTag) {
   return run_method(*this, [&](Call& call) {
     update_rows(call, {colFieldName, colFieldValue},
-                {.table = schema::table::transaction_header,
+                {.table = schema::table::document,
                  .function_code = cTranType,
                  .operation_tag = strOprTag,
                  .owner = closed_owner_test(sql("Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='{}'"
@@ -66,7 +66,7 @@ float CTranHead::Insert(std::string cTRANNO, std::string& cTranType, Object& col
       if (!pCopyID.empty()) copy_lines(call, fields, system_database(), pCopyID, cTRANNO);
     };
     insert_row(call, fields,
-               {.table = schema::table::transaction_header,
+               {.table = schema::table::document,
                 .function_code = cTranType,
                 .existing = sql("Select * From STKTRANHD where TRANNO='{}'", cTRANNO),
                 .transaction = frame::Transaction::left_on_error,

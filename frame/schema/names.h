@@ -12,10 +12,10 @@ inline constexpr const char* stock_controller = "STKCONTROLLER";
 inline constexpr const char* month_close = "STKCLOSEHD";
 inline constexpr const char* part_cost_setting = "PARTCOSTSET";
 inline constexpr const char* shipping_note = "STKSHIPNOTE";
-inline constexpr const char* stock_check_header = "STKCHECKHD";
-inline constexpr const char* stock_check_line = "STKCHECKDT";
-inline constexpr const char* transaction_header = "STKTRANHD";
-inline constexpr const char* transaction_line = "STKTRANDT";
+inline constexpr const char* stocktaking = "STKCHECKHD";
+inline constexpr const char* counted_line = "STKCHECKDT";
+inline constexpr const char* document = "STKTRANHD";
+inline constexpr const char* document_line = "STKTRANDT";
 }  // namespace table
 
 namespace column {
@@ -37,7 +37,7 @@ inline constexpr std::string_view quantity = "QTY";
 inline constexpr std::string_view reference = "REFERENCE";
 inline constexpr std::string_view reference_part = "REFPARTNO";
 inline constexpr std::string_view target_department = "DEPTNOTO";
-inline constexpr std::string_view transaction_number = "TRANNO";
+inline constexpr std::string_view document_number = "TRANNO";
 inline constexpr std::string_view unit_price = "UPRICE";
 inline constexpr std::string_view usage_rate = "URATE";
 inline constexpr std::string_view v_quantity = "VQTY";
