@@ -7,6 +7,7 @@
 
 #include "automation/apartment.h"
 #include "automation/com/failure.h"
+#include "automation/com/identity.h"
 #include "automation/com/module.h"
 
 // The end of a thread's apartment as the system tells it: by an initialize spy, before it happens.
@@ -70,13 +71,8 @@ extern "C" HMODULE WINAPI tallyra_before_uninitialize(DWORD count) {
 namespace {
 
 // One for all threads: it has nothing of its own.
-class Spy final : public IInitializeSpy {
+class Spy final : public com::Identity<IInitializeSpy> {
  public:
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
-    if (!out) return E_POINTER;
-    *out = id == IID_IUnknown || id == __uuidof(IInitializeSpy) ? this : nullptr;
-    return *out ? S_OK : E_NOINTERFACE;
-  }
   STDMETHODIMP_(ULONG) AddRef() override { return 2; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
 

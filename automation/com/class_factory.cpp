@@ -4,27 +4,6 @@
 
 namespace tallyra::automation::com {
 
-HRESULT ClassFactory::QueryInterface(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  if (id != IID_IUnknown && id != IID_IClassFactory) {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  *out = static_cast<IClassFactory*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG ClassFactory::AddRef() {
-  return ++references_;
-}
-
-ULONG ClassFactory::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** out) {
   if (!out) return E_POINTER;
   *out = nullptr;

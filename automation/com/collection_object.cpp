@@ -56,30 +56,8 @@ Pointer<IDispatch> CollectionObject::make(const Object& object, Role role) {
   return Pointer<IDispatch>::adopt(new CollectionObject(object, role));
 }
 
-HRESULT CollectionObject::QueryInterface(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  if (id == IID_IUnknown || id == IID_IDispatch || id == collection_interface_id)
-    *out = static_cast<CollectionInterface*>(this);
-  else if (id == IID_ISupportErrorInfo)
-    *out = static_cast<ISupportErrorInfo*>(this);
-  else if (id == IID_IProvideClassInfo)
-    *out = static_cast<IProvideClassInfo*>(this);
-  else if (id == IncomingCalls::own_id())
-    *out = &calls_;
-  if (!*out) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
-
-ULONG CollectionObject::AddRef() {
-  return ++references_;
-}
-
-ULONG CollectionObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
+void* CollectionObject::find_interface(REFIID id) {
+  return id == IncomingCalls::own_id() ? &calls_ : CountedObject::find_interface(id);
 }
 
 HRESULT CollectionObject::GetTypeInfoCount(UINT* count) {

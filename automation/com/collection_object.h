@@ -3,11 +3,10 @@
 #include <oaidl.h>
 #include <ocidl.h>
 
-#include <atomic>
 #include <initializer_list>
 
+#include "automation/com/counted_object.h"
 #include "automation/com/incoming_calls.h"
-#include "automation/com/module.h"
 #include "automation/com/pointer.h"
 #include "automation/com/role.h"
 #include "automation/object.h"
@@ -35,18 +34,19 @@ class CollectionInterface : public IDispatch {
   ~CollectionInterface() = default;
 };
 
+template <>
+inline const IID& identifier<CollectionInterface>() {
+  return collection_interface_id;
+}
+
 // A Collection of this module as other modules see it. Where this module has a type library with the
 // interface, as Tallyra.dll has, the collection describes itself by that.
-class CollectionObject final : public CollectionInterface,
-                               public ISupportErrorInfo,
-                               public IProvideClassInfo {
+class CollectionObject final
+    : public CountedObject<CollectionInterface, ISupportErrorInfo, IProvideClassInfo> {
  public:
   // The object must be a Collection.
   static Pointer<IDispatch> make(const Object& object, Role role);
 
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
@@ -66,12 +66,11 @@ class CollectionObject final : public CollectionInterface,
   CollectionObject(const Object& object, Role role);
   ~CollectionObject() = default;
 
+  void* find_interface(REFIID id) override;
   // Of a slot, with its arguments in their order.
   HRESULT call(DISPID id, std::initializer_list<const VARIANT*> arguments, VARIANT* result) noexcept;
 
-  std::atomic<ULONG> references_ = 1;
   IncomingCalls calls_;
-  ModuleUse module_use_;
 };
 
 }  // namespace tallyra::automation::com

@@ -13,26 +13,8 @@ Pointer<IDispatch> ComObject::make(const Object& object, Role role) {
   return Pointer<IDispatch>::adopt(new ComObject(object, role));
 }
 
-HRESULT ComObject::QueryInterface(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  if (id == IID_IUnknown || id == IID_IDispatch)
-    *out = static_cast<IDispatch*>(this);
-  else if (id == IncomingCalls::own_id())
-    *out = &calls_;
-  if (!*out) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
-
-ULONG ComObject::AddRef() {
-  return ++references_;
-}
-
-ULONG ComObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
+void* ComObject::find_interface(REFIID id) {
+  return id == IncomingCalls::own_id() ? &calls_ : CountedObject::find_interface(id);
 }
 
 HRESULT ComObject::GetTypeInfoCount(UINT* count) {

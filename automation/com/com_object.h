@@ -2,10 +2,8 @@
 
 #include <oaidl.h>
 
-#include <atomic>
-
+#include "automation/com/counted_object.h"
 #include "automation/com/incoming_calls.h"
-#include "automation/com/module.h"
 #include "automation/com/pointer.h"
 #include "automation/com/role.h"
 #include "automation/object.h"
@@ -14,13 +12,10 @@ namespace tallyra::automation::com {
 
 // An object of this module as other modules see it: to be called by name, without a description of itself.
 // What is Enumerable can be walked by a For Each.
-class ComObject final : public IDispatch {
+class ComObject final : public CountedObject<IDispatch> {
  public:
   static Pointer<IDispatch> make(const Object& object, Role role);
 
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
@@ -31,9 +26,9 @@ class ComObject final : public IDispatch {
   ComObject(const Object& object, Role role);
   ~ComObject() = default;
 
-  std::atomic<ULONG> references_ = 1;
+  void* find_interface(REFIID id) override;
+
   IncomingCalls calls_;
-  ModuleUse module_use_;
 };
 
 }  // namespace tallyra::automation::com

@@ -11,27 +11,6 @@ Pointer<IUnknown> Enumerator::make(const Object& object) {
   return Pointer<IUnknown>::adopt(new Enumerator(object, 0));
 }
 
-HRESULT Enumerator::QueryInterface(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  if (id != IID_IUnknown && id != IID_IEnumVARIANT) {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  *out = static_cast<IEnumVARIANT*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG Enumerator::AddRef() {
-  return ++references_;
-}
-
-ULONG Enumerator::Release() {
-  const ULONG remaining = --references_;
-  if (remaining == 0) delete this;
-  return remaining;
-}
-
 HRESULT Enumerator::Next(ULONG count, VARIANT* items, ULONG* fetched) {
   if (fetched) *fetched = 0;
   if (!items || (count != 1 && !fetched)) return E_POINTER;

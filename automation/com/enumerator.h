@@ -2,22 +2,17 @@
 
 #include <oaidl.h>
 
-#include <atomic>
-
-#include "automation/com/module.h"
+#include "automation/com/counted_object.h"
 #include "automation/com/pointer.h"
 #include "automation/enumerable.h"
 
 namespace tallyra::automation::com {
 
 // A walk over an object that is Enumerable, for a client's For Each.
-class Enumerator final : public IEnumVARIANT {
+class Enumerator final : public CountedObject<IEnumVARIANT> {
  public:
   static Pointer<IUnknown> make(const Object& object);
 
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
   STDMETHODIMP Next(ULONG count, VARIANT* items, ULONG* fetched) override;
   STDMETHODIMP Skip(ULONG count) override;
   STDMETHODIMP Reset() override;
@@ -27,9 +22,7 @@ class Enumerator final : public IEnumVARIANT {
   Enumerator(const Object& object, std::size_t position) : walk_(object, position) {}
   ~Enumerator() = default;
 
-  std::atomic<ULONG> references_ = 1;
   Walk walk_;
-  ModuleUse module_use_;
 };
 
 }  // namespace tallyra::automation::com

@@ -25,17 +25,6 @@ ConnectionPoint::~ConnectionPoint() {
   const std::vector<Connection> ended = std::move(connections_);
 }
 
-HRESULT ConnectionPoint::QueryInterface(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  if (id != IID_IUnknown && id != IID_IConnectionPoint) {
-    *out = nullptr;
-    return E_NOINTERFACE;
-  }
-  *out = static_cast<IConnectionPoint*>(this);
-  AddRef();
-  return S_OK;
-}
-
 HRESULT ConnectionPoint::GetConnectionInterface(IID* id) {
   if (!id) return E_POINTER;
   *id = events_;

@@ -4,13 +4,14 @@
 
 #include <vector>
 
+#include "automation/com/identity.h"
 #include "automation/com/pointer.h"
 
 namespace tallyra::server::com {
 
 // Where clients connect to the events of an object. Part of its owner: it has the owner's life, and its
 // connections end with it.
-class ConnectionPoint final : public IConnectionPoint {
+class ConnectionPoint final : public automation::com::Identity<IConnectionPoint> {
  public:
   // `owner` is the object's container of connection points.
   ConnectionPoint(IConnectionPointContainer& owner, REFIID events) : owner_(owner), events_(events) {}
@@ -18,7 +19,6 @@ class ConnectionPoint final : public IConnectionPoint {
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
   ~ConnectionPoint();
 
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override;
   STDMETHODIMP_(ULONG) AddRef() override { return owner_.AddRef(); }
   STDMETHODIMP_(ULONG) Release() override { return owner_.Release(); }
 

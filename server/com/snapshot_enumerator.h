@@ -3,39 +3,21 @@
 #include <unknwn.h>
 
 #include <algorithm>
-#include <atomic>
 #include <new>
 #include <utility>
 #include <vector>
 
-#include "automation/com/module.h"
+#include "automation/com/counted_object.h"
 
 namespace tallyra::server::com {
 
 // One of the system's enumerators over what a list held when it was asked for. Held is what the list keeps,
 // an object that converts to the Item that is handed out with references of its own.
 template <class Interface, class Item, class Held>
-class SnapshotEnumerator final : public Interface {
+class SnapshotEnumerator final : public automation::com::CountedObject<Interface> {
  public:
   explicit SnapshotEnumerator(std::vector<Held> list, std::size_t position = 0)
       : list_(std::move(list)), position_(position) {}
-
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
-    if (!out) return E_POINTER;
-    if (id != IID_IUnknown && id != __uuidof(Interface)) {
-      *out = nullptr;
-      return E_NOINTERFACE;
-    }
-    *out = static_cast<Interface*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
 
   STDMETHODIMP Next(ULONG count, Item* items, ULONG* fetched) override {
     if (fetched) *fetched = 0;
@@ -68,10 +50,8 @@ class SnapshotEnumerator final : public Interface {
  private:
   ~SnapshotEnumerator() = default;
 
-  std::atomic<ULONG> references_ = 1;
   std::vector<Held> list_;
   std::size_t position_;
-  automation::com::ModuleUse module_use_;
 };
 
 }  // namespace tallyra::server::com
