@@ -5,6 +5,8 @@
 namespace tallyra::client {
 namespace {
 
+// Made by scripts/generate.sh from the description of the classes in server/classes.
+// tallyra-describe: catalogue
 constexpr MemberEntry tran_head[] = {
     {"Read", "cTRANNO cTranType @"},
     {"Insert", "cTRANNO cTranType COLUMN=value... [pCopyID]"},
@@ -38,7 +40,9 @@ constexpr MemberEntry check_detail[] = {
     {"Update", "cCHECKNO cPartNo COLUMN=value..."},
     {"Delete", "cCHECKNO cPartNo"},
 };
-constexpr MemberEntry report_functions[] = {{"GetCheckBalance", "cSQL"}};
+constexpr MemberEntry stkrpt_funs[] = {
+    {"GetCheckBalance", "cSQL"},
+};
 constexpr MemberEntry part_cost_set[] = {
     {"Read", "iMTypeSN @"},
     {"Insert", "iMTypeSN COLUMN=value..."},
@@ -59,13 +63,13 @@ constexpr MemberEntry rev_addr[] = {
     {"Update", "cAddrNo COLUMN=value..."},
     {"Delete", "cAddrNo"},
 };
-constexpr MemberEntry stock_controller[] = {
+constexpr MemberEntry stk_controller[] = {
     {"Read", "cCONTROLLERNO @"},
     {"Insert", "cCONTROLLERNO COLUMN=value..."},
     {"Update", "cCONTROLLERNO COLUMN=value..."},
     {"Delete", "cCONTROLLERNO"},
 };
-constexpr MemberEntry ship_note[] = {
+constexpr MemberEntry stk_ship_note[] = {
     {"Read", "cTRANNO @"},
     {"Insert", "cTRANNO COLUMN=value..."},
     {"Update", "cTRANNO COLUMN=value..."},
@@ -77,13 +81,14 @@ constexpr ClassEntry classes[] = {
     {"CTranDetail", "lines of stock documents", tran_detail},
     {"CCheckHead", "stocktakings and their posting", check_head},
     {"CCheckDetail", "lines of stocktakings", check_detail},
-    {"CStkrptFuns", "check balance report", report_functions},
+    {"CStkrptFuns", "check balance report", stkrpt_funs},
     {"CPartCostSet", "how parts of a material type are costed", part_cost_set},
     {"CStockClose", "month-end close", stock_close},
     {"CRevAddr", "receiving addresses", rev_addr},
-    {"CSTKController", "stock controllers", stock_controller},
-    {"CStkShipNote", "shipping notes", ship_note},
+    {"CSTKController", "stock controllers", stk_controller},
+    {"CStkShipNote", "shipping notes", stk_ship_note},
 };
+// tallyra-describe: end
 
 template <class Entries>
 std::string joined_names(const Entries& entries) {

@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# generate.sh: writes the create scripts schema/*.sql from the description in schema/. A test tells when they are stale.
+# Writes what is made from descriptions into the files that it is kept in. From the classes (server/classes): the
+# interface description and the slots of Tallyra.dll, the list of the console client, the tables of the reference. From
+# the tables (schema/): the create scripts of the engines. Commit what has changed; tests fail until then.
 source "$(dirname "$0")/setup.sh"
 cd "$repository"
-cmake --preset release >/dev/null
-cmake --build --preset release --target tallyra-schema >/dev/null
+
+setup_native
+build release tallyra-describe tallyra-schema | tail -n 1
+build/release/bin/tallyra-describe "$repository"
 for engine in sqlite postgresql sqlserver access; do
   build/release/bin/tallyra-schema "$engine" >"schema/$engine.sql.new"
   mv "schema/$engine.sql.new" "schema/$engine.sql"

@@ -10,7 +10,9 @@
 #include "automation/value.h"
 #include "frame/business_object.h"
 
-// What a client can call, class by class: the one description that every dispatch is made from.
+// What a client can call, class by class: the one description that every dispatch is made from, and, by
+// tallyra-describe, all that is written about members elsewhere: the interfaces, the list of the console
+// client, the tables of the reference. Help strings are whole sentences without a full stop.
 namespace tallyra::server {
 
 enum class ParameterType { text, collection, variant, int16, int32, float64 };
@@ -23,6 +25,7 @@ struct Parameter {
   bool by_reference;
   // An optional parameter takes this value when the caller leaves it out; Missing says that it is required.
   automation::Value when_omitted;
+  std::string_view help = {};
 
   bool optional() const { return !when_omitted.is_missing(); }
 };
@@ -37,12 +40,26 @@ struct ClassMember {
   // Converts the arguments, calls, hands back what came by reference and has changed. Throws Error for
   // arguments that do not fit, blaming the first such one.
   automation::Value (*invoke)(frame::BusinessObject&, const ClassMember&, automation::Arguments);
+  std::string_view help = {};
+  std::string_view result_help = {};
+};
+
+// What is told of a class as a whole. Identifiers are as in the registry, without braces; clients were
+// compiled against them: never change one.
+struct ClassDescription {
+  std::string_view class_id = {};
+  std::string_view interface_id = {};
+  std::string_view help = {};             // in the type library
+  std::string_view registered_as = {};    // in the registry, behind the name of the component
+  std::string_view purpose = {};          // in the list of the console client
+  std::string_view event_interface = {};  // the name of what it is the source of, if it is
 };
 
 struct ClassTable {
   std::string_view name;
   std::vector<ClassMember> members;
   std::unique_ptr<frame::BusinessObject> (*make)();
+  ClassDescription about = {};
 
   // Nothing when there is no such member; a property is found for reading or for writing.
   const ClassMember* find(automation::MemberId id, automation::Access access) const;
@@ -50,7 +67,7 @@ struct ClassTable {
   automation::MemberId resolve(std::string_view member_name) const;
 };
 
-// The classes of the component in the order of their names.
+// The classes of the component in the order of the type library.
 std::span<const ClassTable> classes();
 
 }  // namespace tallyra::server

@@ -11,9 +11,9 @@ namespace tallyra::server {
 namespace {
 
 // A business object as a late-bound client sees it.
-class BusinessObject : public automation::Dispatch {
+class LateBoundObject : public automation::Dispatch {
  public:
-  explicit BusinessObject(const ClassTable& table) : table_(table), session_(table.make()) {}
+  explicit LateBoundObject(const ClassTable& table) : table_(table), session_(table.make()) {}
 
   automation::MemberId resolve(std::string_view name) override { return table_.resolve(name); }
 
@@ -39,7 +39,7 @@ class BusinessObject : public automation::Dispatch {
 void register_classes() {
   for (const auto& table : classes())
     automation::local::register_class("Tallyra." + std::string(table.name),
-                                      [&table] { return automation::make_object<BusinessObject>(table); });
+                                      [&table] { return automation::make_object<LateBoundObject>(table); });
 }
 
 }  // namespace tallyra::server

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -9,6 +8,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "server/class_table.h"
+#include "server/named_parameter.h"
 
 // Makes the entries of a class table from the C++ methods themselves, so that the type and direction of a
 // parameter stand in one place only. A parameter that is a non-const reference is passed by reference.
@@ -130,14 +130,11 @@ struct Signature<R (C::*)(P...)> {
   using Result = R;
   static constexpr std::size_t arity = sizeof...(P);
 
-  static std::vector<Parameter> parameters(
-      const std::array<std::pair<std::string_view, automation::Value>, arity>& named) {
+  // `named` has one per parameter.
+  static std::vector<Parameter> parameters(const NamedParameter* named) {
     std::vector<Parameter> list;
-    std::size_t index = 0;
-    ((list.push_back({named[index].first, TypeOf<std::remove_cvref_t<P>>::parameter, Passed<P>::by_reference,
-                      named[index].second}),
-      ++index),
-     ...);
+    list.reserve(arity);
+    (list.push_back(parameter<P>(*named++)), ...);
     return list;
   }
 
@@ -149,6 +146,12 @@ struct Signature<R (C::*)(P...)> {
   }
 
  private:
+  template <class T>
+  static Parameter parameter(const NamedParameter& named) {
+    return {named.name, TypeOf<std::remove_cvref_t<T>>::parameter, Passed<T>::by_reference, named.omitted(),
+            named.help};
+  }
+
   template <auto F, std::size_t... I>
   static automation::Value invoke_with(C& object, [[maybe_unused]] const ClassMember& member,
                                        [[maybe_unused]] automation::Arguments arguments,
@@ -179,35 +182,5 @@ template <class C, class R, class... P>
 struct Signature<R (C::*)(P...) const> : Signature<R (C::*)(P...)> {};
 
 }  // namespace detail
-
-// The name of a parameter, with the value of an optional one that is left out.
-struct ParameterName {
-  ParameterName(const char* parameter) : name(parameter), when_omitted(automation::Missing{}) {}
-  ParameterName(const char* parameter, automation::Value value)
-      : name(parameter), when_omitted(std::move(value)) {}
-
-  std::string_view name;
-  automation::Value when_omitted;
-};
-
-template <auto F, class... Names>
-ClassMember class_member(MemberKind kind, automation::MemberId id, std::string_view name, Names&&... names) {
-  using S = detail::Signature<decltype(F)>;
-  static_assert(sizeof...(Names) == S::arity, "every parameter has a name");
-  const std::array<ParameterName, S::arity> given{ParameterName(std::forward<Names>(names))...};
-  std::array<std::pair<std::string_view, automation::Value>, S::arity> named;
-  for (std::size_t i = 0; i < S::arity; ++i) named[i] = {given[i].name, given[i].when_omitted};
-  return {id,
-          name,
-          kind,
-          S::parameters(named),
-          detail::TypeOf<typename S::Result>::result,
-          &S::template invoke<F>};
-}
-
-template <auto F, class... Names>
-ClassMember method(automation::MemberId id, std::string_view name, Names&&... names) {
-  return class_member<F>(MemberKind::method, id, name, std::forward<Names>(names)...);
-}
 
 }  // namespace tallyra::server

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 
-#include "automation/com/module.h"
 #include "automation/com/pointer.h"
 #include "automation/error.h"
 #include "server/class_table.h"
@@ -54,7 +53,6 @@ class Dispatcher {
   HRESULT missing_member(DISPID id, automation::Access access);
   std::string source() const { return "Tallyra." + std::string(class_name_); }
 
-  automation::com::ModuleUse module_use_;
   ThreadUse thread_use_;
   std::string_view class_name_;
   IID interface_id_;

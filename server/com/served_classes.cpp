@@ -1,11 +1,9 @@
 #include "automation/com/served_module.h"
 #include "automation/com/text.h"
-#include "server/com/close_objects.h"
-#include "server/com/masterdata_objects.h"
-#include "server/com/stock_check_objects.h"
-#include "server/com/transaction_objects.h"
+#include "server/com/class_objects.h"
 
-// The classes that the DLL offers.
+// The classes that the DLL offers, a list that scripts/generate.sh makes from their description in
+// server/classes.
 namespace tallyra::server::com {
 namespace {
 
@@ -27,6 +25,7 @@ const tallyra::automation::com::ServedModule& tallyra::automation::com::served_m
   using namespace tallyra::server::com;
   static const ServedModule module{
       {
+          // tallyra-describe: classes
           served<TranHeadObject>("CTranHead", CLSID_CTranHead, L"Tallyra stock transaction headers"),
           served<TranDetailObject>("CTranDetail", CLSID_CTranDetail, L"Tallyra stock transaction lines"),
           served<CheckHeadObject>("CCheckHead", CLSID_CCheckHead, L"Tallyra stock check headers"),
@@ -37,6 +36,7 @@ const tallyra::automation::com::ServedModule& tallyra::automation::com::served_m
           served<RevAddrObject>("CRevAddr", CLSID_CRevAddr, L"Tallyra receiving addresses"),
           served<STKControllerObject>("CSTKController", CLSID_CSTKController, L"Tallyra stock controllers"),
           served<StkShipNoteObject>("CStkShipNote", CLSID_CStkShipNote, L"Tallyra shipping notes"),
+          // tallyra-describe: end
       },
       LIBID_Tallyra};
   return module;

@@ -2,9 +2,7 @@
 
 #include "automation/collection.h"
 #include "automation/com/com_object.h"
-#include "server/com/close_objects.h"
-#include "server/com/stock_check_objects.h"
-#include "server/com/transaction_objects.h"
+#include "server/com/class_objects.h"
 
 namespace tallyra::tests::com {
 

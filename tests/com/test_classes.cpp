@@ -1,7 +1,7 @@
 #include "tests/com/test_classes.h"
 
 #include "automation/collection.h"
-#include "server/signature.h"
+#include "server/description.h"
 
 namespace tallyra::tests::com {
 
@@ -60,12 +60,12 @@ namespace {
 
 template <class C>
 ClassTable test_table(std::string_view name, std::vector<ClassMember> methods) {
-  methods.push_back(class_member<&C::put_Language>(MemberKind::property_put, 1, "Language", "value"));
-  methods.push_back(class_member<&C::get_ErrNumber>(MemberKind::property_get, 3, "ErrNumber"));
-  methods.push_back(class_member<&C::get_ErrDescription>(MemberKind::property_get, 4, "ErrDescription"));
-  methods.push_back(class_member<&C::put_UserID>(MemberKind::property_put, 5, "UserID", "value"));
+  methods.push_back(property_put<&C::put_Language>(1, "Language", "", ""));
+  methods.push_back(property_get<&C::get_ErrNumber>(3, "ErrNumber", "", ""));
+  methods.push_back(property_get<&C::get_ErrDescription>(4, "ErrDescription", "", ""));
+  methods.push_back(property_put<&C::put_UserID>(5, "UserID", "", ""));
   return {name, std::move(methods),
-          []() -> std::unique_ptr<frame::Session> { return std::make_unique<C>(); }};
+          []() -> std::unique_ptr<frame::BusinessObject> { return std::make_unique<C>(); }};
 }
 
 }  // namespace
@@ -77,21 +77,38 @@ std::span<const ClassTable> classes() {
       test_table<TestDetail>(
           "CTranDetail",
           {
-              method<&TestDetail::Read>(11, "Read", "cTRANNO", "cReference", "cPartNo", "colFieldName",
-                                        "colFieldValue", ParameterName("intSN", std::int32_t{-1})),
-              method<&TestDetail::PORefQty>(17, "PORefQty", "cReference", "intSN", "nPOQty", "nRevQty",
-                                            "nRtnQty", ParameterName("cType", "")),
-              method<&TestDetail::POExam>(18, "POExam", "cOrderNO"),
-              method<&TestDetail::OrderTypeExam>(19, "OrderTypeExam", "cOrderNO"),
+              method<&TestDetail::Read>(11, "Read", "",
+                                        {{"cTRANNO", ""},
+                                         {"cReference", ""},
+                                         {"cPartNo", ""},
+                                         {"colFieldName", ""},
+                                         {"colFieldValue", ""},
+                                         {"intSN", "", -1}},
+                                        ""),
+              method<&TestDetail::PORefQty>(17, "PORefQty", "",
+                                            {{"cReference", ""},
+                                             {"intSN", ""},
+                                             {"nPOQty", ""},
+                                             {"nRevQty", ""},
+                                             {"nRtnQty", ""},
+                                             {"cType", "", ""}},
+                                            ""),
+              method<&TestDetail::POExam>(18, "POExam", "", {{"cOrderNO", ""}}, ""),
+              method<&TestDetail::OrderTypeExam>(19, "OrderTypeExam", "", {{"cOrderNO", ""}}, ""),
           }),
       test_table<TestHead>("CTranHead",
                            {
-                               method<&TestHead::Update>(12, "Update", "cTRANNO", "cTranType", "colFieldName",
-                                                         "colFieldValue", "strOprTag"),
-                               method<&TestHead::ValidCloseDT>(15, "ValidCloseDT", "vTranDT"),
+                               method<&TestHead::Update>(12, "Update", "",
+                                                         {{"cTRANNO", ""},
+                                                          {"cTranType", ""},
+                                                          {"colFieldName", ""},
+                                                          {"colFieldValue", ""},
+                                                          {"strOprTag", ""}},
+                                                         ""),
+                               method<&TestHead::ValidCloseDT>(15, "ValidCloseDT", "", {{"vTranDT", ""}}, ""),
                            }),
-      test_table<TestReports>("CStkrptFuns",
-                              {method<&TestReports::GetCheckBalance>(15, "GetCheckBalance", "cSQL")}),
+      test_table<TestReports>("CStkrptFuns", {method<&TestReports::GetCheckBalance>(15, "GetCheckBalance", "",
+                                                                                    {{"cSQL", ""}}, "")}),
   };
   return tables;
 }

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "client/catalogue.h"
-#include "server/class_table.h"
 #include "tests/support/company_database.h"
 
 // The built program as a person or a script runs it, on a real database.
@@ -121,26 +119,6 @@ TEST_F(Program, TellsWhatIsWrongWithTheCall) {
   const Ended no_file = run("--db /no/such/file.db CRevAddr Read A1");
   EXPECT_EQ(no_file.status, 2);
   EXPECT_NE(no_file.output.find("/no/such/file.db"), std::string::npos);
-}
-
-TEST_F(Program, KnowsTheMembersThatTheClassesHave) {
-  for (const auto& table : server::classes()) {
-    const ClassEntry* known = find_class(table.name);
-    ASSERT_NE(known, nullptr) << table.name;
-    std::size_t methods = 0;
-    for (const auto& member : table.members) {
-      if (member.kind != server::MemberKind::method) continue;
-      ++methods;
-      const MemberEntry* entry = find_member(*known, member.name);
-      ASSERT_NE(entry, nullptr) << table.name << "." << member.name;
-      for (const auto& parameter : member.parameters) {
-        if (parameter.type == server::ParameterType::collection) continue;
-        EXPECT_NE(entry->arguments.find(parameter.name), std::string_view::npos)
-            << table.name << "." << member.name << ": " << parameter.name;
-      }
-    }
-    EXPECT_EQ(known->members.size(), methods) << table.name;
-  }
 }
 
 TEST_F(Program, ExplainsItself) {

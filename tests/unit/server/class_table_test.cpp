@@ -80,6 +80,21 @@ TEST(ClassTables, EveryClassHasTheSessionProperties) {
         << table.name;
 }
 
+// What a browser of objects shows: a sentence for every class, member, parameter and result.
+TEST(ClassTables, EverythingHasItsHelp) {
+  for (const auto& table : classes()) {
+    SCOPED_TRACE(table.name);
+    for (const auto text : {table.about.help, table.about.registered_as, table.about.purpose})
+      EXPECT_FALSE(text.empty());
+    for (const auto& member : table.members) {
+      EXPECT_FALSE(member.help.empty()) << member.name;
+      EXPECT_EQ(member.result_help.empty(), member.result == ResultType::none) << member.name;
+      for (const auto& parameter : member.parameters)
+        EXPECT_FALSE(parameter.help.empty()) << member.name << "." << parameter.name;
+    }
+  }
+}
+
 TEST(ClassTables, RecordClassesTakeTheirKeyByReference) {
   const struct {
     const char* name;

@@ -3,9 +3,9 @@
 #include <ocidl.h>
 
 #include <array>
-#include <atomic>
 #include <type_traits>
 
+#include "automation/com/counted_object.h"
 #include "automation/com/pointer.h"
 #include "automation/com/type_library.h"
 #include "server/com/dispatcher.h"
@@ -13,33 +13,14 @@
 
 namespace tallyra::server::com {
 
-// A business object as COM sees it: its dual interface with the members that every class has, descriptions of
-// itself and of its errors. A class adds the methods of its own, each a line that names its dispatch id.
+// A business object as COM sees it: its dual interface, descriptions of itself and of its errors. A class
+// adds the slots of its interface, see class_objects.h.
 template <class Interface>
-class BusinessObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo2 {
+class InterfaceObject
+    : public automation::com::CountedObject<Interface, ISupportErrorInfo, IProvideClassInfo2> {
  public:
-  BusinessObject(std::string_view name, REFCLSID class_id)
+  InterfaceObject(std::string_view name, REFCLSID class_id)
       : dispatcher_(name, __uuidof(Interface)), class_id_(class_id) {}
-  BusinessObject(const BusinessObject&) = delete;
-  BusinessObject& operator=(const BusinessObject&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID id, void** out) override {
-    if (!out) return E_POINTER;
-    *out = find_interface(id);
-    if (!*out) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) {
-      // What goes with the object may take references of its own and let them go.
-      references_ = 1;
-      delete this;
-    }
-    return left;
-  }
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     if (!count) return E_POINTER;
@@ -54,7 +35,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
   }
   STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                       EXCEPINFO* failure, UINT* argument_at_fault) override {
-    const automation::com::Pointer<BusinessObject> alive(this);
+    const automation::com::Pointer<InterfaceObject> alive(this);
     return dispatcher_.Invoke(id, reserved, flags, parameters, result, failure, argument_at_fault);
   }
 
@@ -78,24 +59,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID && *id != GUID{} ? S_OK : E_INVALIDARG;
   }
 
-  STDMETHODIMP put_Language(BSTR value) override { return put(1, value); }
-  STDMETHODIMP put_SystemDatabase(BSTR value) override { return put(2, value); }
-  STDMETHODIMP get_ErrNumber(float* result) override { return call(3, result); }
-  STDMETHODIMP get_ErrDescription(BSTR* result) override { return call(4, result); }
-  STDMETHODIMP put_UserID(BSTR value) override { return put(5, value); }
-  STDMETHODIMP put_ConnectionString(BSTR value) override { return put(6, value); }
-
  protected:
-  virtual ~BusinessObject() = default;
-
-  virtual void* find_interface(REFIID id) {
-    if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(Interface))
-      return static_cast<Interface*>(this);
-    if (id == IID_ISupportErrorInfo) return static_cast<ISupportErrorInfo*>(this);
-    if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2)
-      return static_cast<IProvideClassInfo2*>(this);
-    return nullptr;
-  }
   // The interface of the events that the class is the source of; none by default.
   virtual GUID event_interface() const { return {}; }
 
@@ -109,7 +73,7 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     *result = Result();
     std::size_t place = 0;
     if ((points_nowhere_wrongly(id, place++, arguments) || ...)) return E_POINTER;
-    const automation::com::Pointer<BusinessObject> alive(this);
+    const automation::com::Pointer<InterfaceObject> alive(this);
     automation::Value value;
     const HRESULT code = run(id, automation::Access::read, value, arguments...);
     if (FAILED(code)) return code;
@@ -121,14 +85,15 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     }
   }
 
- private:
+  // Writes a property.
   HRESULT put(DISPID id, BSTR text) noexcept {
     SetErrorInfo(0, nullptr);
-    const automation::com::Pointer<BusinessObject> alive(this);
+    const automation::com::Pointer<InterfaceObject> alive(this);
     automation::Value nothing;
     return run(id, automation::Access::put, nothing, text);
   }
 
+ private:
   template <class... Arguments>
   HRESULT run(DISPID id, automation::Access access, automation::Value& value,
               const Arguments&... arguments) noexcept {
@@ -154,7 +119,6 @@ class BusinessObject : public Interface, public ISupportErrorInfo, public IProvi
     return points_nowhere(argument) && !dispatcher_.may_be_left_out(id, place);
   }
 
-  std::atomic<ULONG> references_ = 1;
   Dispatcher dispatcher_;
   CLSID class_id_;
 };
