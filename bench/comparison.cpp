@@ -1,78 +1,60 @@
 #include "bench/comparison.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <vector>
 
-#include "bench/measured_run.h"
-#include "bench/odbc_replay.h"
 #include "bench/statement_log.h"
 
 namespace tallyra::bench {
-namespace {
 
-namespace fs = std::filesystem;
-
-// One path for all runs: the statements of the replay name it.
-void fresh_copy(const fs::path& original, const fs::path& database) {
-  for (const char* side : {"", "-wal", "-shm", ".keys", ".keys-wal", ".keys-shm", ".keys-journal"})
-    fs::remove(database.string() + side);
-  fs::copy_file(original, database);
+void Series::add(const Measurement& run) {
+  seconds_.push_back(run.seconds);
+  megabytes_.push_back(run.peak_megabytes);
 }
 
-}  // namespace
+double Series::least_seconds() const {
+  return *std::min_element(seconds_.begin(), seconds_.end());
+}
+
+double Comparison::ratio(Against against) const {
+  return component.median_seconds() / replays.at(against).median_seconds();
+}
+
+double Comparison::least_ratio(Against against) const {
+  return component.least_seconds() / replays.at(against).least_seconds();
+}
 
 Comparison compare(const Scenario& scenario, const std::string& folder) {
-  fs::create_directories(folder);
-  const fs::path original = fs::path(folder) / "original.db";
-  const fs::path database = fs::path(folder) / "work.db";
-  const std::string log = fs::path(folder) / "statements.log";
-  measured_run([&] {
-    scenario.prepare(original);
-    return 0;
-  });
-
-  fresh_copy(original, database);
+  const std::string log = std::filesystem::path(folder) / "statements.log";
+  const auto company = scenario.company();
+  const std::string connection_string = company->connection_string();
+  Comparison result;
+  company->renew();
   measured_run([&] {
     const StatementLog recording(log);
-    return scenario.run(database);
+    return scenario.run(connection_string);
   });
 
-  std::vector<double> component_seconds;
-  std::vector<double> replay_seconds;
-  std::vector<double> component_memory;
-  std::vector<double> replay_memory;
-  Comparison result{};
-  const auto run_component = [&] {
-    fresh_copy(original, database);
-    const Measurement run = measured_run([&] { return scenario.run(database); });
-    component_seconds.push_back(run.seconds);
-    component_memory.push_back(run.peak_megabytes);
+  std::vector<std::function<void()>> kinds{[&] {
+    const Measurement run = measured_run([&] { return scenario.run(connection_string); });
+    result.component.add(run);
     result.rows = run.count;
-  };
-  const auto run_replay = [&] {
-    fresh_copy(original, database);
-    const Measurement run = measured_run([&] { return replay(log); });
-    replay_seconds.push_back(run.seconds);
-    replay_memory.push_back(run.peak_megabytes);
-    result.statements = run.count;
-  };
+  }};
+  for (const Replay& way : scenario.replays)
+    kinds.push_back([&result, &log, &way] {
+      const Measurement run = measured_run([&] { return replay(log, way.connect()); });
+      result.replays[way.against].add(run);
+      result.statements = run.count;
+    });
   for (int round = 0; round < scenario.rounds; ++round) {
-    // Who goes first changes, so that neither profits from what the other left in the caches.
-    if (round % 2 == 0) {
-      run_component();
-      run_replay();
-    } else {
-      run_replay();
-      run_component();
+    for (const auto& run_one : kinds) {
+      company->renew();
+      run_one();
     }
+    // Who follows whom stays; who is first changes, so that all see what happens at a round's beginning.
+    std::rotate(kinds.begin(), kinds.begin() + 1, kinds.end());
   }
-  result.component_seconds = median(component_seconds);
-  result.replay_seconds = median(replay_seconds);
-  result.ratio = result.component_seconds / result.replay_seconds;
-  result.rows_per_second = static_cast<double>(result.rows) / result.component_seconds;
-  result.component_megabytes = median(component_memory);
-  result.replay_megabytes = median(replay_memory);
-  fs::remove_all(folder);
+  std::filesystem::remove(log);
   return result;
 }
 

@@ -1,38 +1,43 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <optional>
+#include <map>
 #include <string>
+#include <vector>
+
+#include "bench/measured_run.h"
+#include "bench/scenario.h"
 
 namespace tallyra::bench {
 
-// Work of the component on a database, to be held against a replay of its own statements.
-struct Scenario {
-  std::string name;
-  std::string size;
-  // Makes the database file at a path, with everything that belongs to the work's beginning.
-  std::function<void(const std::string& database)> prepare;
-  // Does the work and returns the rows it has written or handled.
-  std::function<std::uint64_t(const std::string& database)> run;
-  int rounds = 7;
-  // What the ratio must not exceed; none where a run is so short that the disk decides.
-  std::optional<double> limit = {};
+// The runs of one kind.
+class Series {
+ public:
+  void add(const Measurement& run);
+  double median_seconds() const { return median(seconds_); }
+  double least_seconds() const;
+  double median_megabytes() const { return median(megabytes_); }
+
+ private:
+  std::vector<double> seconds_;
+  std::vector<double> megabytes_;
 };
 
 struct Comparison {
-  double component_seconds;
-  double replay_seconds;
-  double ratio;
-  double rows_per_second;
-  double component_megabytes;
-  double replay_megabytes;
-  std::uint64_t rows;
-  std::uint64_t statements;
+  Series component;
+  std::map<Against, Series> replays;
+  std::uint64_t rows = 0;
+  std::uint64_t statements = 0;
+
+  // Of the medians, the component's to the replay's.
+  double ratio(Against against) const;
+  // Of the shortest runs, which a busy machine disturbs least.
+  double least_ratio(Against against) const;
+  double rows_per_second() const { return static_cast<double>(rows) / component.median_seconds(); }
 };
 
-// Records the statements of one run, then runs component and replay in turn, each on a fresh copy of the
-// database, and takes the medians. Files are kept below `folder`.
+// Records the statements of one run, then runs component and replays in turn, each on a company that is as it
+// was before the work. The log of the statements is kept in `folder` meanwhile.
 Comparison compare(const Scenario& scenario, const std::string& folder);
 
 }  // namespace tallyra::bench

@@ -1,14 +1,16 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "bench/comparison.h"
-#include "bench/material_requirement.h"
-#include "bench/month_close.h"
-#include "bench/record_maintenance.h"
-#include "bench/stock_check.h"
+#include "bench/document.h"
+#include "bench/place.h"
+#include "bench/plan.h"
+#include "bench/runner.h"
 #include "server/local_classes.h"
 #include "standins/ado/local_classes.h"
 #include "standins/corvane/local_classes.h"
@@ -16,73 +18,104 @@
 
 namespace {
 
-using tallyra::bench::Comparison;
-using tallyra::bench::Scenario;
+using namespace tallyra::bench;
 
-void print_head() {
-  std::printf("%-16s %-24s %9s %9s %6s %6s %9s %9s %8s %9s %9s\n", "work", "size", "component", "replay",
-              "ratio", "limit", "rows", "rows/s", "stmts", "peak", "replay's");
+constexpr const char* description =
+    "Holds the component against replays of its own statements: through plain ODBC, through the engine's "
+    "own\n"
+    "library as text, and through it with every shape of text prepared once. Prints seconds, the ratios of "
+    "the\n"
+    "medians of interleaved runs on copies of one database, rows per second and peak memory. Ends with 1 "
+    "when\n"
+    "a limit is broken, in two measurings. The databases are made in memory: in the folder that\n"
+    "TALLYRA_BENCH_FOLDER names or in /dev/shm, and where neither will do, nothing is measured.";
+
+constexpr int usage_error = 2;
+
+struct Options {
+  std::string schema;
+  std::string folder;
+  std::string only;
+  std::string document;
+  bool quick = false;
+  bool goals = false;
+  int rounds = 0;
+};
+
+void declare(CLI::App& app, Options& options) {
+  app.add_option("--schema", options.schema, "create script of the tables")->required();
+  app.add_option("--folder", options.folder, "another folder; on a disk nothing is judged");
+  app.add_option("--rounds", options.rounds, "runs of each kind, in place of each work's own number");
+  app.add_option("--only", options.only, "only work whose name and size contain this");
+  app.add_flag("--quick", options.quick, "only the smaller sizes");
+  app.add_flag("--goals", options.goals, "hold to what is to be reached, not to what is");
+  app.add_option("--write-readme", options.document, "write the figures into this document");
 }
 
-bool exceeds_limit(const Scenario& scenario, const Comparison& result) {
-  return scenario.limit && result.ratio > *scenario.limit;
+std::optional<Place> chosen_place(const Options& options) {
+  if (!options.folder.empty()) {
+    std::filesystem::create_directories(options.folder);
+    return place_at(options.folder);
+  }
+  std::vector<Place> places;
+  if (const char* const named = std::getenv("TALLYRA_BENCH_FOLDER")) places.push_back(place_at(named));
+  places.push_back(place_at("/dev/shm"));
+  return memory_place(places, options.quick ? quick_plan_bytes : full_plan_bytes);
 }
 
-void print(const Scenario& scenario, const Comparison& result) {
-  char limit[16] = "";
-  if (scenario.limit) std::snprintf(limit, sizeof limit, "%.2f", *scenario.limit);
-  std::printf("%-16s %-24s %7.3f s %7.3f s %6.3f %6s %9llu %9.0f %8llu %6.1f MB %6.1f MB%s\n",
-              scenario.name.c_str(), scenario.size.c_str(), result.component_seconds, result.replay_seconds,
-              result.ratio, limit, static_cast<unsigned long long>(result.rows), result.rows_per_second,
-              static_cast<unsigned long long>(result.statements), result.component_megabytes,
-              result.replay_megabytes, exceeds_limit(scenario, result) ? "  above the limit" : "");
-  std::fflush(stdout);
+void narrow(Plan& plan, const Options& options) {
+  std::erase_if(plan.scenarios, [&](const Scenario& scenario) {
+    return (scenario.work + ", " + scenario.size).find(options.only) == std::string::npos;
+  });
+  std::erase_if(plan.doubled, [&](const Doubled& doubled) {
+    return ("growth in " + doubled.what).find(options.only) == std::string::npos;
+  });
+  if (std::string("memory over record calls").find(options.only) == std::string::npos)
+    plan.calls_for_memory = 0;
+  for (Scenario& scenario : plan.scenarios)
+    if (options.rounds > 0) scenario.rounds = options.rounds;
+  for (Doubled& doubled : plan.doubled)
+    if (options.rounds > 0) doubled.once.rounds = doubled.twice.rounds = options.rounds;
+}
+
+int measure(const Options& options, const Place& place) {
+  if (!place.in_memory) std::printf("On a disk, in %s: nothing is judged.\n", place.folder.c_str());
+  const WorkFolder folder(place.folder);
+  Companies companies(folder.path(), options.schema);
+  Plan plan = options.quick ? quick_plan(companies) : full_plan(companies);
+  narrow(plan, options);
+  Runner runner(companies, folder.path(), options.goals ? Hold::goal : Hold::now, place.in_memory);
+  runner.run(plan);
+  if (!options.document.empty()) write_figures(options.document, runner.figures().markdown());
+  if (place.in_memory)
+    std::printf(runner.broken() == 0 ? "All limits are kept.\n" : "%d measurings break their limits.\n",
+                runner.broken());
+  return runner.broken() == 0 ? 0 : 1;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{
-      "Holds the component against a replay of its own statements through plain ODBC: ratio of the medians "
-      "of\n"
-      "interleaved runs on copies of one database, rows per second and peak memory. Ends with 1 when a ratio "
-      "is above its limit."};
-  std::string schema;
-  std::string folder = "build/bench-data";
-  bool quick = false;
-  int rounds = 7;
-  app.add_option("--schema", schema, "create script of the tables")->required();
-  app.add_option("--folder", folder, "where the databases are made, and removed again")
-      ->capture_default_str();
-  app.add_option("--rounds", rounds, "runs of each kind")->capture_default_str();
-  app.add_flag("--quick", quick, "only the smaller sizes");
+  CLI::App app{description};
+  Options options;
+  declare(app, options);
   CLI11_PARSE(app, argc, argv);
-
-  tallyra::server::register_classes();
-  tallyra::standins::ado::register_classes();
-  tallyra::standins::corvane::register_classes();
-  tallyra::standins::lexbank::register_classes();
-
-  using namespace tallyra::bench;
-  std::vector<Scenario> scenarios{month_close(5, 200, 5'000, schema),
-                                  record_maintenance(quick ? 200 : 2'000, schema),
-                                  stock_check(20, 2'000, 200'000, 3, schema), material_requirement(schema)};
-  if (!quick) {
-    scenarios.push_back(month_close(20, 2'000, 200'000, schema));
-    // The same movements a month, with five months of history.
-    scenarios.push_back(stock_check(20, 2'000, 333'333, 5, schema));
-    scenarios.push_back(stock_check(50, 20'000, 1'000'000, 3, schema));
-  }
   try {
-    print_head();
-    bool within_limits = true;
-    for (auto& scenario : scenarios) {
-      scenario.rounds = rounds;
-      const Comparison result = compare(scenario, folder);
-      print(scenario, result);
-      within_limits = within_limits && !exceeds_limit(scenario, result);
+    const std::optional<Place> place = chosen_place(options);
+    const bool whole = !options.quick && options.only.empty() && (!place || place->in_memory);
+    if (!options.document.empty() && !whole) {
+      std::fprintf(stderr, "tallyra-bench: only figures of a whole run in memory are written\n");
+      return usage_error;
     }
-    return within_limits ? 0 : 1;
+    if (!place) {
+      std::printf("No folder in memory has the room: nothing is measured, nothing is judged.\n");
+      return 0;
+    }
+    tallyra::server::register_classes();
+    tallyra::standins::ado::register_classes();
+    tallyra::standins::corvane::register_classes();
+    tallyra::standins::lexbank::register_classes();
+    return measure(options, *place);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "tallyra-bench: %s\n", error.what());
     return 1;

@@ -4,8 +4,7 @@
 #include <vector>
 
 #include "automation/convert.h"
-#include "bench/company.h"
-#include "company/generator.h"
+#include "bench/session.h"
 
 namespace tallyra::bench {
 namespace {
@@ -47,21 +46,14 @@ std::vector<std::string> order_with_bill() {
 
 }  // namespace
 
-Scenario material_requirement(const std::string& schema) {
+Scenario material_requirement(Companies& companies, const CompanySize& size) {
   Scenario scenario;
-  scenario.name = "requirement";
-  scenario.size = "5 levels, " + std::to_string(lines) + " lines";
-  scenario.prepare = [=](const std::string& database) {
-    samples::company::Options options;
-    options.database = database;
-    options.schema = schema;
-    options.lines = 1'000;
-    samples::company::generate(options, [](int) {});
-    execute(database, order_with_bill());
-    settle(database);
-  };
-  scenario.run = [](const std::string& database) -> std::uint64_t {
-    const Object detail = session(database, "CTranDetail");
+  scenario.work = "requirement of a part";
+  scenario.size = "bill of 5 levels, " + with_commas(lines) + " lines";
+  scenario.rounds = 21;
+  scenario.company = [&companies, size] { return companies.changed(size, "bill", order_with_bill()); };
+  scenario.run = [](const std::string& connection_string) -> std::uint64_t {
+    const Object detail = session(connection_string, "CTranDetail");
     Value screw = "SCREW";
     Value type = "STK020MISSSO";
     const Value quantity = detail.call("GetMRPQty", "BENCH", ref(screw), ref(type));

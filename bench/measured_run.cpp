@@ -28,9 +28,7 @@ Report run_here(const std::function<std::uint64_t()>& work) {
   } catch (const std::exception& error) {
     std::string(error.what()).copy(report.error, sizeof report.error - 1);
   }
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  report.measurement.peak_megabytes = static_cast<double>(usage.ru_maxrss) / 1024;
+  report.measurement.peak_megabytes = static_cast<double>(peak_kilobytes()) / 1024;
   return report;
 }
 
@@ -55,6 +53,12 @@ Measurement measured_run(const std::function<std::uint64_t()>& work) {
   if (!complete) throw std::runtime_error("a measured process ended before it reported");
   if (report.error[0] != '\0') throw std::runtime_error(report.error);
   return report.measurement;
+}
+
+std::uint64_t peak_kilobytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return static_cast<std::uint64_t>(usage.ru_maxrss);
 }
 
 double median(std::vector<double> values) {

@@ -17,6 +17,9 @@ struct Measurement {
 // fails.
 Measurement measured_run(const std::function<std::uint64_t()>& work);
 
+// The most memory that this process has had at a time.
+std::uint64_t peak_kilobytes();
+
 double median(std::vector<double> values);
 
 }  // namespace tallyra::bench

@@ -2,11 +2,19 @@
 
 #include <string>
 
-#include "bench/comparison.h"
+#include "bench/companies.h"
+#include "bench/scenario.h"
 
 namespace tallyra::bench {
 
-// The close of the second of two months, of a company of this size.
-Scenario month_close(int departments, int parts, int lines, const std::string& schema);
+// The close of the second of a company's two months. The companies must outlive the scenario.
+Scenario month_close(Companies& companies, const CompanySize& size);
+
+// The same where no index covers what the close sums up: they hold the columns that rows are found by, and
+// nothing is known of how many rows a department or a part has.
+Scenario month_close_on_plain_indexes(Companies& companies, const CompanySize& size);
+
+// What has happened in every company before its work is measured.
+void close_first_month(const std::string& connection_string);
 
 }  // namespace tallyra::bench

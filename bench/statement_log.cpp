@@ -33,7 +33,7 @@ void StatementLog::operation(const standins::ado::TraceEvent& event) noexcept {
                       static_cast<std::uint32_t>(event.text.size()),
                       static_cast<std::uint8_t>(event.operation), event.succeeded};
   std::fwrite(&header, sizeof header, 1, file_.get());
-  std::fwrite(event.text.data(), 1, event.text.size(), file_.get());
+  if (!event.text.empty()) std::fwrite(event.text.data(), 1, event.text.size(), file_.get());
 }
 
 StatementReader::StatementReader(const std::string& path) : file_(open_file(path, "rb")) {}

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Measures the component against a replay of its own statements through plain ODBC. Arguments go to the program:
-# --quick for the smaller sizes only, --rounds N, --help.
+# Measures the component against replays of its own statements. Arguments go to the program: --quick for the smaller
+# sizes only, --only TEXT, --rounds N, --folder FOLDER, --goals, --write-readme FILE. The databases are made in memory,
+# in the folder that TALLYRA_BENCH_FOLDER names or in /dev/shm; where neither has the room nothing is measured.
 source "$(dirname "$0")/setup.sh"
 
 setup_native

@@ -16,7 +16,7 @@ export repository
 native_packages=(
   build-essential cmake ninja-build
   libgtest-dev libcli11-dev nlohmann-json3-dev
-  unixodbc-dev unixodbc odbcinst libsqliteodbc sqlite3
+  unixodbc-dev unixodbc odbcinst libsqliteodbc sqlite3 libsqlite3-dev
   universal-ctags
 )
 

@@ -8,13 +8,14 @@
 #   check           of the gate, see check.sh, the checks of form, links and what must not compile; FILTER is the name
 #                   of another
 #   demo            the demo, which checks what it shows
+#   bench           the limits of the benchmark in its smaller sizes
 #   sanitize        the native tests under the address and undefined-behaviour sanitizers
 #   windows         the Windows build under Wine
 #   windows-german  the same as a German user, for whom statements, numbers and dates must not be others
 #   demo-dll        the demo through the DLL
 source "$(dirname "$0")/setup.sh"
 
-levels=(check release demo sanitize windows windows-german demo-dll)
+levels=(check release demo bench sanitize windows windows-german demo-dll)
 only=${1:-} filter=${2:-}
 case " ${levels[*]} " in
   *" ${only:-release} "*) [ -z "$only" ] || levels=("$only") ;;
@@ -100,6 +101,7 @@ level_check() {
   run_script check "$repository/scripts/check.sh" "${checks[@]}"
 }
 level_demo() { [ "${builds[release]:-}" = bad ] || run_script demo "$repository/scripts/demo.sh"; }
+level_bench() { [ "${builds[release]:-}" = bad ] || run_script bench "$repository/scripts/bench.sh" --quick; }
 level_sanitize() { ! built_native sanitize || run_level sanitize sanitize; }
 level_windows() { ! built_windows || run_level windows windows; }
 level_windows_german() {

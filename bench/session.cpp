@@ -1,4 +1,4 @@
-#include "bench/company.h"
+#include "bench/session.h"
 
 #include <stdexcept>
 
@@ -11,23 +11,9 @@ namespace tallyra::bench {
 using automation::Object;
 using automation::Value;
 
-namespace {
-
-std::string connection_string(const std::string& database) {
-  return "DRIVER={SQLite3};Database=" + database;
-}
-
-Object connect(const std::string& database) {
-  Object connection = automation::create("ADODB.Connection");
-  connection.call("Open", connection_string(database));
-  return connection;
-}
-
-}  // namespace
-
-Object session(const std::string& database, const std::string& class_name) {
+Object session(const std::string& connection_string, const std::string& class_name) {
   Object object = automation::create("Tallyra." + class_name);
-  object.put("ConnectionString", connection_string(database));
+  object.put("ConnectionString", connection_string);
   object.put("UserID", "ADMIN");
   object.put("Language", "EN");
   object.put("SystemDatabase", "MSACCESS");
@@ -46,24 +32,14 @@ void require_success(const Object& object, const Value& result) {
                            automation::to_text(object.get("ErrDescription")));
 }
 
-std::uint64_t count_rows(const std::string& database, const std::string& query) {
+std::uint64_t count_rows(const std::string& connection_string, const std::string& query) {
+  const Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", connection_string);
   const Object rows = automation::create("ADODB.Recordset");
-  rows.call("Open", query, connect(database));
+  rows.call("Open", query, connection);
   const Object fields = automation::to_object(rows.get("Fields"));
   return static_cast<std::uint64_t>(
       automation::to_double(automation::to_object(fields.call("Item", "N")).get("Value")));
-}
-
-void execute(const std::string& database, const std::vector<std::string>& statements) {
-  const Object connection = connect(database);
-  connection.call("BeginTrans");
-  for (const std::string& statement : statements) connection.call("Execute", statement);
-  connection.call("CommitTrans");
-}
-
-void settle(const std::string& database) {
-  const Object rows = automation::create("ADODB.Recordset");
-  rows.call("Open", "PRAGMA wal_checkpoint(TRUNCATE)", connect(database));
 }
 
 }  // namespace tallyra::bench

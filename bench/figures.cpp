@@ -1,0 +1,88 @@
+#include "bench/figures.h"
+
+#include <cstdio>
+
+namespace tallyra::bench {
+namespace {
+
+const std::vector<Column>& columns() {
+  static const std::vector<Column> all{
+      {"work", 26, false},  {"size", 30, false},  {"before", 6, true},   {"component", 9, true},
+      {"to ODBC", 7, true}, {"to text", 7, true}, {"prepared", 8, true}, {"limits", 10, true},
+      {"rows", 9, true},    {"rows/s", 9, true},  {"peak", 8, true},     {"replay's", 8, true},
+  };
+  return all;
+}
+
+const std::vector<Column>& growth_columns() {
+  static const std::vector<Column> all{
+      {"twice as many", 26, false}, {"size", 30, false}, {"component", 9, true}, {"replay", 9, true}};
+  return all;
+}
+
+std::string decimals(double value, int places, const char* unit = "") {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.*f%s", places, value, unit);
+  return text;
+}
+
+std::string seconds(double value) {
+  return decimals(value, value < 1 ? 3 : 2, " s");
+}
+
+std::string ratio(const Comparison& result, Against against) {
+  return result.replays.contains(against) ? decimals(result.ratio(against), 2) : "";
+}
+
+std::string before(const Scenario& scenario) {
+  const Limit* const limit = limit_of(scenario.work, scenario.size, Against::odbc);
+  return limit && limit->before ? decimals(*limit->before, 2) : "";
+}
+
+std::string limits_of(const Scenario& scenario, Hold hold) {
+  std::string text;
+  for (const Against against : all_against)
+    if (const Limit* const limit = limit_of(scenario.work, scenario.size, against))
+      text += (text.empty() ? "" : "; ") + decimals(value_of(*limit, hold), 2);
+  return text;
+}
+
+}  // namespace
+
+std::string Figures::head() {
+  return console_head(columns());
+}
+
+std::string Figures::add(const Scenario& scenario, const Comparison& result) {
+  const auto odbc = result.replays.find(Against::odbc);
+  comparisons_.push_back(
+      {scenario.work, scenario.size, before(scenario), seconds(result.component.median_seconds()),
+       ratio(result, Against::odbc), ratio(result, Against::text), ratio(result, Against::prepared),
+       limits_of(scenario, hold_), with_commas(static_cast<std::int64_t>(result.rows)),
+       with_commas(static_cast<std::int64_t>(result.rows_per_second())),
+       decimals(result.component.median_megabytes(), 1, " MB"),
+       odbc == result.replays.end() ? "" : decimals(odbc->second.median_megabytes(), 1, " MB")});
+  return console_row(columns(), comparisons_.back());
+}
+
+std::string Figures::add(const Growth& growth) {
+  growths_.push_back({growth.of, growth.size, decimals(growth.component, 2), decimals(growth.replay, 2)});
+  return "twice as many " + growth.of + ", " + growth.size + ": " + growths_.back()[2] +
+         " times as long, the replay " + growths_.back()[3];
+}
+
+std::string Figures::add_record_calls(int calls, std::uint64_t grown_kilobytes) {
+  sentences_.push_back("Over " + with_commas(calls) +
+                       " record calls, after as many before them, peak memory grew by " +
+                       with_commas(static_cast<std::int64_t>(grown_kilobytes)) + " KB.");
+  return sentences_.back();
+}
+
+std::string Figures::markdown() const {
+  std::string text = markdown_table(columns(), comparisons_);
+  if (!growths_.empty()) text += "\n" + markdown_table(growth_columns(), growths_);
+  for (const std::string& sentence : sentences_) text += "\n" + sentence + "\n";
+  return text;
+}
+
+}  // namespace tallyra::bench

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bench/comparison.h"
+#include "bench/growth.h"
+#include "bench/limits.h"
+#include "bench/table.h"
+
+namespace tallyra::bench {
+
+// What a run has shown, for the console line by line and for a document as a whole.
+class Figures {
+ public:
+  explicit Figures(Hold hold) : hold_(hold) {}
+
+  // Each returns the line for the console.
+  static std::string head();
+  std::string add(const Scenario& scenario, const Comparison& result);
+  std::string add(const Growth& growth);
+  std::string add_record_calls(int calls, std::uint64_t grown_kilobytes);
+
+  std::string markdown() const;
+
+ private:
+  Hold hold_;
+  std::vector<Cells> comparisons_;
+  std::vector<Cells> growths_;
+  std::vector<std::string> sentences_;
+};
+
+}  // namespace tallyra::bench

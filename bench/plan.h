@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bench/companies.h"
+#include "bench/scenario.h"
+
+namespace tallyra::bench {
+
+// The same work in a company that has twice as many of something.
+struct Doubled {
+  std::string what;
+  Scenario once;
+  Scenario twice;
+};
+
+struct Plan {
+  std::vector<Scenario> scenarios;
+  std::vector<Doubled> doubled;
+  int calls_for_memory;  // none: memory is not looked at
+};
+
+inline constexpr CompanySize small_company{5, 200, 5'000};
+
+// The smaller sizes only, in less than a minute; or everything. The companies must outlive the plan.
+Plan quick_plan(Companies& companies);
+Plan full_plan(Companies& companies);
+
+inline constexpr std::uint64_t quick_plan_bytes = 256ull << 20;
+inline constexpr std::uint64_t full_plan_bytes = 4ull << 30;
+
+}  // namespace tallyra::bench

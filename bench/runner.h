@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "bench/figures.h"
+#include "bench/plan.h"
+
+namespace tallyra::bench {
+
+// Works a plan off and prints what it shows, line by line. What breaks a limit is measured a second time, and
+// called broken when it breaks one again.
+class Runner {
+ public:
+  // The folder is where the companies are. Where nothing is judged, limits are not looked at.
+  Runner(Companies& companies, std::string folder, Hold hold, bool judges);
+
+  void run(const Plan& plan);
+
+  const Figures& figures() const { return figures_; }
+  // How many of what was measured has broken a limit twice.
+  int broken() const { return broken_; }
+
+ private:
+  void run(const Scenario& scenario);
+  void run(const Doubled& doubled);
+  void run_record_calls(int calls);
+  const Comparison& measured(const Scenario& scenario);
+  // Measures by `once`, which prints and returns the broken limits, up to two times.
+  void twice_if_broken(const std::function<std::vector<std::string>()>& once);
+
+  Companies& companies_;
+  std::string folder_;
+  Hold hold_;
+  bool judges_;
+  Figures figures_;
+  int broken_ = 0;
+  std::map<std::string, Comparison> results_;  // by work and size
+};
+
+}  // namespace tallyra::bench

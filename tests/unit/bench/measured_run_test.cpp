@@ -1,0 +1,47 @@
+#include "bench/measured_run.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace tallyra::bench {
+namespace {
+
+constexpr std::size_t megabyte = 1 << 20;
+
+std::uint64_t growth_by(std::size_t bytes) {
+  const std::uint64_t before = peak_kilobytes();
+  const std::vector<char> held(bytes, 'x');
+  return held.back() == 'x' ? peak_kilobytes() - before : 0;
+}
+
+TEST(MeasuredRun, ReportsWhatTheWorkHasCounted) {
+  EXPECT_EQ(measured_run([] { return 42; }).count, 42u);
+}
+
+TEST(MeasuredRun, SeesTheMemoryThatTheWorkTakes) {
+  EXPECT_GE(measured_run([] { return growth_by(64 * megabyte); }).count, 60'000u);
+  EXPECT_LT(measured_run([] { return growth_by(100); }).count, 1'000u);
+  const auto peak_of = [](std::size_t bytes) {
+    return measured_run([=] { return growth_by(bytes); }).peak_megabytes;
+  };
+  EXPECT_GT(peak_of(64 * megabyte), peak_of(100) + 60);
+}
+
+TEST(MeasuredRun, ThrowsWhatTheWorkThrew) {
+  const auto failing = []() -> std::uint64_t { throw std::runtime_error("no such table"); };
+  try {
+    measured_run(failing);
+    ADD_FAILURE() << "nothing thrown";
+  } catch (const std::runtime_error& error) {
+    EXPECT_STREQ(error.what(), "no such table");
+  }
+}
+
+TEST(Median, IsTheMiddleOne) {
+  EXPECT_EQ(median({3, 100, 1}), 3);
+  EXPECT_EQ(median({7}), 7);
+}
+
+}  // namespace
+}  // namespace tallyra::bench
