@@ -1,4 +1,5 @@
 #include "tests/faults/scene.h"
+#include "tests/support/queries.h"
 
 namespace tallyra::faults {
 namespace {
@@ -12,30 +13,16 @@ using stage::Stage;
 
 const std::vector<std::string> quantities{"PARTNO", "QTY"};
 
-std::string movements(const char* direction, const std::string& period, const char* tail) {
-  return std::string(
-             "Select STKTRANDT.PARTNO,SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
-             "STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.") +
-         direction + period + tail + " GROUP BY STKTRANDT.PARTNO Order by STKTRANDT.PARTNO";
-}
-
 // Parts before, between, equal and behind, so that every way through the merge is taken.
 void department_moves(Stage& stage, const std::string& after) {
-  const std::string period = " And STKTRANHD.TRANDT>" + after + " AND STKTRANHD.TRANDT<=#2024/03/31#";
-  stage.finds(movements("DEPTNOFR='10'", period, " AND  STKTRANHD.TRANTYPE<>'STKCLOSEALL'"),
-              {quantities, {{"B", 1.0}, {"D", 2.0}}});
-  stage.finds(movements("DEPTNOTO='10' And STKTRANHD.TRANTYPE='STK024MRPL'", period, ""),
+  stage.finds(stage::department_out("10", after, "#2024/03/31#"), {quantities, {{"B", 1.0}, {"D", 2.0}}});
+  stage.finds(stage::department_in("10", after, "#2024/03/31#"),
               {quantities, {{"A", 1.0}, {"B", 1.0}, {"C", 1.0}, {"E", 1.0}}});
 }
 
 void company_documents(Stage& stage, const std::string& date) {
   stage.finds(
-      "Select PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,PARTS.EDITDT,SUM(STKTRANDT.QTY) AS QTY From "
-      "(STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO) Inner Join PARTS On "
-      "STKTRANDT.PARTNO=PARTS.PARTNO  Where STKTRANHD.TRANDT=" +
-          date +
-          " AND STKTRANHD.TRANTYPE='STK027CLOSE'  GROUP BY PARTS.MTYPESN,STKTRANDT.PARTNO,PARTS.PRICETYPESN,"
-          "PARTS.EDITDT Order by PARTS.MTYPESN,STKTRANDT.PARTNO ASC",
+      stage::department_documents(date),
       {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
        {{2, "A", 2, Date{45000}, 1.0}, {1, "B", 1, Date{45000}, 1.0}, {1, "C", 0, Date{45000}, 1.0}}});
   stage.set("system.GetPartCost", 1.5).set("system.GetLastUprice", 1.5).set("system.GetAvgUprice", 1.5);
@@ -43,10 +30,9 @@ void company_documents(Stage& stage, const std::string& date) {
 
 void company(Stage& stage) {
   stage.set("CanInsert", 1);
-  stage.finds("Select Top 1 * From STKCLOSEHD Where CLOSEDT<#2024/03/31# Order By CLOSEDT DESC",
-              {{"CLOSEDT"}, {{Date{45351}}}});
-  stage.finds("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO",
-              {{"DEPTNO", "DEPTNM"}, {{"10", "Store"}}});
+  stage.finds_nothing(stage::close_of("#2024/03/31#"));
+  stage.finds(stage::close_before("#2024/03/31#"), {{"CLOSEDT"}, {{Date{45351}}}});
+  stage.finds(stage::departments, {{"DEPTNO", "DEPTNM"}, {{"10", "Store"}}});
   department_moves(stage, "#2024/02/29#");
   company_documents(stage, "#2024/04/01#");
 }
@@ -57,6 +43,7 @@ void add_cost_settings(std::vector<Scene>& scenes) {
     stage.set("CanInsert", 1).set("CanUpdate", 1).set("CanDelete", 1);
     stage.finds("Select PARTCOSTSET.* From PARTCOSTSET Where PARTCOSTSET.MTYPESN=7",
                 {{"MTYPESN", "COSTMETHOD"}, {{7, 1}}});
+    stage.finds_nothing("Select * From PARTCOSTSET where MTYPESN=7");
   };
   for (const char* member : {"Read", "Insert", "Update"})
     scenes.push_back({"CPartCostSet", member, "", all_rights, [member](const Object& object, Fields& fields) {

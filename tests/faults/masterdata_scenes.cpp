@@ -17,6 +17,7 @@ Value call_with_key(const Object& object, const char* member, Fields& fields) {
 struct KeyRecord {
   const char* class_name;
   std::string row_query;
+  std::string key_query;
   std::string update_owner_query;
   std::string delete_owner_query;
 };
@@ -46,8 +47,9 @@ void add_key_record(std::vector<Scene>& scenes, const KeyRecord& record) {
     stage.finds(query, {{"A", "B"}, {{"A1", 1}}});
   });
   scenes.back().appends = true;
-  add("Read", "missing", [](Stage&) {});
-  add("Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); });
+  add("Read", "missing", [query = record.row_query](Stage& stage) { stage.finds_nothing(query); });
+  add("Insert", "",
+      [query = record.key_query](Stage& stage) { stage.set("CanInsert", 1).finds_nothing(query); });
   add("Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); });
   add("Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); });
   // Owners are let in and end at the second opening of the connection that the owner test has opened.
@@ -63,13 +65,16 @@ void add_key_record(std::vector<Scene>& scenes, const KeyRecord& record) {
 std::vector<Scene> masterdata_scenes() {
   std::vector<Scene> scenes;
   add_key_record(
-      scenes, {"CRevAddr", "Select * From REVADDR Where AddrNo='A1'",
-               "Select ADDBY from REVADDR WHERE ADDRNO='A1'", "Select ADDBY from REVADDR WHERE ADDRNO='A1'"});
+      scenes,
+      {"CRevAddr", "Select * From REVADDR Where AddrNo='A1'", "Select * From REVADDR where AddrNo='A1'",
+       "Select ADDBY from REVADDR WHERE ADDRNO='A1'", "Select ADDBY from REVADDR WHERE ADDRNO='A1'"});
   add_key_record(scenes, {"CSTKController", "Select * From STKCONTROLLER Where CONTROLLERNO='A1'",
+                          "Select * From STKCONTROLLER where CONTROLLERNO='A1'",
                           "Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='A1'",
                           "Select ADDBY from STKCONTROLLER WHERE CONTROLLERNO='A1'"});
   add_key_record(scenes,
                  {"CStkShipNote", "Select STKSHIPNOTE.* From STKSHIPNOTE Where STKSHIPNOTE.TRANNO='A1'",
+                  "Select * From STKSHIPNOTE where TRANNO='A1'",
                   "Select ADDBY from STKSHIPNOTE WHERE STKSHIPNOTE.TRANNO='A1' AND "
                   "STKSHIPNOTE.TRANTYPE='STK030SHIPN'",
                   "Select ADDBY from STKSHIPNOTE WHERE TRANNO='A1'"});

@@ -1,5 +1,6 @@
 #include "tests/faults/scene.h"
 #include "tests/support/outcome.h"
+#include "tests/support/queries.h"
 
 namespace tallyra::faults {
 namespace {
@@ -39,28 +40,24 @@ void own_header(Stage& stage, const char* condition) {
 
 // An owner test that finds no header lets the user through.
 void own_nothing(Stage& stage) {
-  stage.set("Owner", 1);
+  stage.set("Owner", 1)
+      .finds_nothing("Select ADDBY from STKCHECKHD WHERE CHECKNO='S1'")
+      .finds_nothing("Select ADDBY from STKCHECKHD WHERE STKCHECKHD.CHECKNO='S1'");
 }
 
 // A part short, one without difference, one without quantity, one over.
 void counted_sheet(Stage& stage) {
   stage.set("CanApproved", 1).set("wording.StatusApproved", "Approved").set("wording.NameCheck", "Counted");
-  stage.finds(
-      "SELECT STKCHECKHD.CHECKDT,STKCHECKDT.*,STKCHECKHD.DEPTNO,DEPARTS.DEPTNM  FROM (STKCHECKDT Inner Join "
-      "STKCHECKHD On (STKCHECKDT.CHECKNO=STKCHECKHD.CHECKNO)) Inner Join DEPARTS On "
-      "(STKCHECKHD.DEPTNO=DEPARTS.DEPTNO)  WHERE STKCHECKDT.CHECKNO='S1' Order By STKCHECKDT.PARTNO",
-      {{"CHECKDT", "PARTNO", "QTY", "UPRICE", "DEPTNO", "DEPTNM"},
-       {{Date{45382}, "A", 1.0, 1.0, "10", "Store"},
-        {Date{45382}, "B", 0.0, 1.0, "10", "Store"},
-        {Date{45382}, "C", Null{}, 1.0, "10", "Store"},
-        {Date{45382}, "D", 5.0, Null{}, "10", "Store"}}});
-  stage.finds("Select TOP 1 * From STKCLOSEHD  WHERE CLOSEDT<=#2024/03/31# Order By CLOSEDT Desc",
-              {{"CLOSEDT"}, {{Date{45351}}}});
-  stage.finds(
-      "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
-      "STKTRANDT.TRANNO=STKTRANHD.TRANNO  Where  STKTRANHD.DEPTNOFR='10' And STKTRANHD.TRANDT>#2024/02/29# "
-      "And STKTRANHD.TRANDT<=#2024/03/31# AND STKTRANDT.PARTNO='A'",
-      {{"QTY"}, {{3.0}}});
+  stage.finds(stage::counted_lines, {{"CHECKDT", "PARTNO", "QTY", "UPRICE", "DEPTNO", "DEPTNM"},
+                                     {{Date{45382}, "A", 1.0, 1.0, "10", "Store"},
+                                      {Date{45382}, "B", 0.0, 1.0, "10", "Store"},
+                                      {Date{45382}, "C", Null{}, 1.0, "10", "Store"},
+                                      {Date{45382}, "D", 5.0, Null{}, "10", "Store"}}});
+  stage.finds(stage::close_until("#2024/03/31#"), {{"CLOSEDT"}, {{Date{45351}}}});
+  for (const char* part : {"A", "B", "C", "D"})
+    stage.all_find_nothing({stage::part_out(part, "#2024/02/29#", "#2024/03/31#"),
+                            stage::part_in(part, "#2024/02/29#", "#2024/03/31#")});
+  stage.finds(stage::part_out("A", "#2024/02/29#", "#2024/03/31#"), {{"QTY"}, {{3.0}}});
 }
 
 void add_head(std::vector<Scene>& scenes) {
@@ -69,13 +66,16 @@ void add_head(std::vector<Scene>& scenes) {
     return call_head(object, "Insert", fields);
   };
   const auto remove = [](const Object& object, Fields&) { return object.call("Delete", "S1"); };
-  const auto found = [](Stage& stage) {
-    stage.finds("Select STKCHECKHD.* From STKCHECKHD Where STKCHECKHD.CHECKNO='S1'",
-                {{"CHECKNO", "NOTES"}, {{"S1", Null{}}}});
-  };
+  static const std::string row_query = "Select STKCHECKHD.* From STKCHECKHD Where STKCHECKHD.CHECKNO='S1'";
+  const auto found = [](Stage& stage) { stage.finds(row_query, {{"CHECKNO", "NOTES"}, {{"S1", Null{}}}}); };
   scenes.push_back({"CCheckHead", "Read", "found", found, read});
-  scenes.push_back({"CCheckHead", "Read", "missing", [](Stage&) {}, read});
-  scenes.push_back({"CCheckHead", "Insert", "", [](Stage& stage) { stage.set("CanInsert", 1); }, insert});
+  scenes.push_back(
+      {"CCheckHead", "Read", "missing", [](Stage& stage) { stage.finds_nothing(row_query); }, read});
+  scenes.push_back({"CCheckHead", "Insert", "",
+                    [](Stage& stage) {
+                      stage.set("CanInsert", 1).finds_nothing("Select * From STKCHECKHD where CHECKNO='S1'");
+                    },
+                    insert});
   scenes.push_back({"CCheckHead", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
   scenes.push_back(
       {"CCheckHead", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
@@ -88,7 +88,8 @@ void add_head(std::vector<Scene>& scenes) {
   scenes.push_back({"CCheckHead", "Update", "unapproved", [](Stage& stage) { stage.set("CanUnapproved", 1); },
                     update_head("UNAPPROVED")});
   scenes.push_back({"CCheckHead", "Update", "approved_without_lines",
-                    [](Stage& stage) { stage.set("CanApproved", 1); }, update_head("APPROVED")});
+                    [](Stage& stage) { stage.set("CanApproved", 1).finds_nothing(stage::counted_lines); },
+                    update_head("APPROVED")});
   // The posting has committed what the method then commits again, which ADO reports as an error.
   scenes.push_back({"CCheckHead", "Update", "approved", counted_sheet, update_head("APPROVED"),
                     stage::trapped(-2147168242, "No transaction is active.")});
@@ -99,19 +100,18 @@ void add_detail(std::vector<Scene>& scenes) {
     Value check = "S1", part = "P1";
     return object.call("Delete", ref(check), ref(part));
   };
-  const auto found = [](Stage& stage) {
-    stage.finds(
-        "Select STKCHECKDT.*,PARTS.PARTNM,PARTS.COLORNO,PARTS.COLORNM,PARTS.UNITNM From STKCHECKDT INNER "
-        "JOIN "
-        "PARTS ON STKCHECKDT.PARTNO=PARTS.PARTNO  Where STKCHECKDT.CHECKNO='S1' And STKCHECKDT.PartNo='P1' ",
-        {{"CHECKNO", "QTY"}, {{"S1", 2.5}}});
-  };
+  static const std::string row_query =
+      "Select STKCHECKDT.*,PARTS.PARTNM,PARTS.COLORNO,PARTS.COLORNM,PARTS.UNITNM From STKCHECKDT INNER JOIN "
+      "PARTS ON STKCHECKDT.PARTNO=PARTS.PARTNO  Where STKCHECKDT.CHECKNO='S1' And STKCHECKDT.PartNo='P1' ";
+  const auto found = [](Stage& stage) { stage.finds(row_query, {{"CHECKNO", "QTY"}, {{"S1", 2.5}}}); };
   const auto known_part = [](Stage& stage) {
     stage.set("CanInsert", 1)
+        .finds_nothing("Select * From STKCHECKDT Where CHECKNO='S1' And PartNo='P1' ")
         .finds("Select PARTNO from PARTS WHERE PARTS.PARTNO='P1'", {{"PARTNO"}, {{"P1"}}});
   };
   scenes.push_back({"CCheckDetail", "Read", "found", found, with_line("Read")});
-  scenes.push_back({"CCheckDetail", "Read", "missing", [](Stage&) {}, with_line("Read")});
+  scenes.push_back({"CCheckDetail", "Read", "missing", [](Stage& stage) { stage.finds_nothing(row_query); },
+                    with_line("Read")});
   scenes.push_back({"CCheckDetail", "Insert", "", known_part, with_line("Insert")});
   scenes.push_back(
       {"CCheckDetail", "Update", "", [](Stage& stage) { stage.set("CanUpdate", 1); }, with_line("Update")});

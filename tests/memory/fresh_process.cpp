@@ -1,5 +1,6 @@
 #include "tests/memory/fresh_process.h"
 
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,6 +38,8 @@ std::string in_fresh_process(const std::function<std::string()>& check) {
     // Nothing of this process is to be undone: it has everything from its parent.
     try {
       write_all(ends[1], check());
+      // What a check has found out in this process would be lost with it.
+      if (testing::Test::HasFailure()) throw std::runtime_error("a failed check");
     } catch (const std::exception& error) {
       write_all(ends[1], error.what());
       _exit(1);

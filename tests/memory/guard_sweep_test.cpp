@@ -8,6 +8,7 @@
 #include "tests/memory/fresh_process.h"
 #include "tests/memory/memory_stage.h"
 #include "tests/support/outcome.h"
+#include "tests/support/queries.h"
 #include "tests/support/stage.h"
 
 // The two methods that let errors out, and the one that reports none.
@@ -33,6 +34,9 @@ class Scene {
   explicit Scene(const char* class_name) {
     stage_.connection_string = automation::to_text(long_text());
     stage_.finds("Select * From STKCLOSEHD Where CLOSEDT>=#2024/03/31#", {{"CLOSEDT"}, {{"a close"}}});
+    for (const auto& query :
+         {stage::issued_for_order("STK020MISS"), stage::returned_from_order("STK021RTN1")})
+      stage_.finds_nothing(query);
     outside_.emplace();
     stage_.client("CStkShipNote").call("Delete", "T1");
     client_ = stage_.client(class_name);

@@ -56,6 +56,8 @@ struct Play {
   // `meanwhile` is the scene of what the client calls in the midst of it, if that is a method.
   explicit Play(const Scene& played, const Scene* meanwhile = nullptr) : scene(played) {
     scene.prepare(stage);
+    // Other session values make other statements.
+    stage.finds_nothing_else();
     if (meanwhile) meanwhile->prepare(stage);
     for (const char* right : {"CanInsert", "CanUpdate", "CanDelete", "CanApproved", "CanUnapproved"})
       stage.set(right, 1);

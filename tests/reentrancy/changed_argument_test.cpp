@@ -58,6 +58,7 @@ void call_at_every_moment(const std::function<void(Class&, Arguments&)>& call) {
   int moment = 0;
   for (; interrupted; ++moment) {
     Stage stage;
+    stage.finds_nothing_else();
     for (const char* right : {"CanInsert", "CanUpdate", "CanDelete", "CanFinished"}) stage.set(right, 1);
     Arguments arguments(stage);
     Class object;

@@ -1,5 +1,10 @@
 #include "tests/support/collaborator_double.h"
 
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
 #include "automation/convert.h"
 
 namespace tallyra::stage {
@@ -8,6 +13,23 @@ using automation::Arguments;
 using automation::Error;
 using automation::Object;
 using automation::Value;
+
+namespace {
+
+// What the session tells each of them.
+const std::map<std::string, std::set<std::string>> session_properties{
+    {"messages", {"Language"}},
+    {"wording", {"Language"}},
+    {"rights", {"Language", "ConnectionString", "UserID", "SystemDatabase"}},
+    {"system", {"Language", "ConnectionString", "UserID", "DatabaseName"}},
+};
+
+[[noreturn]] void fail_untold(const std::string& member) {
+  ADD_FAILURE() << "a member that the stage was not told about: " << member;
+  throw Error(automation::error_number::no_such_member);
+}
+
+}  // namespace
 
 CollaboratorDouble::CollaboratorDouble(Stage& stage, std::string role)
     : Named(std::move(role)), stage_(stage) {
@@ -29,6 +51,7 @@ Value CollaboratorDouble::invoke(automation::MemberId id, automation::Access acc
   const std::string member = names_.at(static_cast<std::size_t>(id));
   if (access != automation::Access::read) {
     stage_.step(name() + "." + member + " =" + shown(arguments));
+    if (!session_properties.at(name()).contains(member)) fail_untold("put " + name() + "." + member);
     return {};
   }
   stage_.step(name() + "." + member + shown(arguments));
@@ -42,20 +65,23 @@ Value CollaboratorDouble::invoke(automation::MemberId id, automation::Access acc
 
 Value CollaboratorDouble::answer(const std::string& member, Arguments arguments) {
   const std::string full = name() + "." + member;
-  if (member == "GetInsertSQL" || member == "GetUpdateSQL") return built(member, arguments);
-  if (member == "GetTableKeyID") {
-    const std::string number = stage_.issue_document_number();
-    if (number.empty()) return 0;
-    arguments[2].set(number);
-    return stage_.has_member(full) ? stage_.member(full) : Value(1);
-  }
+  if (name() == "system" && member == "GetTableKeyID") return issued_number(arguments);
   if (stage_.has_member(full)) return stage_.member(full);
-  if (name() == "rights" && stage_.has_member(member)) return stage_.member(member);
   if (name() == "messages" && member.starts_with("Msg")) return "text of " + member;
-  if (member == "PowerCheck") return 1;
-  if (member == "ErrNumber") return 0;
-  if (member == "ErrDescription") return "";
-  throw Error(automation::error_number::no_such_member);
+  const bool rights = name() == "rights";
+  if (rights && (member == "GetInsertSQL" || member == "GetUpdateSQL")) return built(member, arguments);
+  if (rights && stage_.has_member(member)) return stage_.member(member);
+  if (rights && member == "PowerCheck") return 1;
+  if ((rights || name() == "system") && member == "ErrNumber") return 0;
+  if ((rights || name() == "system") && member == "ErrDescription") return "";
+  fail_untold(full);
+}
+
+Value CollaboratorDouble::issued_number(Arguments arguments) {
+  const std::string number = stage_.issue_document_number();
+  if (number.empty()) return 0;
+  arguments[2].set(number);
+  return stage_.has_member("system.GetTableKeyID") ? stage_.member("system.GetTableKeyID") : Value(1);
 }
 
 // Four references in the order table, names, values, recordset; or the caller has it wrong.

@@ -8,9 +8,9 @@
 
 namespace tallyra::stage {
 
-// Any of the four collaborators. Session properties can be set; a member that the stage has a value for
-// returns it; builders return a text that shows their arguments; numbers are issued; everything else is no
-// member.
+// Any of the four collaborators. Its properties of the session can be set; a member that the stage has a
+// value for returns it; builders return a text that shows their arguments; numbers are issued; everything
+// else is no member and fails the test.
 class CollaboratorDouble : public automation::Dispatch, public Named {
  public:
   CollaboratorDouble(Stage& stage, std::string role);
@@ -22,6 +22,7 @@ class CollaboratorDouble : public automation::Dispatch, public Named {
 
  private:
   automation::Value answer(const std::string& member, automation::Arguments arguments);
+  automation::Value issued_number(automation::Arguments arguments);
   automation::Value built(const std::string& builder, automation::Arguments arguments);
 
   Stage& stage_;

@@ -1,5 +1,7 @@
 #include "tests/support/stage.h"
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <utility>
 
@@ -18,7 +20,7 @@ using automation::Object;
 using automation::Value;
 using automation::local::ScopedClass;
 
-Stage::Stage(std::string system_database)
+Stage::Stage(std::string system_database, const std::vector<std::string>& finding_nothing)
     : system_database_(std::move(system_database)),
       clock_([] { return *automation::parse_date("2024/04/05 14:05:09"); }),
       yield_([this] {
@@ -47,6 +49,12 @@ Stage::Stage(std::string system_database)
   for (const char* right : {"CanInsert", "CanUpdate", "CanDelete", "CanApproved", "CanUnapproved",
                             "CanCancel", "CanFinished", "Owner"})
     set(right, 0);
+  // What shows a table's columns to the builders of statements.
+  for (const char* table : {"REVADDR", "STKCONTROLLER", "STKSHIPNOTE", "PARTCOSTSET", "STKCLOSEHD",
+                            "STKCHECKHD", "STKCHECKDT", "STKTRANHD", "STKTRANDT"})
+    finds_nothing(std::string("Select top 1 * From ") + table);
+  finds_nothing("Select TOP 1 * From STKTRANDT");
+  all_find_nothing(finding_nothing);
 }
 
 Stage::~Stage() {
@@ -65,6 +73,21 @@ Object Stage::client(std::string_view class_name) {
 
 Stage& Stage::finds(const std::string& statement, Rows rows) {
   queries_[statement].push_back(std::move(rows));
+  return *this;
+}
+
+Stage& Stage::finds_nothing(const std::string& statement, std::vector<std::string> columns) {
+  empty_queries_[statement] = {std::move(columns), {}};
+  return *this;
+}
+
+Stage& Stage::all_find_nothing(const std::vector<std::string>& statements) {
+  for (const auto& statement : statements) finds_nothing(statement);
+  return *this;
+}
+
+Stage& Stage::finds_nothing_else() {
+  takes_any_query_ = true;
   return *this;
 }
 
@@ -137,17 +160,16 @@ void Stage::sent(const std::string& statement) const {
 
 const Rows& Stage::rows_of(const std::string& statement) {
   static const Rows nothing;
-  const auto found = queries_.find(statement);
-  if (found == queries_.end()) return nothing;
-  auto& answers = found->second;
-  told_.push_back(answers.front());
-  if (answers.size() > 1) answers.pop_front();
-  return told_.back();
-}
-
-Value Stage::member(const std::string& name) const {
-  const auto found = members_.find(name);
-  return found == members_.end() ? Value() : found->second;
+  if (const auto found = queries_.find(statement); found != queries_.end()) {
+    auto& answers = found->second;
+    told_.push_back(answers.front());
+    if (answers.size() > 1) answers.pop_front();
+    return told_.back();
+  }
+  if (const auto empty = empty_queries_.find(statement); empty != empty_queries_.end()) return empty->second;
+  if (takes_any_query_) return nothing;
+  ADD_FAILURE() << "a query that the stage was not told about: " << statement;
+  throw automation::Error(-2147217900, "a query that the stage was not told about");
 }
 
 std::string Stage::forms(const std::string& member_name) const {

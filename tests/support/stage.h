@@ -16,7 +16,8 @@
 
 // A world outside that records what a business object asks of it: doubles of ADO and of the sibling
 // libraries, in the states and with the errors of the real ones. A test scripts the rows of queries, the
-// rights and the failures, plays a method and compares the transcript with one text.
+// rights and the failures, plays a method and compares the transcript with one text. Whatever a stage is
+// asked that it was not told about fails the test.
 namespace tallyra::stage {
 
 // What a query finds.
@@ -28,7 +29,9 @@ struct Rows {
 class Stage {
  public:
   // The kind of database that the session names.
-  explicit Stage(std::string system_database = "MSACCESS");
+  // And queries that find nothing.
+  explicit Stage(std::string system_database = "MSACCESS",
+                 const std::vector<std::string>& finding_nothing = {});
   ~Stage();
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
@@ -38,6 +41,13 @@ class Stage {
 
   // A query with exactly this text finds these rows: once for each time it is told, the last one ever after.
   Stage& finds(const std::string& statement, Rows rows);
+  // A query with this text finds nothing, unless and until it is told to find something. The columns are
+  // those that are asked for by name all the same.
+  Stage& finds_nothing(const std::string& statement, std::vector<std::string> columns = {});
+  Stage& all_find_nothing(const std::vector<std::string>& statements);
+  // So does every query that the stage was not told about, whatever its columns: for tests that change
+  // statements in the midst of a method and look at something else.
+  Stage& finds_nothing_else();
   // What the query was told to find no longer counts.
   Stage& forgets(const std::string& statement);
   // A member of the rights, system, messages or wording object has this value; "CanInsert",
@@ -89,7 +99,8 @@ class Stage {
   // A statement that the client made last has sent.
   void sent(const std::string& statement) const;
   const Rows& rows_of(const std::string& statement);
-  automation::Value member(const std::string& name) const;
+  bool takes_any_query() const { return takes_any_query_; }
+  const automation::Value& member(const std::string& name) const { return members_.at(name); }
   bool has_member(const std::string& name) const { return members_.contains(name); }
   int next_number(const std::string& kind) { return ++numbers_[kind]; }
   void born() { ++alive_; }
@@ -121,6 +132,8 @@ class Stage {
   automation::Error step_error_{0};
   std::vector<Failure> failures_;
   std::map<std::string, std::deque<Rows>> queries_;
+  std::map<std::string, Rows> empty_queries_;
+  bool takes_any_query_ = false;
   // What open recordsets stand on.
   std::deque<Rows> told_;
   std::map<std::string, automation::Value> members_;

@@ -92,6 +92,9 @@ TEST_P(PartCostSet, TheKeyIsWrittenAsABareNumber) {
   stage.set("CanInsert", 1).set("CanUpdate", 1).set("CanDelete", 1);
   for (const auto& [key, text] : rows) {
     stage.clear();
+    stage.all_find_nothing(
+        {std::string("Select PARTCOSTSET.* From PARTCOSTSET Where PARTCOSTSET.MTYPESN=") + text,
+         std::string("Select * From PARTCOSTSET where MTYPESN=") + text});
     fields = Fields{{"COSTMETHOD", 1}};
     for (const char* member : {"Insert", "Update", "Delete", "Read"}) play(member, key);
     const auto tells = [&](const std::string& statement) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/queries.h"
 #include "tests/transcript/close/stock_close_script.h"
 
 // A month close whose client uses the same object from its message loop: the run goes on with what the
@@ -23,6 +24,11 @@ class BusyClose : public testing::Test {
     });
     return company.close();
   }
+  // A close of April begins with the first day of all, and leaves that to what is left of March.
+  void know_april() {
+    company.knows_period("2000/01/01", "2024/04/30", "2024/05/01");
+    company.knows_period("2000/01/01", "2024/03/31", "2024/04/01");
+  }
   int times(const std::string& text) const {
     const std::string& calls = company.stage.transcript();
     int count = 0;
@@ -30,6 +36,8 @@ class BusyClose : public testing::Test {
     return count;
   }
   Value read(const char* date) {
+    company.stage.finds_nothing(
+        std::string("Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=#") + date + "#");
     stage::Fields fields;
     return company.client.call("Read", date, ref(fields.names), ref(fields.values));
   }
@@ -73,6 +81,7 @@ TEST_F(BusyClose, ACallThatSucceedsAfterItLetsTheRunGoOn) {
                         EXPECT_EQ(read("2024/05/31"), Value(100.0F));
                         EXPECT_EQ(company.client.get("ErrNumber"), Value(10000003.0F));
                         Value id = "K9", date = "#2024/05/31#", department = "30";
+                        stage::no_movements(company.stage, "30", "#2024/02/29#", "#2024/05/31#");
                         EXPECT_EQ(
                             company.client.call("STKMonthCloseDept", ref(id), ref(date), ref(department)),
                             Value(100.0F));
@@ -90,6 +99,7 @@ TEST_F(BusyClose, ARefusalIsTheClientsAndTheRunGoesOnWhenItIsCleared) {
 }
 
 TEST_F(BusyClose, ACloseWithinTheCloseGivesItItsOwnPeriod) {
+  know_april();
   EXPECT_EQ(close_and(3, [&] { EXPECT_EQ(company.close("2024/04/30"), done); }), done);
   // The other one is whole: two departments, the company, its record.
   EXPECT_EQ(times("TRANDT<=#2024/04/30#"), 4);
@@ -103,6 +113,7 @@ TEST_F(BusyClose, ACloseWithinTheCloseGivesItItsOwnPeriod) {
 }
 
 TEST_F(BusyClose, CostsAreAskedForThePeriodThatHoldsThen) {
+  know_april();
   // The first cost is that of the first line; the period is another one behind it.
   EXPECT_EQ(close_and(10, [&] { EXPECT_EQ(company.close("2024/04/30"), done); }), done);
   EXPECT_EQ(times("'#2024/03/31#' '#2024/02/29#'"), 1) << company.stage.transcript();

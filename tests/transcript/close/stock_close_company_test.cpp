@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/queries.h"
 #include "tests/transcript/close/stock_close_script.h"
 
 // What the cost functions are handed, and what they may hand back.
@@ -17,7 +18,7 @@ using stage::trapped;
 class CostCall : public testing::Test {
  protected:
   stage::Outcome close(Value price_type, Value material_type, Value quantity = 7.0, Value part = "C") {
-    const std::string query = MonthCloseStage::documents_query("");
+    const std::string query = stage::department_documents("");
     stage.forgets(query).finds(query, {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
                                        {{material_type, part, price_type, Date{45000}, quantity}}});
     const auto client = stage.client("CStockClose");

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/baseline.h"
+#include "tests/support/queries.h"
 #include "tests/transcript/close/stock_close_script.h"
 
 // The run of a month close: checks, period, departments, company, record, and every way it can end.
@@ -95,7 +96,7 @@ TEST(MonthClose, OnlyARightOfExactlyOneLetsTheRunBegin) {
 
 TEST(MonthClose, AClosedDateIsRefusedBeforeAnythingIsDeleted) {
   MonthCloseStage company;
-  company.stage.finds("Select top 1 * From STKCLOSEHD WHERE CLOSEDT=#2024/03/31#", {{"CLOSEDT"}, {{1}}});
+  company.stage.finds(stage::close_of("#2024/03/31#"), {{"CLOSEDT"}, {{1}}});
   EXPECT_EQ(company.close(), refused(10000004));
   EXPECT_EQ(company.stage.database_calls(),
             "R1.CursorLocation = 3\n"
@@ -109,6 +110,7 @@ TEST(MonthClose, AClosedDateIsRefusedBeforeAnythingIsDeleted) {
 TEST(MonthClose, WithoutAnEarlierCloseThePeriodBeginsAfterTheYear2000) {
   for (const char* kind : {"MSACCESS", "MSSQLSERVER"}) {
     MonthCloseStage company(kind);
+    company.knows_period("2000/01/01", "2024/04/30", "2024/05/01");
     EXPECT_EQ(company.close("2024/04/30"), done);
     EXPECT_NE(company.stage.transcript().find("TRANDT>" + company.literal("2000/01/01") +
                                               " AND STKTRANHD.TRANDT<=" + company.literal("2024/04/30")),
@@ -117,7 +119,8 @@ TEST(MonthClose, WithoutAnEarlierCloseThePeriodBeginsAfterTheYear2000) {
 }
 
 TEST(MonthClose, WithoutDepartmentsItEndsWithAFixedTextAndClosesNothing) {
-  stage::Stage stage;
+  stage::Stage stage(
+      "MSACCESS", {stage::close_of("#2024/03/31#"), stage::close_before("#2024/03/31#"), stage::departments});
   stage.set("CanInsert", 1);
   stage::Fields fields{{"CLOSEDT", "2024/03/31"}};
   const auto client = stage.client("CStockClose");
@@ -200,6 +203,7 @@ TEST(MonthClose, WhatIsNoDateEndsInTheTrapBeforeAnyCheck) {
 TEST(MonthClose, ADepartmentWithoutMovementsGetsNoDocument) {
   MonthCloseStage company;
   automation::Value id = "K9", date = "#2024/03/31#", department = "30";
+  stage::no_movements(company.stage, "30", "#2024/02/29#", "#2024/03/31#");
   EXPECT_EQ(company.close(), done);
   company.stage.clear();
   const Value result = company.client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date),
@@ -211,6 +215,7 @@ TEST(MonthClose, ADepartmentWithoutMovementsGetsNoDocument) {
 
 TEST(MonthClose, WithoutDepartmentDocumentsTheCompanyGetsNone) {
   stage::Stage stage;
+  stage::no_documents(stage, "");
   const auto client = stage.client("CStockClose");
   Value id = "K9", date = "#2024/03/31#";
   EXPECT_EQ(
@@ -222,6 +227,8 @@ TEST(MonthClose, WithoutDepartmentDocumentsTheCompanyGetsNone) {
 
 TEST(MonthClose, TheStepsAloneOnAFreshObjectWriteMalformedDates) {
   stage::Stage stage;
+  stage::no_movements(stage, "10", "", "#2024/03/31#");
+  stage::no_documents(stage, "");
   const auto client = stage.client("CStockClose");
   Value id = "K9", date = "#2024/03/31#", department = "10";
   client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));
@@ -242,8 +249,8 @@ TEST(MonthClose, APartIsPricedByItsPriceTypeAndMaterialType) {
               {Null{}, 2, "GetAvgUprice"}, {"2", "2", "GetPartCost"}};
   for (const auto& [price_type, material_type, function] : rows) {
     stage::Stage stage;
-    stage.finds(MonthCloseStage::documents_query(""), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
-                                                       {{material_type, "A", price_type, Null{}, 1.0}}});
+    stage.finds(stage::department_documents(""), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
+                                                  {{material_type, "A", price_type, Null{}, 1.0}}});
     stage.set("system.GetPartCost", 1).set("system.GetLastUprice", 1).set("system.GetAvgUprice", 1);
     const auto client = stage.client("CStockClose");
     Value id = "K9", date = "#2024/03/31#";
@@ -256,9 +263,8 @@ TEST(MonthClose, APartIsPricedByItsPriceTypeAndMaterialType) {
 TEST(MonthClose, ANullSumEndsTheDepartmentInTheTrap) {
   stage::Stage stage;
   const auto client = stage.client("CStockClose");
-  std::string query = MonthCloseStage().outgoing_query("10");
-  query.replace(query.find("#2024/02/29#"), 12, "");
-  stage.finds(query, {{"PARTNO", "QTY"}, {{"A", Null{}}}});
+  stage::no_movements(stage, "10", "", "#2024/03/31#");
+  stage.finds(stage::department_out("10", "", "#2024/03/31#"), {{"PARTNO", "QTY"}, {{"A", Null{}}}});
   Value id = "K9", date = "#2024/03/31#", department = "10";
   EXPECT_EQ(stage::outcome_of(client, client.call("STKMonthCloseDept", automation::ref(id),
                                                   automation::ref(date), automation::ref(department))),
@@ -267,8 +273,8 @@ TEST(MonthClose, ANullSumEndsTheDepartmentInTheTrap) {
 
 TEST(MonthClose, ThePreviousCloseIsADayWhateverItsTime) {
   MonthCloseStage company;
-  company.stage.finds("Select Top 1 * From STKCLOSEHD Where CLOSEDT<#2024/04/30# Order By CLOSEDT DESC",
-                      {{"CLOSEDT"}, {{automation::Date{45382.75}}}});
+  company.knows_period("2024/03/31", "2024/04/30", "2024/05/01");
+  company.stage.finds(stage::close_before("#2024/04/30#"), {{"CLOSEDT"}, {{automation::Date{45382.75}}}});
   EXPECT_EQ(company.close("2024/04/30"), done);
   EXPECT_NE(company.stage.transcript().find("TRANDT>#2024/03/31# AND STKTRANHD.TRANDT<=#2024/04/30#"),
             std::string::npos);
@@ -306,7 +312,10 @@ TEST(MonthClose, ADepartmentWithoutANameIsClosedAndOneWithoutANumberIsNot) {
   for (const bool has_number : {true, false}) {
     stage::Stage stage;
     stage.set("CanInsert", 1);
-    stage.finds("Select DEPTNO,DEPTNM FROM DEPARTS  Order by DEPTNO",
+    stage.all_find_nothing({stage::close_of("#2024/03/31#"), stage::close_before("#2024/03/31#")});
+    stage::no_movements(stage, "10", "#2000/01/01#", "#2024/03/31#");
+    stage::no_documents(stage, "#2024/04/01#");
+    stage.finds(stage::departments,
                 {{"DEPTNO", "DEPTNM"}, {{has_number ? Value("10") : Value(Null{}), Null{}}}});
     stage::Fields fields{{"CLOSEDT", "2024/03/31"}};
     const auto client = stage.client("CStockClose");
@@ -320,9 +329,9 @@ TEST(MonthClose, ADepartmentWithoutANameIsClosedAndOneWithoutANumberIsNot) {
 TEST(MonthClose, UserAndPartsAreWrittenAsTheyStand) {
   stage::Stage stage;
   stage.user = "O'Neil";
-  std::string query = MonthCloseStage().outgoing_query("1'0");
-  query.replace(query.find("#2024/02/29#"), 12, "");
-  stage.finds(query, {{"PARTNO", "QTY"}, {{"a'b", 1.0}, {Null{}, 2.0}}});
+  stage::no_movements(stage, "1'0", "", "#2024/03/31#");
+  stage.finds(stage::department_out("1'0", "", "#2024/03/31#"),
+              {{"PARTNO", "QTY"}, {{"a'b", 1.0}, {Null{}, 2.0}}});
   const auto client = stage.client("CStockClose");
   Value id = "K9", date = "#2024/03/31#", department = "1'0";
   client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));

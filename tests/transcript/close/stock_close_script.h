@@ -16,8 +16,8 @@ class MonthCloseStage {
 
   std::string outgoing_query(const std::string& department) const;
   std::string incoming_query(const std::string& department) const;
-  // The query of the company close; the literal of the document date.
-  static std::string documents_query(const std::string& date_literal);
+  // Nothing has moved in this period, and there is no close of its last day yet.
+  void knows_period(const std::string& after, const std::string& until, const std::string& document_date);
   // The date between the quotes of the kind.
   std::string literal(const std::string& date) const { return quote + date + quote; }
 

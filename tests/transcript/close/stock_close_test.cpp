@@ -37,6 +37,8 @@ class CloseRecordTest : public testing::TestWithParam<Kind> {
   }
   Object client() { return stage.client("CStockClose"); }
   Outcome read(const char* date) {
+    stage.finds_nothing(
+        text("Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=`" + std::string(date) + "`"));
     const Object object = client();
     return outcome_of(object, object.call("Read", date, ref(fields.names), ref(fields.values)));
   }

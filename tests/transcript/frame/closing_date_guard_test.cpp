@@ -42,6 +42,7 @@ class ClosingDateGuard : public testing::Test {
 const std::string query = "Select * From STKCLOSEHD Where CLOSEDT>=#2024/03/31#";
 
 TEST_F(ClosingDateGuard, PassesADateThatNoCloseCovers) {
+  stage.finds_nothing(query);
   EXPECT_EQ(ask("2024/03/31"), (Verdict{open_date}));
   EXPECT_EQ(stage.transcript(),
             "create ADODB.Connection\n"
@@ -97,7 +98,7 @@ TEST_F(ClosingDateGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
               {"MSACCESS", 45382, "#45382#"},
               {"MSSQLSERVER", "it's", "'it's'"}};
   for (const auto& [kind, date, literal] : rows) {
-    Stage each(kind);
+    Stage each(kind, {std::string("Select * From STKCLOSEHD Where CLOSEDT>=") + literal});
     EXPECT_EQ(transactions_test::ask(each.client("CTranHead"), date), (Verdict{open_date})) << literal;
     EXPECT_NE(each.transcript().find("R1.Open Select * From STKCLOSEHD Where CLOSEDT>=" +
                                      std::string(literal) + " | C1 0 1 -1\n"),

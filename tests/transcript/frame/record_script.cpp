@@ -12,6 +12,14 @@ std::vector<Setting> settings(bool (*condition)(const RecordClass&)) {
   return list;
 }
 
+Object RecordTest::client(Stage& on) const {
+  on.all_find_nothing({record.row_query, record.key_query});
+  for (const char* statement : {record.known_query, record.structure.statement, record.update_owner.statement,
+                                record.delete_owner.statement})
+    if (statement) on.finds_nothing(statement);
+  return on.client(record.class_name);
+}
+
 Outcome RecordTest::play(const Object& object, std::string_view member, std::vector<Value>& keys,
                          bool keys_by_reference) {
   std::vector<Argument> arguments;

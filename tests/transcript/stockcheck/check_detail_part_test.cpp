@@ -19,7 +19,7 @@ const std::string part_query = "Select PARTNO from PARTS WHERE PARTS.PARTNO='P1'
 const std::string key_query = "Select * From STKCHECKDT Where CHECKNO='S1' And PartNo='P1' ";
 
 TEST_P(CheckDetailPart, AnUnknownPartIsRefusedWithTheNumberAndTheTextThatClientsKnow) {
-  stage.set("CanInsert", 1).finds(key_query, {{"CHECKNO"}, {{"S1"}}});
+  stage.set("CanInsert", 1).finds_nothing(part_query).finds(key_query, {{"CHECKNO"}, {{"S1"}}});
   EXPECT_EQ(insert(), (Outcome{0, 10000025, "text of Msg20000005"}));
   EXPECT_EQ(stage.database_calls(),
             "C1.Open 'DSN=x' '' '' -1\n"

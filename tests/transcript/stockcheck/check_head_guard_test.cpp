@@ -41,6 +41,7 @@ struct CheckHeadGuard : testing::Test {
     Value check = "S1", part = "P1";
     other.call("Delete", ref(check), ref(part));
     stage.clear();
+    stage.finds_nothing(query);
   }
   Verdict ask(const Value& date) { return stockcheck_test::ask(stage.client("CCheckHead"), date); }
 
@@ -85,7 +86,7 @@ TEST_F(CheckHeadGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
               {"MSACCESS", "the 31st", "#the 31st#"},
               {"MSACCESS", Value(), "##"}};
   for (const auto& [kind, date, literal] : rows) {
-    Stage each(kind);
+    Stage each(kind, {std::string("Select * From STKCLOSEHD Where CLOSEDT>=") + literal});
     EXPECT_EQ(stockcheck_test::ask(each.client("CCheckHead"), date), open_date) << literal;
     EXPECT_NE(each.transcript().find("R1.Open Select * From STKCLOSEHD Where CLOSEDT>=" +
                                      std::string(literal) + " | C1 0 1 -1\n"),
@@ -95,6 +96,7 @@ TEST_F(CheckHeadGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
 }
 
 TEST_F(CheckHeadGuard, AFreshObjectWritesTheDateBetweenQuotes) {
+  stage.finds_nothing("Select * From STKCLOSEHD Where CLOSEDT>='2024/03/31'");
   const Object head = automation::create("Tallyra.CCheckHead");
   EXPECT_EQ(stockcheck_test::ask(head, "2024/03/31"), open_date);
   EXPECT_NE(stage.transcript().find("Where CLOSEDT>='2024/03/31' | C2 0 1 -1\n"), std::string::npos);

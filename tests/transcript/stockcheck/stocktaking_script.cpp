@@ -2,6 +2,8 @@
 
 #include <sstream>
 
+#include "tests/support/queries.h"
+
 namespace tallyra::stockcheck_test {
 
 using automation::Date;
@@ -19,7 +21,10 @@ StocktakingStage& StocktakingStage::sheet(const std::vector<Counted>& lines, con
   stage::Rows rows{{"CHECKDT", "CHECKNO", "PARTNO", "QTY", "UPRICE", "DEPTNO", "DEPTNM"}, {}};
   for (const auto& [part, quantity, price, department_name] : lines)
     rows.rows.push_back({check_date, "S1", part, quantity, price, "10", department_name});
-  stage.finds(lines_query(), rows);
+  stage.finds(stage::counted_lines, rows);
+  stage.finds_nothing(close_query(period_end));
+  for (const Counted& line : lines)
+    stage.all_find_nothing({outgoing_query(line.part), incoming_query(line.part)});
   return *this;
 }
 
@@ -35,33 +40,16 @@ stage::Outcome StocktakingStage::approve() {
                            client.call("Update", "S1", ref(fields.names), ref(fields.values), ref(tag)));
 }
 
-std::string StocktakingStage::lines_query() const {
-  return std::string("SELECT STKCHECKHD.CHECKDT,STKCHECKDT.*,STKCHECKHD.DEPTNO,DEPARTS.DEPTNM ") +
-         " FROM (STKCHECKDT Inner Join STKCHECKHD On (STKCHECKDT.CHECKNO=STKCHECKHD.CHECKNO)) Inner Join "
-         "DEPARTS On (STKCHECKHD.DEPTNO=DEPARTS.DEPTNO) " +
-         " WHERE STKCHECKDT.CHECKNO='S1' Order By STKCHECKDT.PARTNO";
-}
-
 std::string StocktakingStage::close_query(const std::string& check_date) const {
-  return std::string("Select TOP 1 * From STKCLOSEHD ") + " WHERE CLOSEDT<=" + literal(check_date) +
-         " Order By CLOSEDT Desc";
+  return stage::close_until(literal(check_date));
 }
 
 std::string StocktakingStage::outgoing_query(const std::string& part) const {
-  return std::string(
-             "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
-             "STKTRANDT.TRANNO=STKTRANHD.TRANNO ") +
-         " Where  STKTRANHD.DEPTNOFR='10' And STKTRANHD.TRANDT>" + literal(period_begin) +
-         " And STKTRANHD.TRANDT<=" + literal(period_end) + " AND STKTRANDT.PARTNO='" + part + "'";
+  return stage::part_out(part, literal(period_begin), literal(period_end));
 }
 
 std::string StocktakingStage::incoming_query(const std::string& part) const {
-  return std::string(
-             "Select SUM(STKTRANDT.QTY) AS QTY From STKTRANDT Inner Join STKTRANHD On "
-             "STKTRANDT.TRANNO=STKTRANHD.TRANNO ") +
-         " Where  STKTRANHD.DEPTNOTO='10' And STKTRANHD.TRANDT>" + literal(period_begin) +
-         " And STKTRANHD.TRANDT<=" + literal(period_end) +
-         " And STKTRANHD.TRANTYPE='STK024MRPL' AND STKTRANDT.PARTNO='" + part + "'";
+  return stage::part_in(part, literal(period_begin), literal(period_end));
 }
 
 std::string StocktakingStage::after(const std::string& text) const {

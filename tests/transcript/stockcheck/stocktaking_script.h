@@ -22,7 +22,7 @@ class StocktakingStage {
  public:
   explicit StocktakingStage(const std::string& system_database = "MSACCESS");
 
-  // The lines of the sheet, in the order of their parts.
+  // The lines of the sheet, in the order of their parts, of which none has moved in the period.
   StocktakingStage& sheet(const std::vector<Counted>& lines,
                           const automation::Value& check_date = automation::Date{45382});
   // The sums of what went out and of what was transferred in.
@@ -31,7 +31,6 @@ class StocktakingStage {
 
   // The date between the quotes of the kind.
   std::string literal(const std::string& date) const { return quote + date + quote; }
-  std::string lines_query() const;
   std::string close_query(const std::string& check_date = "2024/03/31") const;
   std::string outgoing_query(const std::string& part) const;
   std::string incoming_query(const std::string& part) const;

@@ -12,7 +12,7 @@ std::vector<WritingMethod> owners_methods() {
 
 Outcome play(const WritingMethod& method, Stage& stage) {
   Fields fields{{"QTY", 5}};
-  return method.play(stage.client(method.class_name), fields);
+  return method.play(client_for(method, stage), fields);
 }
 
 TEST(Ownership, IsComparedWithoutTheBlanksAroundBothNames) {

@@ -81,7 +81,17 @@ const Refusal refusals[] = {
      },
      [](const Object& object, Fields& fields) { return write_by_number(object, "Insert", fields); },
      "messages.Msg10000004\n" + all_closed},
-    {"receipt", "CTranDetail", 10000115, [](Stage& stage) { stage.set("CanInsert", 1); },
+    {"receipt", "CTranDetail", 10000115,
+     [](Stage& stage) {
+       stage.set("CanInsert", 1)
+           .finds_nothing(
+               "SELECT STKTRANHD.DEPTNOTO FROM STKTRANHD INNER JOIN SUPPLIERS ON STKTRANHD.DEPTNOTO "
+               "=SUPPLIERS  WHERE STKTRANHD.TRANNO='T1'")
+           .finds_nothing(
+               "SELECT TOP 1 STKTRANHD.TRANNO FROM STKTRANHD INNER JOIN STKTRANDT ON "
+               "STKTRANHD.TRANNO=STKTRANDT.TRANNO WHERE STKTRANHD.DEPTNOTO='' AND "
+               "STKTRANHD.TRANTYPE='STK010POREV' AND STKTRANDT.PARTNO=''");
+     },
      [](const Object& object, Fields& fields) { return insert_return(object, "T1", 1, fields, 1); },
      "messages.Msg10000115\n" + all_closed},
     {"return's owner", "CTranDetail", 10000016,

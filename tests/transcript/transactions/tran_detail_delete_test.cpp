@@ -46,7 +46,9 @@ TEST_P(TranDetailDelete, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
     for (const bool found : {true, false}) {
       Stage each(GetParam());
       each.set("Owner", 1);
-      if (found) each.finds("Select ADDBY from STKTRANDT" + condition, {{"ADDBY"}, {{"TESTER"}}});
+      const std::string owner_query = "Select ADDBY from STKTRANDT" + condition;
+      each.finds_nothing(owner_query);
+      if (found) each.finds(owner_query, {{"ADDBY"}, {{"TESTER"}}});
       EXPECT_EQ(delete_line(each.client("CTranDetail"), {.type = type, .number = number}), done);
       EXPECT_EQ(each.database_calls(),
                 "C1.Open 'DSN=x' '' '' -1\n"

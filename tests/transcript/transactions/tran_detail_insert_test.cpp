@@ -3,16 +3,17 @@
 namespace tallyra::transactions_test {
 namespace {
 
-class TranDetailInsert : public TransactionStage {
- protected:
-  TranDetailInsert() : TransactionStage("CTranDetail") { stage.set("CanInsert", 1); }
-  Outcome play(const Line& line = {}) { return write_line(client(), "Insert", line, fields); }
-};
-TALLYRA_ON_BOTH_KINDS(TranDetailInsert);
-
 const std::string address =
     "Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='T1' And STKTRANDT.REFERENCE='PO1' And "
     "STKTRANDT.";
+const std::vector<std::string> absent{address + "SN=0", address + "SN=7", address + "PARTNO='P1'"};
+
+class TranDetailInsert : public TransactionStage {
+ protected:
+  TranDetailInsert() : TransactionStage("CTranDetail", absent) { stage.set("CanInsert", 1); }
+  Outcome play(const Line& line = {}) { return write_line(client(), "Insert", line, fields); }
+};
+TALLYRA_ON_BOTH_KINDS(TranDetailInsert);
 
 TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
   const struct {
@@ -23,7 +24,7 @@ TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
               {-1, address + "PARTNO='P1'"},
               {omitted, address + "PARTNO='P1'"}};
   for (const auto& [number, query] : rows) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.set("CanInsert", 1);
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Insert", {.number = number}, fields), done);
     EXPECT_EQ(each.database_calls(), opened + asked(query) +
@@ -54,7 +55,7 @@ TEST_P(TranDetailInsert, WritesTheAddressAsItStands) {
       "Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='T'1' And STKTRANDT.REFERENCE=' r'1 ' And ";
   for (const auto& [number, query] : {std::pair{Value(7), by_document + "STKTRANDT.SN=7"},
                                       std::pair{Value(-1), by_document + "STKTRANDT.PARTNO='it's'"}}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), {query});
     each.set("CanInsert", 1);
     const Line line{.document = "T'1", .reference = " r'1 ", .part = "it's", .number = number};
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Insert", line, fields), done);

@@ -3,12 +3,6 @@
 namespace tallyra::transactions_test {
 namespace {
 
-class MaterialRequirement : public TransactionStage {
- protected:
-  MaterialRequirement() : TransactionStage("CTranDetail") {}
-};
-TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
-
 std::string sum_of(const std::string& quantity, const std::string& condition) {
   return "Select CODETAIL.PARTNO,SUM(" + quantity +
          ") AS QTY From CODETAIL Inner Join COHD On CODETAIL.CONO=COHD.CONO Where CODETAIL.CONO='N1' And "
@@ -27,6 +21,14 @@ std::string bills(const std::string& assemblies) {
          "ASSMBOM.ASSMNO In (" +
          assemblies + ")";
 }
+const std::vector<std::string> absent{of_production_order, of_sales_order, bills("'P1'")};
+
+class MaterialRequirement : public TransactionStage {
+ protected:
+  MaterialRequirement() : TransactionStage("CTranDetail", absent) {}
+};
+TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
+
 const std::vector<std::string> bill_columns{"ASSMNO", "PARTNO", "ENGQTY", "URATE", "WSRATE"};
 
 Outcome quantity(double value) {
@@ -35,7 +37,7 @@ Outcome quantity(double value) {
 
 TEST_P(MaterialRequirement, OfAProductionOrderStandsInItsOwnList) {
   for (const Value& type : {omitted, Value(""), Value("STK020MISS"), Value("STK021RTN1"), Value("other")}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 12.5}}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(12.5));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
@@ -51,7 +53,7 @@ TEST_P(MaterialRequirement, OfAProductionOrderLineCountsTheQuantityThatIsKnown) 
               {{{"P1", Null{}}, {"P1", 3}}, 3},
               {{{"P1", Null{}}, {"P1", Null{}}, {"P1", Null{}}}, 0}};
   for (const auto& [sums, required] : rows) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, sums});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), quantity(required));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
@@ -63,6 +65,7 @@ TEST_P(MaterialRequirement, OfASalesOrderIsFollowedThroughItsAssemblies) {
   // A takes 2 B and 3 P1 with a tenth of waste, B takes 4 x 0.25 P1: 0.5 + 12 * (3.3 + 2 * 1).
   stage.finds(bills("'A','P1'"), {bill_columns, {{"A", "B", 2, 1, 0}, {"A", "P1", 3, 1, 0.1}}});
   stage.finds(bills("'B'"), {bill_columns, {{"B", "P1", 4, 0.25, 0}, {"B", "C", 1, 1, 0}}});
+  stage.finds_nothing(bills("'C'"));
   EXPECT_EQ(requirement(client(), "N1", "P1"), quantity(64.1));
   EXPECT_EQ(stage.database_calls(), opened + asked(of_production_order) + asked(of_sales_order) +
                                         asked(bills("'A','P1'")) + asked(bills("'B'")) + asked(bills("'C'")) +
@@ -71,7 +74,7 @@ TEST_P(MaterialRequirement, OfASalesOrderIsFollowedThroughItsAssemblies) {
 
 TEST_P(MaterialRequirement, MovementsForSalesOrdersAskTheSalesOrderAlone) {
   for (const char* type : {"STK020MISSSO", "STK021RTNSO"}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 99}}});
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 4}}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(4));
@@ -90,12 +93,13 @@ TEST_P(MaterialRequirement, OfATypeInAnotherCaseIsThatOfAnyOther) {
 TEST_P(MaterialRequirement, WritesOrderAndPartAsTheyStand) {
   stage.finds("Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where SODTBOM.SONO='N'1'",
               {{"PARTNO", "QTY"}, {{"it's", 4}}});
-  EXPECT_EQ(requirement(client(), "N'1", "it's"), quantity(4));
   std::string query = of_production_order;
   for (const auto& [plain, hostile] :
        {std::pair<std::string, std::string>{"'N1'", "'N'1'"}, {"'P1'", "'it's'"}})
     for (std::size_t at = 0; (at = query.find(plain, at)) != std::string::npos; at += hostile.size())
       query.replace(at, plain.size(), hostile);
+  stage.all_find_nothing({query, bills("'it''s'")});
+  EXPECT_EQ(requirement(client(), "N'1", "it's"), quantity(4));
   EXPECT_TRUE(tells("R1.Open " + query + " | C1 3 1 -1"));
   EXPECT_TRUE(
       tells("R1.Open Select SODTBOM.PARTNO,SODTBOM.SOQTY AS QTY From SODTBOM Where "
@@ -110,7 +114,7 @@ TEST_P(MaterialRequirement, OfNobodyIsReported) {
 
 TEST_P(MaterialRequirement, OfAnotherPartOnlyIsReported) {
   stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
-  stage.finds(bills("'A'"), {bill_columns, {{"A", "P2", 2, 1, 0}}});
+  stage.finds(bills("'A'"), {bill_columns, {{"A", "P2", 2, 1, 0}}}).finds_nothing(bills("'P2'"));
   EXPECT_EQ(requirement(client(), "N1", "P1"), refused(10000024));
 }
 
@@ -120,9 +124,10 @@ std::string both(const std::string& one, const std::string& other) {
 
 TEST_P(MaterialRequirement, OfAPartInTwoSpellingsIsOneIfThePartMasterSaysSo) {
   for (const bool one_part : {true, false}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
     each.finds(bills("'A'"), {bill_columns, {{"A", "p1", 2, 1, 0}, {"A", "P1", 1, 1, 0}}});
+    each.all_find_nothing({bills("'p1','P1'"), both("'P1'", "'p1'")});
     if (one_part) each.finds(both("'P1'", "'p1'"), {{"PARTNO"}, {{"P1"}}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), quantity(one_part ? 30 : 10));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + asked(of_sales_order) +
@@ -133,6 +138,9 @@ TEST_P(MaterialRequirement, OfAPartInTwoSpellingsIsOneIfThePartMasterSaysSo) {
 
 // As an engine answers that finds a bill under any spelling of the assembly.
 TEST_P(MaterialRequirement, OfAnAssemblyInTwoSpellingsCountsItsBillOnce) {
+  std::string of_c = of_production_order;
+  for (std::size_t at = 0; (at = of_c.find("'P1'", at)) != std::string::npos;) of_c.replace(at, 4, "'C'");
+  stage.finds_nothing(of_c);
   const Rows bill{bill_columns, {{"it's B", "P1", 3, 1, 0}, {"IT'S b", "C", 1, 1, 0}}};
   stage.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 2}, {"it's B", 1}}});
   stage.finds(
@@ -170,6 +178,7 @@ TEST_P(MaterialRequirement, AsksForManyBillsAtOnceAndDoublesTheirApostrophes) {
     first += (i ? ",'it''s " : "'it''s ") + std::to_string(i) + "'";
   }
   ordered.rows.push_back({"P1", 3});
+  stage.finds_nothing(bills(first));
   stage.finds(of_sales_order, ordered);
   EXPECT_EQ(requirement(client(), "N1", "P1"), quantity(3));
   EXPECT_TRUE(stage.database_calls().ends_with(asked(bills(first)) + asked(bills("'P1'")) + "C1.Close\n"));
@@ -185,7 +194,7 @@ TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
               {{"A", "P1", 2, 1, Null{}}, trapped(94, "Invalid use of Null")},
               {{"A", "P1", "two", 1, 0}, trapped(13, "Type mismatch")}};
   for (const auto& [line, outcome] : rows) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 1}}}).finds(bills("'A'"), {bill_columns, {line}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), outcome);
   }
@@ -197,7 +206,8 @@ TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
 
 TEST_P(MaterialRequirement, AnErrorOfTheDatabaseComesBack) {
   for (const char* failing : {"From CODETAIL", "From SODTBOM", "From ASSMBOM", "From PARTS", "C1.Close"}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
+    each.all_find_nothing({bills("'P1','p1'"), both("'P1'", "'p1'")});
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 1}, {"p1", 1}}})
         .fails(failing, Error(-2147217865, "no table"));
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), trapped(-2147217865, "no table"))

@@ -47,6 +47,7 @@ TEST_P(TranDetailRead, AddressesALineByNumberFromZeroOnAndElseByPart) {
 }
 
 TEST_P(TranDetailRead, AsksForNoRight) {
+  stage.finds_nothing(by_part);
   const Object object = client();
   read_line(object, {}, fields);
   stage.clear();
@@ -55,6 +56,7 @@ TEST_P(TranDetailRead, AsksForNoRight) {
 }
 
 TEST_P(TranDetailRead, GivesEmptyCollectionsForAMissingLine) {
+  stage.finds_nothing(by_number("1"));
   EXPECT_EQ(read_line(client(), {.number = 1}, fields), (Outcome{100, 10000003, "text of Msg10000003"}));
   EXPECT_EQ(fields.text(), "");
 }

@@ -38,7 +38,7 @@ std::string receipt_query(const std::string& supplier, const std::string& part) 
 TEST_P(ReturnLineInsert, AFreeNumberIsFilledWithoutTransaction) {
   for (const Value& number : {Value(0), Value(4), Value(-3), Value(32767), Value(-32768)}) {
     Stage each(GetParam());
-    each.set("CanInsert", 1);
+    each.set("CanInsert", 1).finds_nothing(line_query(automation::to_text(number)));
     EXPECT_EQ(insert_return(each.client("CTranDetail"), "T1", number, fields), done);
     EXPECT_EQ(each.database_calls(), opened + structure + looked_up(automation::to_text(number)) +
                                          "C1.Execute <GetInsertSQL STKTRANDT> | -1\n"
@@ -73,7 +73,7 @@ TEST_P(ReturnLineInsert, ChecksTheSupplierForAnyKindOtherThanZero) {
   for (const Value& kind : {Value(1), Value(2), Value(-1), Value(32767)}) {
     Stage each(GetParam());
     each.set("CanInsert", 1).finds(supplier_query, {{"DEPTNOTO"}, {{"S1"}, {"S2"}}});
-    each.finds(receipt_query("S1", "P1"), {{"TRANNO"}, {{"T0"}}});
+    each.finds(receipt_query("S1", "P1"), {{"TRANNO"}, {{"T0"}}}).finds_nothing(line_query("1"));
     Fields line{{"QTY", 5}, {"PartNo", "P1"}, {"PARTNO", "P2"}};
     EXPECT_EQ(insert_return(each.client("CTranDetail"), "T1", 1, line, kind), done);
     EXPECT_EQ(each.database_calls(), opened + "R1.Open " + supplier_query +
@@ -90,13 +90,14 @@ TEST_P(ReturnLineInsert, ChecksTheSupplierForAnyKindOtherThanZero) {
 }
 
 TEST_P(ReturnLineInsert, AsksNobodyWithKindZero) {
+  stage.finds_nothing(line_query("1"));
   EXPECT_EQ(play(1, 0), done);
   EXPECT_EQ(stage.transcript().find("SUPPLIERS"), std::string::npos);
   EXPECT_EQ(stage.transcript().find("STK010POREV"), std::string::npos);
 }
 
 TEST_P(ReturnLineInsert, RefusesAPartThatNeverCameFromTheSupplier) {
-  stage.finds(supplier_query, {{"DEPTNOTO"}, {{"S1"}}});
+  stage.finds(supplier_query, {{"DEPTNOTO"}, {{"S1"}}}).finds_nothing(receipt_query("S1", "P1"));
   fields = Fields{{"partno", "P1"}};
   EXPECT_EQ(play(1, 1), refused(10000115));
   EXPECT_EQ(stage.database_calls(), opened + "R1.Open " + supplier_query +
@@ -121,7 +122,7 @@ TEST_P(ReturnLineInsert, AMissingSupplierOrPartIsAnEmptyOne) {
               {{{"DEPTNOTO"}, {{"S1 "}}}, {{"PARTNO ", "P1"}}, receipt_query("S1 ", "")}};
   for (const auto& [found, collections, asked] : rows) {
     Stage each(GetParam());
-    each.set("CanInsert", 1).finds(supplier_query, found);
+    each.set("CanInsert", 1).finds(supplier_query, found).finds_nothing(asked);
     Fields line = collections;
     EXPECT_EQ(insert_return(each.client("CTranDetail"), "T1", 1, line, 1), refused(10000115));
     EXPECT_NE(each.transcript().find("R1.Open " + asked + " | C1 3 1 -1\n"), std::string::npos)
@@ -163,7 +164,7 @@ TEST_P(ReturnLineInsert, FindsThePartBeforeItAsksForTheSupplier) {
 }
 
 TEST_P(ReturnLineInsert, ReadsServerSideAlsoWithTheRecordsetOfTheBuilder) {
-  stage.set("rights.GetInsertSQL replaces 4", another_recordset());
+  stage.set("rights.GetInsertSQL replaces 4", another_recordset(stage));
   stage.clear();
   stage.finds(line_query("1"), {{"SN"}, {{1}}}).finds(lines_from("1"), {{"SN"}, {{1}}});
   EXPECT_EQ(play(1), done);
@@ -189,7 +190,7 @@ TEST_P(ReturnLineInsert, ReadsServerSideAlsoWithTheRecordsetOfTheBuilder) {
 }
 
 TEST_P(ReturnLineInsert, APlainInsertThatFailsIsLetGoUnclosed) {
-  stage.fails("Execute", Error(-2147217900, "locked"));
+  stage.finds_nothing(line_query("1")).fails("Execute", Error(-2147217900, "locked"));
   EXPECT_EQ(play(), trapped(-2147217900, "locked"));
   EXPECT_TRUE(stage.database_calls().ends_with("C1.Execute <GetInsertSQL STKTRANDT> | -1 ! locked\n"));
 }

@@ -3,14 +3,16 @@
 namespace tallyra::transactions_test {
 namespace {
 
+const std::string owner_query = "Select ADDBY from STKTRANDT WHERE TRANNO='T1'";
+const std::vector<std::string> absent{owner_query, "Select * From STKTRANDT Where TRANNO='T1' AND SN=2"};
+
 class ReturnLineUpdate : public TransactionStage {
  protected:
-  ReturnLineUpdate() : TransactionStage("CTranDetail") {}
+  ReturnLineUpdate() : TransactionStage("CTranDetail", absent) {}
   Outcome play(const Value& number = 2) { return update_return(client(), "T1", number, fields); }
 };
 TALLYRA_ON_BOTH_KINDS(ReturnLineUpdate);
 
-const std::string owner_query = "Select ADDBY from STKTRANDT WHERE TRANNO='T1'";
 const std::string written =
     "R1.CursorLocation = 2\n"
     "R1.Open Select * From STKTRANDT Where TRANNO='T1' AND SN=2 | C1 3 1 -1\n"
@@ -33,6 +35,7 @@ TEST_P(ReturnLineUpdate, ChangesTheLineOfThatNumberInATransaction) {
 
 TEST_P(ReturnLineUpdate, TakesNegativeNumbersAsNumbers) {
   stage.set("CanUpdate", 1);
+  stage.finds_nothing("Select * From STKTRANDT Where TRANNO='T1' AND SN=-1");
   EXPECT_EQ(play(-1), done);
   EXPECT_TRUE(tells("C1.Execute <GetUpdateSQL STKTRANDT> Where TRANNO='T1' And SN=-1 | -1"));
 }
@@ -88,13 +91,15 @@ TEST_P(ReturnLineUpdate, ANewNumberDoesNotMoveTheCondition) {
 }
 
 TEST_P(ReturnLineUpdate, WritesTheNumberAsItStands) {
-  stage.set("Owner", 1);
+  const std::string owner = "Select ADDBY from STKTRANDT WHERE TRANNO='T'1'";
+  const std::string row = "Select * From STKTRANDT Where TRANNO='T'1' AND SN=2";
+  stage.set("Owner", 1).all_find_nothing({owner, row});
   EXPECT_EQ(update_return(client(), "T'1", 2, fields), done);
   EXPECT_EQ(stage.database_calls(),
-            opened + asked("Select ADDBY from STKTRANDT WHERE TRANNO='T'1'") +
+            opened + asked(owner) +
                 "C1.State\n"
                 "R1.CursorLocation = 2\n" +
-                asked("Select * From STKTRANDT Where TRANNO='T'1' AND SN=2") +
+                asked(row) +
                 "C1.BeginTrans\n"
                 "C1.Execute <GetUpdateSQL STKTRANDT> Where TRANNO='T'1' And SN=2 | -1\n"
                 "C1.CommitTrans\n"
@@ -103,7 +108,7 @@ TEST_P(ReturnLineUpdate, WritesTheNumberAsItStands) {
 
 TEST_P(ReturnLineUpdate, RollsBackAndClosesOnceTheStatementIsMade) {
   for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.set("CanUpdate", 1).fails(failing, Error(-2147217900, "locked"));
     EXPECT_EQ(update_return(each.client("CTranDetail"), "T1", 2, fields), trapped(-2147217900, "locked"));
     EXPECT_TRUE(each.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n")) << failing;

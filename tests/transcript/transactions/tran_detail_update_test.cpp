@@ -3,14 +3,17 @@
 namespace tallyra::transactions_test {
 namespace {
 
+const std::string address = "STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
+const std::vector<std::string> absent{"Select ADDBY from STKTRANDT WHERE " + address + "SN=7",
+                                      "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' "};
+
 class TranDetailUpdate : public TransactionStage {
  protected:
-  TranDetailUpdate() : TransactionStage("CTranDetail") {}
+  TranDetailUpdate() : TransactionStage("CTranDetail", absent) {}
   Outcome play(const Line& line = {}) { return write_line(client(), "Update", line, fields); }
 };
 TALLYRA_ON_BOTH_KINDS(TranDetailUpdate);
 
-const std::string address = "STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
 const std::string structure =
     "R1.CursorLocation = 2\n"
     "R1.Open Select top 1 * From STKTRANDT | C1 3 1 -1\n"
@@ -36,7 +39,7 @@ TEST_P(TranDetailUpdate, AppendsTheConditionOfNumberOrPart) {
               {"STK011PORTN ", 7, " WHERE " + address + "SN=7"},
               {"STK010PORTN", 7, " WHERE " + address + "SN=7"}};
   for (const auto& [type, number, condition] : rows) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.set("CanUpdate", 1);
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.type = type, .number = number}, fields),
               done);
@@ -62,7 +65,7 @@ TEST_P(TranDetailUpdate, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
               {-1, "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' "}};
   for (const auto& [number, owner_query] : rows)
     for (const bool found : {true, false}) {
-      Stage each(GetParam());
+      Stage each(GetParam(), absent);
       each.set("Owner", 1);
       if (found) each.finds(owner_query, {{"ADDBY"}, {{" TESTER"}}});
       EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.number = number}, fields), done);

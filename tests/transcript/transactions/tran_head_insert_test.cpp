@@ -3,24 +3,25 @@
 namespace tallyra::transactions_test {
 namespace {
 
+const std::string existing = "Select * From STKTRANHD where TRANNO='T1'";
+const std::string lines = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
+const std::vector<std::string> absent{existing, lines};
+
 class TranHeadInsert : public TransactionStage {
  protected:
-  TranHeadInsert() : TransactionStage("CTranHead") { stage.set("CanInsert", 1); }
+  TranHeadInsert() : TransactionStage("CTranHead", absent) { stage.set("CanInsert", 1); }
   Outcome play(const Value& copied = omitted) {
     return insert_head(client(), "T1", "STK010POREV", fields, copied);
   }
 };
 TALLYRA_ON_BOTH_KINDS(TranHeadInsert);
 
-const std::string existing = "Select * From STKTRANHD where TRANNO='T1'";
 const std::string created = opened + asked(existing) +
                             "C1.BeginTrans\n"
                             "C1.Execute <GetInsertSQL STKTRANHD> | -1\n";
-const std::string lines = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
-
 TEST_P(TranHeadInsert, CreatesTheHeaderAloneWhenNothingIsCopied) {
   for (const Value& copied : {omitted, Value("")}) {
-    Stage other(GetParam());
+    Stage other(GetParam(), absent);
     other.set("CanInsert", 1);
     EXPECT_EQ(insert_head(other.client("CTranHead"), "T1", "STK010POREV", fields, copied), done);
     EXPECT_EQ(other.database_calls(), created + "C1.CommitTrans\nC1.Close\n");
@@ -50,7 +51,7 @@ TEST_P(TranHeadInsert, ACopyOfADocumentWithoutLinesCreatesTheHeaderAlone) {
 TEST_P(TranHeadInsert, NoFailureIsRolledBackTheConnectionIsLetGo) {
   for (const char* failing :
        {"BeginTrans", "<GetInsertSQL", "R1.Open SELECT * FROM STKTRANDT", "INSERT INTO", "CommitTrans"}) {
-    Stage each(GetParam());
+    Stage each(GetParam(), absent);
     each.set("CanInsert", 1).fails(failing, Error(-2147217900, "locked"));
     each.finds(lines, {{"TRANNO", "REFERENCE", "SN", "PARTNO", "REFPARTNO", "MONO", "QTY", "VQTY", "UPRICE",
                         "NOTES"},
@@ -64,6 +65,7 @@ TEST_P(TranHeadInsert, NoFailureIsRolledBackTheConnectionIsLetGo) {
 }
 
 TEST_P(TranHeadInsert, ABlankNumberIsNotAnEmptyOne) {
+  stage.finds_nothing("SELECT * FROM STKTRANDT WHERE TRANNO=' '");
   EXPECT_EQ(play(" "), done);
   EXPECT_TRUE(tells("R1.Open SELECT * FROM STKTRANDT WHERE TRANNO=' ' | C1 3 1 -1"));
 }

@@ -15,7 +15,9 @@ const std::string head =
 class LineCopy : public testing::Test {
  protected:
   LineCopy() { on_stage(stage); }
-  static void on_stage(Stage& each) { each.set("CanInsert", 1); }
+  static void on_stage(Stage& each) {
+    each.set("CanInsert", 1).finds_nothing("Select * From STKTRANHD where TRANNO='T1'").finds_nothing(query);
+  }
   static Outcome play(Stage& each, Fields fields) {
     return insert_head(each.client("CTranHead"), "T1", "STK010POREV", fields, "T0");
   }
@@ -156,7 +158,7 @@ TEST_F(LineCopy, ReadsTheColumnsInTheirOrderAndThenTheTime) {
 }
 
 TEST_F(LineCopy, IsReadServerSideAlsoWithTheRecordsetOfTheBuilder) {
-  stage.set("rights.GetInsertSQL replaces 4", another_recordset());
+  stage.set("rights.GetInsertSQL replaces 4", another_recordset(stage));
   EXPECT_EQ(play(stage, {{"X", 1}}), done);
   EXPECT_TRUE(
       stage.database_calls().ends_with("R1.Close\n"

@@ -89,7 +89,9 @@ TEST_P(TranHeadUpdate, AnErrorOfTheDatabaseComesBackWithTheConnectionLetGo) {
 }
 
 TEST_P(TranHeadUpdate, WritesNumberAndTypeAsTheyStand) {
-  stage.set("Owner", 1);
+  stage.set("Owner", 1)
+      .finds_nothing(
+          "Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='O'Neil' AND STKTRANHD.TRANTYPE='lower'case'");
   update_head(client(), "O'Neil", "lower'case", fields);
   EXPECT_TRUE(
       tells("R1.Open Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='O'Neil' "

@@ -21,7 +21,8 @@ using stage::trapped;
 // One class on a stage of each kind of database. Apart from dates the two get the same texts.
 class TransactionStage : public testing::TestWithParam<const char*> {
  protected:
-  explicit TransactionStage(const char* class_name) : class_name_(class_name) {}
+  explicit TransactionStage(const char* class_name, const std::vector<std::string>& finding_nothing = {})
+      : stage(GetParam(), finding_nothing), class_name_(class_name) {}
 
   Object client() { return stage.client(class_name_); }
   // Whether a line stands in the transcript.
@@ -29,7 +30,7 @@ class TransactionStage : public testing::TestWithParam<const char*> {
     return stage.transcript().find(line + "\n") != std::string::npos;
   }
 
-  Stage stage{GetParam()};
+  Stage stage;
   Fields fields{{"QTY", 5}};
 
  private:
@@ -52,7 +53,8 @@ inline std::string asked_to_the_end(const std::string& query) {
 }
 
 // An open recordset on a connection of its own, as a builder may hand it back: R1 and C1 when it comes first.
-inline Object another_recordset() {
+inline Object another_recordset(Stage& stage) {
+  stage.finds_nothing("Select");
   const Object connection = automation::create("ADODB.Connection");
   connection.call("Open", "DSN=other", "", "", -1);
   const Object recordset = automation::create("ADODB.Recordset");

@@ -19,7 +19,7 @@ TEST_P(WritingChecks, TestTheCollectionsBeforeAnyRight) {
   for (const auto& method : writing_methods()) {
     if (!method.takes_fields) continue;
     Stage stage(GetParam());
-    const Object object = stage.client(method.class_name);
+    const Object object = client_for(method, stage);
     method.play(object, none);  // sets the collaborators up
     for (Fields* each : {&none, &surplus_name, &surplus_value}) {
       stage.clear();
@@ -35,7 +35,7 @@ TEST_P(WritingChecks, TakeOnlyTheNumberOneForARight) {
       const bool owners_may = !method.owner_query.empty();
       Stage stage(GetParam());
       stage.set(method.right, right).set("Owner", owners_may ? right : Value(1));
-      EXPECT_EQ(method.play(stage.client(method.class_name), fields), refused(10000016))
+      EXPECT_EQ(method.play(client_for(method, stage), fields), refused(10000016))
           << method.name << " " << stage::shown(right);
       EXPECT_EQ(stage.database_calls(), "") << method.name;
       EXPECT_EQ(stage.transcript().find("rights.Owner") != std::string::npos, owners_may) << method.name;
@@ -47,8 +47,7 @@ TEST_P(WritingChecks, CopyABuilderErrorAndExecuteNothing) {
     if (!method.takes_fields) continue;
     Stage stage(GetParam());
     stage.set(method.right, 1).set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
-    EXPECT_EQ(method.play(stage.client(method.class_name), fields), trapped(77, "no such column"))
-        << method.name;
+    EXPECT_EQ(method.play(client_for(method, stage), fields), trapped(77, "no such column")) << method.name;
     EXPECT_TRUE(stage.database_calls().ends_with(" | C1 3 1 -1\nR1.Close\nC1.Close\n")) << method.name;
     for (const char* call : {"Execute", "BeginTrans"})
       EXPECT_EQ(stage.transcript().find(call), std::string::npos) << method.name;

@@ -35,6 +35,7 @@ TEST(Session, BeginsAsAccessExceptInStocktakings) {
       {"CTranDetail", 3, "MSACCESS"}, {"CCheckDetail", 2, "MSACCESS"},   {"CCheckHead", 1, ""}};
   for (const auto& [class_name, keys, kind] : rows) {
     Stage stage;
+    stage.finds_nothing_else();
     const Object object = automation::create(std::string("Tallyra.") + class_name);
     Fields fields;
     std::vector<Value> values(static_cast<std::size_t>(keys), Value("1"));
