@@ -65,8 +65,8 @@ ClassTable class_table(std::string_view name, const ClassDescription& about, std
   };
   append(methods);
   (append(more), ...);
-  return {name, std::move(members), []() -> std::unique_ptr<frame::BusinessObject> { return std::make_unique<C>(); },
-          about};
+  return {name, std::move(members),
+          []() -> std::unique_ptr<frame::BusinessObject> { return std::make_unique<C>(); }, about};
 }
 
 }  // namespace tallyra::server
