@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/date_literal.h"
-
 namespace tallyra::frame {
 namespace {
 
@@ -18,22 +16,10 @@ TEST(StatementText, FillsEveryHoleInOrder) {
   EXPECT_EQ(sql("a{}", ""), "a");
 }
 
-TEST(DateLiterals, StandInTheQuotesOfTheKind) {
-  const struct {
-    const char* kind;
-    const char* text;
-    const char* day;
-    const char* date;
-  } rows[] = {{"MSACCESS", "#x#", "#2024/03/07#", "#2024/03/07 12:00:00#"},
-              {"MSSQLSERVER", "'x'", "'2024/03/07'", "'2024/03/07 12:00:00'"},
-              {"", "'x'", "'2024/03/07'", "'2024/03/07 12:00:00'"},
-              {"msaccess", "'x'", "'2024/03/07'", "'2024/03/07 12:00:00'"}};
-  for (const auto& [kind, text, day, date] : rows) {
-    const DateLiteral literal(kind);
-    EXPECT_EQ(literal.of_text("x"), text);
-    EXPECT_EQ(literal.of_day({45358.5}), day);
-    EXPECT_EQ(literal.of_date({45358.5}), date);
-  }
+TEST(StatementText, OfAValueIsWhatItIsInAHole) {
+  EXPECT_EQ(text_of("O'Neil "), "O'Neil ");
+  EXPECT_EQ(text_of(automation::Null{}), "");
+  EXPECT_EQ(text_of(0.5), sql("{}", automation::Value(0.5)));
 }
 
 }  // namespace
