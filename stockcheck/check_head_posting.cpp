@@ -11,7 +11,6 @@
 namespace tallyra::stockcheck {
 namespace {
 
-using automation::Object;
 using automation::Value;
 using frame::Connection;
 using frame::CursorLocation;

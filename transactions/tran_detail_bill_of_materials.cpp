@@ -97,7 +97,7 @@ std::optional<double> BillOfMaterials::requirement(const std::string& part) cons
 
 void BillOfMaterials::report_cycle(const std::vector<std::size_t>& open_uses) const {
   // Each part that is still open has a user that is open as well; going from user to user ends in a cycle.
-  constexpr std::size_t none = static_cast<std::size_t>(-1);
+  constexpr auto none = static_cast<std::size_t>(-1);
   std::vector<std::size_t> user(parts_.size(), none);
   std::size_t at = none;
   for (std::size_t i = 0; i < parts_.size(); ++i) {
@@ -108,7 +108,7 @@ void BillOfMaterials::report_cycle(const std::vector<std::size_t>& open_uses) co
   for (std::vector<bool> passed(parts_.size()); !passed[at]; at = user[at]) passed[at] = true;
 
   std::string chain = parts_[at].number;
-  for (std::size_t i = user[at]; i != at; i = user[i]) chain = parts_[i].number + " > " + chain;
+  for (std::size_t i = user[at]; i != at; i = user[i]) chain.insert(0, parts_[i].number + " > ");
   const std::string& number = parts_[at].number;
   throw automation::Error(endless_recursion, "The bill of materials of " + number +
                                                  " contains itself: " + number + " > " + chain + ".");
