@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/convert.h"
+#include "automation/error.h"
+#include "tests/support/shown.h"
 
 namespace tallyra::stage {
 namespace {
@@ -37,16 +39,21 @@ class FieldDouble : public automation::Implements<FieldDouble>, public Named {
         column_(column) {}
   static const MemberTable<FieldDouble>& members() {
     static const MemberTable<FieldDouble> table{{0, "Value", property<&FieldDouble::value>},
-                                                {1, "Name", property<&FieldDouble::column_name>}};
+                                                {1, "Name", property<&FieldDouble::column_name>},
+                                                {2, "Type", property<&FieldDouble::type>}};
     return table;
   }
   Value value() {
-    recordset_.stage().step(name() + ".Value", Stage::Line::hidden);
+    recordset_.script().step(name() + ".Value", AdoScript::Line::hidden);
     return recordset_.value_of(column_);
   }
   Value column_name() {
-    recordset_.stage().step(name() + ".Name", Stage::Line::hidden);
+    recordset_.script().step(name() + ".Name", AdoScript::Line::hidden);
     return column_name_;
+  }
+  Value type() {
+    recordset_.script().step(name() + ".Type", AdoScript::Line::hidden);
+    return recordset_.rows().types.at(column_);
   }
 
  private:
@@ -67,19 +74,19 @@ class FieldsDouble : public automation::Implements<FieldsDouble> {
   Value item(Arguments arguments) {
     automation::expect_arguments(arguments, 1, 1);
     const Value& key = arguments[0].get();
-    recordset_.stage().step(recordset_.name() + ".Fields(" + shown(key) + ")", Stage::Line::hidden);
+    recordset_.script().step(recordset_.name() + ".Fields(" + shown(key) + ")", AdoScript::Line::hidden);
     const auto& columns = recordset_.rows().columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
       if (key.is_text() ? automation::equals_folded(columns[i], automation::to_text(key))
                         : automation::equals_number(key, static_cast<double>(i)))
         return automation::make_object<FieldDouble>(recordset_, columns[i], i);
-    if (recordset_.stage().takes_any_query() && columns.empty())
+    if (recordset_.script().takes_any_query() && columns.empty())
       return automation::make_object<FieldDouble>(recordset_, automation::to_text(key), columns.size());
     ADD_FAILURE() << "a field that the stage was not told about: " << shown(key);
     throw no_such_item;
   }
   Value count() {
-    recordset_.stage().step(recordset_.name() + ".Fields.Count", Stage::Line::hidden);
+    recordset_.script().step(recordset_.name() + ".Fields.Count", AdoScript::Line::hidden);
     return static_cast<std::int32_t>(recordset_.rows().columns.size());
   }
 
@@ -88,17 +95,52 @@ class FieldsDouble : public automation::Implements<FieldsDouble> {
   RecordsetDouble& recordset_;
 };
 
-std::string next_name(Stage& stage, const char* kind) {
-  return kind + std::to_string(stage.next_number(kind));
+// What a connection tells of itself, by name.
+class PropertiesDouble : public automation::Implements<PropertiesDouble> {
+ public:
+  explicit PropertiesDouble(const AdoScript& script) : script_(script) {}
+  static const MemberTable<PropertiesDouble>& members() {
+    static const MemberTable<PropertiesDouble> table{{0, "Item", method<&PropertiesDouble::item>}};
+    return table;
+  }
+  Value item(Arguments arguments);
+
+ private:
+  const AdoScript& script_;
+};
+
+class PropertyDouble : public automation::Implements<PropertyDouble> {
+ public:
+  explicit PropertyDouble(Value value) : value_(std::move(value)) {}
+  static const MemberTable<PropertyDouble>& members() {
+    static const MemberTable<PropertyDouble> table{{0, "Value", property<&PropertyDouble::value>}};
+    return table;
+  }
+  Value value() { return value_; }
+
+ private:
+  Value value_;
+};
+
+Value PropertiesDouble::item(Arguments arguments) {
+  const std::string name = automation::to_text(arguments[0].get());
+  const auto found = script_.properties.find(name);
+  if (found != script_.properties.end()) return automation::make_object<PropertyDouble>(found->second);
+  ADD_FAILURE() << "a property that the script was not told about: " << name;
+  throw no_such_item;
+}
+
+std::string next_name(AdoScript& script, const char* kind) {
+  return kind + std::to_string(script.next_number(kind));
 }
 
 }  // namespace
 
-ConnectionDouble::ConnectionDouble(Stage& stage) : Named(next_name(stage, "C")), stage_(stage) {
-  stage_.born();
+ConnectionDouble::ConnectionDouble(AdoScript& script) : Named(next_name(script, "C")), script_(script) {
+  script_.born();
 }
 ConnectionDouble::~ConnectionDouble() {
-  stage_.gone();
+  script_.gone();
 }
 
 const MemberTable<ConnectionDouble>& ConnectionDouble::members() {
@@ -112,6 +154,7 @@ const MemberTable<ConnectionDouble>& ConnectionDouble::members() {
       {7, "State", property<&ConnectionDouble::state>},
       {8, "CommandTimeout",
        read_write<&ConnectionDouble::command_timeout, &ConnectionDouble::set_command_timeout>},
+      {9, "Properties", property<&ConnectionDouble::properties>},
   };
   return table;
 }
@@ -121,7 +164,7 @@ void ConnectionDouble::require_open() const {
 }
 
 Value ConnectionDouble::open(Arguments arguments) {
-  stage_.step(name() + ".Open" + shown(arguments));
+  script_.step(name() + ".Open" + shown(arguments));
   if (open_) throw object_open;
   open_ = true;
   return {};
@@ -131,36 +174,39 @@ Value ConnectionDouble::execute(Arguments arguments) {
   automation::expect_arguments(arguments, 3, 3);
   if (!arguments[1].is_reference()) throw Error(automation::error_number::type_mismatch);
   const std::string statement = automation::to_text(arguments[0].get());
-  stage_.step(name() + ".Execute " + statement + " | " + shown(arguments[2].get()));
+  script_.step(name() + ".Execute " + statement + " | " + shown(arguments[2].get()));
   require_open();
-  stage_.sent(statement);
-  arguments[1].set(1);
-  return {};
+  AdoScript::Executed executed = script_.executed(statement);
+  arguments[1].set(executed.affected);
+  if (!executed.found) return {};
+  auto recordset = automation::make_object<RecordsetDouble>(script_);
+  static_cast<RecordsetDouble*>(recordset.dispatch())->stand_on(std::move(*executed.found));
+  return recordset;
 }
 
 Value ConnectionDouble::begin(Arguments) {
-  stage_.step(name() + ".BeginTrans");
+  script_.step(name() + ".BeginTrans");
   require_open();
   in_transaction_ = true;
   return 1;
 }
 
 Value ConnectionDouble::commit(Arguments) {
-  stage_.step(name() + ".CommitTrans");
-  if (!in_transaction_ && !stage_.ignores_needless_commits) throw no_transaction;
+  script_.step(name() + ".CommitTrans");
+  if (!in_transaction_ && !script_.ignores_needless_commits) throw no_transaction;
   in_transaction_ = false;
   return {};
 }
 
 Value ConnectionDouble::roll_back(Arguments) {
-  stage_.step(name() + ".RollbackTrans");
+  script_.step(name() + ".RollbackTrans");
   if (!in_transaction_) throw no_transaction;
   in_transaction_ = false;
   return {};
 }
 
 Value ConnectionDouble::close(Arguments) {
-  stage_.step(name() + ".Close");
+  script_.step(name() + ".Close");
   require_open();
   if (in_transaction_) throw in_a_transaction;
   open_ = false;
@@ -168,7 +214,7 @@ Value ConnectionDouble::close(Arguments) {
 }
 
 Value ConnectionDouble::state() {
-  stage_.step(name() + ".State");
+  script_.step(name() + ".State");
   return open_ ? 1 : 0;
 }
 
@@ -177,14 +223,18 @@ Value ConnectionDouble::command_timeout() {
 }
 
 void ConnectionDouble::set_command_timeout(const Value& value) {
-  stage_.step(name() + ".CommandTimeout = " + shown(value));
+  script_.step(name() + ".CommandTimeout = " + shown(value));
 }
 
-RecordsetDouble::RecordsetDouble(Stage& stage) : Named(next_name(stage, "R")), stage_(stage) {
-  stage_.born();
+Value ConnectionDouble::properties() {
+  return automation::make_object<PropertiesDouble>(script_);
+}
+
+RecordsetDouble::RecordsetDouble(AdoScript& script) : Named(next_name(script, "R")), script_(script) {
+  script_.born();
 }
 RecordsetDouble::~RecordsetDouble() {
-  stage_.gone();
+  script_.gone();
 }
 
 const MemberTable<RecordsetDouble>& RecordsetDouble::members() {
@@ -203,6 +253,11 @@ const MemberTable<RecordsetDouble>& RecordsetDouble::members() {
   return table;
 }
 
+void RecordsetDouble::stand_on(Rows rows) {
+  own_rows_ = std::move(rows);
+  rows_ = &own_rows_;
+}
+
 void RecordsetDouble::require_open() const {
   if (!rows_) throw object_closed;
 }
@@ -210,32 +265,31 @@ void RecordsetDouble::require_open() const {
 Value RecordsetDouble::open(Arguments arguments) {
   automation::expect_arguments(arguments, 5, 5);
   const std::string statement = automation::to_text(arguments[0].get());
-  stage_.step(name() + ".Open " + statement + " |" + shown(arguments.subspan(1)));
+  script_.step(name() + ".Open " + statement + " |" + shown(arguments.subspan(1)));
   if (rows_) throw object_open;
   const Object connection = automation::to_object(arguments[1].get());
   const auto* used = dynamic_cast<const ConnectionDouble*>(connection.dispatch());
   if (!used || !used->is_open()) throw connection_unusable;
-  stage_.sent(statement);
-  rows_ = &stage_.rows_of(statement);
+  rows_ = &script_.opened(statement);
   row_ = 0;
   return {};
 }
 
 Value RecordsetDouble::close(Arguments) {
-  stage_.step(name() + ".Close");
+  script_.step(name() + ".Close");
   require_open();
   rows_ = nullptr;
   return {};
 }
 
 Value RecordsetDouble::at_end() {
-  stage_.step(name() + ".EOF", Stage::Line::hidden);
+  script_.step(name() + ".EOF", AdoScript::Line::hidden);
   require_open();
   return row_ >= rows_->rows.size();
 }
 
 Value RecordsetDouble::move(const char* how, std::size_t row) {
-  stage_.step(name() + how);
+  script_.step(name() + how);
   require_open();
   if (rows_->rows.empty()) throw no_current_record;
   row_ = row;
@@ -251,7 +305,7 @@ Value RecordsetDouble::move_last(Arguments) {
 }
 
 Value RecordsetDouble::move_next(Arguments) {
-  stage_.step(name() + ".MoveNext", Stage::Line::hidden);
+  script_.step(name() + ".MoveNext", AdoScript::Line::hidden);
   require_open();
   if (row_ >= rows_->rows.size()) throw no_current_record;
   ++row_;
@@ -259,7 +313,7 @@ Value RecordsetDouble::move_next(Arguments) {
 }
 
 Value RecordsetDouble::fields() {
-  stage_.step(name() + ".Fields", Stage::Line::hidden);
+  script_.step(name() + ".Fields", AdoScript::Line::hidden);
   require_open();
   return automation::make_object<FieldsDouble>(*this);
 }
@@ -269,7 +323,7 @@ Value RecordsetDouble::cursor_location() {
 }
 
 void RecordsetDouble::set_cursor_location(const Value& value) {
-  stage_.step(name() + ".CursorLocation = " + shown(value));
+  script_.step(name() + ".CursorLocation = " + shown(value));
   if (rows_) throw object_open;
   client_side_ = automation::equals_number(value, 3);
 }
@@ -278,7 +332,7 @@ Value RecordsetDouble::use_active_connection(RecordsetDouble& recordset, automat
                                              Arguments arguments) {
   if (access == automation::Access::read) return Object();
   automation::expect_arguments(arguments, 1, 1);
-  recordset.stage_.step(recordset.name() + ".ActiveConnection = " + shown(arguments[0].get()));
+  recordset.script_.step(recordset.name() + ".ActiveConnection = " + shown(arguments[0].get()));
   if (access != automation::Access::put_reference) throw wrong_arguments;
   if (recordset.rows_ && !recordset.client_side_) throw object_open;
   return {};

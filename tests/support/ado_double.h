@@ -1,14 +1,16 @@
 #pragma once
 
 #include "automation/member_table.h"
+#include "tests/support/ado_script.h"
 #include "tests/support/named.h"
-#include "tests/support/stage.h"
 
 namespace tallyra::stage {
 
+// Doubles of ADO's objects, in the states and with the errors of the real ones, that tell a script every call
+// by their names, C1, C2, R1 and so on, and answer what it says.
 class ConnectionDouble : public automation::Implements<ConnectionDouble>, public Named {
  public:
-  explicit ConnectionDouble(Stage& stage);
+  explicit ConnectionDouble(AdoScript& script);
   ~ConnectionDouble() override;
   static const automation::MemberTable<ConnectionDouble>& members();
 
@@ -21,20 +23,21 @@ class ConnectionDouble : public automation::Implements<ConnectionDouble>, public
   automation::Value state();
   automation::Value command_timeout();
   void set_command_timeout(const automation::Value& value);
+  automation::Value properties();
 
   bool is_open() const { return open_; }
 
  private:
   void require_open() const;
 
-  Stage& stage_;
+  AdoScript& script_;
   bool open_ = false;
   bool in_transaction_ = false;
 };
 
 class RecordsetDouble : public automation::Implements<RecordsetDouble>, public Named {
  public:
-  explicit RecordsetDouble(Stage& stage);
+  explicit RecordsetDouble(AdoScript& script);
   ~RecordsetDouble() override;
   static const automation::MemberTable<RecordsetDouble>& members();
 
@@ -51,7 +54,9 @@ class RecordsetDouble : public automation::Implements<RecordsetDouble>, public N
   static automation::Value use_active_connection(RecordsetDouble& recordset, automation::Access access,
                                                  automation::Arguments arguments);
 
-  Stage& stage() { return stage_; }
+  // Is open on these rows, as Execute hands one back.
+  void stand_on(Rows rows);
+  AdoScript& script() { return script_; }
   const Rows& rows() const { return *rows_; }
   automation::Value value_of(std::size_t column) const;
 
@@ -59,8 +64,9 @@ class RecordsetDouble : public automation::Implements<RecordsetDouble>, public N
   void require_open() const;
   automation::Value move(const char* how, std::size_t row);
 
-  Stage& stage_;
+  AdoScript& script_;
   const Rows* rows_ = nullptr;
+  Rows own_rows_;
   bool client_side_ = false;
   std::size_t row_ = 0;
 };

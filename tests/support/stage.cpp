@@ -154,8 +154,14 @@ void Stage::step(const std::string& line, Line kind) {
   if (kind == Line::shown) transcript_ += line + '\n';
 }
 
-void Stage::sent(const std::string& statement) const {
+const Rows& Stage::opened(const std::string& statement) {
   record_statement(class_name_, system_database_, statement);
+  return rows_of(statement);
+}
+
+AdoScript::Executed Stage::executed(const std::string& statement) {
+  record_statement(class_name_, system_database_, statement);
+  return {.affected = 1};
 }
 
 const Rows& Stage::rows_of(const std::string& statement) {
@@ -201,25 +207,6 @@ std::string Stage::issue_document_number() {
   if (issued_numbers_ == document_numbers) return {};
   std::string number = std::to_string(++issued_numbers_);
   return "K" + std::string(number.size() < 3 ? 3 - number.size() : 0, '0') + number;
-}
-
-std::string shown(const Value& value) {
-  if (const auto* object = value.get_if<Object>()) {
-    if (!*object) return "Nothing";
-    if (const auto* named = dynamic_cast<const Named*>(object->dispatch())) return named->name();
-    return "object";
-  }
-  if (value.is_null()) return "Null";
-  if (value.is_missing()) return "missing";
-  if (value.is_empty()) return "Empty";
-  if (value.is_text()) return "'" + automation::to_text(value) + "'";
-  return automation::to_text(value);
-}
-
-std::string shown(automation::Arguments arguments) {
-  std::string text;
-  for (const auto& argument : arguments) text += " " + shown(argument.get());
-  return text;
 }
 
 }  // namespace tallyra::stage

@@ -12,7 +12,9 @@
 #include "automation/error.h"
 #include "automation/local/local_classes.h"
 #include "automation/yield.h"
+#include "tests/support/ado_script.h"
 #include "tests/support/named.h"
+#include "tests/support/shown.h"
 
 // A world outside that records what a business object asks of it: doubles of ADO and of the sibling
 // libraries, in the states and with the errors of the real ones. A test scripts the rows of queries, the
@@ -20,19 +22,13 @@
 // asked that it was not told about fails the test.
 namespace tallyra::stage {
 
-// What a query finds.
-struct Rows {
-  std::vector<std::string> columns;
-  std::vector<std::vector<automation::Value>> rows;
-};
-
-class Stage {
+class Stage : public AdoScript {
  public:
   // The kind of database that the session names.
   // And queries that find nothing.
   explicit Stage(std::string system_database = "MSACCESS",
                  const std::vector<std::string>& finding_nothing = {});
-  ~Stage();
+  ~Stage() override;
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
@@ -63,8 +59,6 @@ class Stage {
   // Another user, or other session values, than the stage begins with.
   std::string user = "TESTER";
   std::string connection_string = "DSN=x";
-  // A data source that takes a commit without a transaction as nothing; ADO's own say that there is none.
-  bool ignores_needless_commits = false;
   // How many document numbers can be issued: K001, K002, ...
   int document_numbers = 1000;
   // How many requests for a number come back empty before one is issued.
@@ -79,8 +73,6 @@ class Stage {
   void clear() { transcript_.clear(); }
   int steps() const { return steps_; }
   int yields() const { return yields_; }
-  // Objects of this stage that are still referred to.
-  int alive() const { return alive_; }
   // Whether the failure that was asked for has happened.
   bool failed() const { return failed_; }
   // And whether the interruption has.
@@ -93,22 +85,20 @@ class Stage {
 
   // For the doubles.
   void note_forms(const std::string& member, automation::Arguments arguments);
-  enum class Line { shown, hidden };
-  void step(const std::string& line, Line kind = Line::shown);
+  using AdoScript::step;
+  void step(const std::string& line, Line kind) override;
   void moment();
-  // A statement that the client made last has sent.
-  void sent(const std::string& statement) const;
-  const Rows& rows_of(const std::string& statement);
-  bool takes_any_query() const { return takes_any_query_; }
+  const Rows& opened(const std::string& statement) override;
+  Executed executed(const std::string& statement) override;
+  bool takes_any_query() const override { return takes_any_query_; }
   const automation::Value& member(const std::string& name) const { return members_.at(name); }
   bool has_member(const std::string& name) const { return members_.contains(name); }
-  int next_number(const std::string& kind) { return ++numbers_[kind]; }
-  void born() { ++alive_; }
-  void gone() { --alive_; }
   // The next document number, empty when there is none left.
   std::string issue_document_number();
 
  private:
+  const Rows& rows_of(const std::string& statement);
+
   struct Failure {
     std::string call;
     automation::Error error;
@@ -121,7 +111,6 @@ class Stage {
   std::string transcript_;
   int steps_ = 0;
   int yields_ = 0;
-  int alive_ = 0;
   int issued_numbers_ = 0;
   bool failed_ = false;
   int failing_step_ = -1;
@@ -139,14 +128,9 @@ class Stage {
   std::map<std::string, automation::Value> members_;
   std::map<std::string, std::string> forms_;
   std::map<std::string, std::string> arguments_;
-  std::map<std::string, int> numbers_;
   std::vector<std::unique_ptr<automation::local::ScopedClass>> classes_;
   automation::ScopedClock clock_;
   automation::ScopedYield yield_;
 };
-
-// An argument as it stands in a transcript: texts in quotes, objects by their names.
-std::string shown(const automation::Value& value);
-std::string shown(automation::Arguments arguments);
 
 }  // namespace tallyra::stage

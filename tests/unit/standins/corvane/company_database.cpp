@@ -1,39 +1,18 @@
 #include "tests/unit/standins/corvane/company_database.h"
 
-#include <fstream>
-
 #include "automation/convert.h"
 #include "automation/create.h"
+#include "company/schema_script.h"
 #include "standins/ado/local_classes.h"
 #include "standins/corvane/database.h"
 #include "standins/corvane/local_classes.h"
 
 namespace tallyra::standins::corvane::testing {
-namespace {
-
-// The statements of a script whose comments are whole lines.
-std::vector<std::string> statements_of(const char* script) {
-  std::ifstream file(script);
-  std::vector<std::string> statements(1);
-  for (std::string line; std::getline(file, line);) {
-    if (line.starts_with("--")) continue;
-    statements.back() += line + '\n';
-    if (line.ends_with(';')) {
-      statements.back().erase(statements.back().rfind(';'));
-      statements.emplace_back();
-    }
-  }
-  statements.pop_back();
-  return statements;
-}
-
-}  // namespace
-
 CompanyDatabase::CompanyDatabase()
     : connection_string_("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";SyncPragma=OFF") {
   ado::register_classes();
   register_classes();
-  run(statements_of(TALLYRA_SCHEMA));
+  run(samples::company::read_schema(TALLYRA_SCHEMA));
 }
 
 std::filesystem::path CompanyDatabase::file() const {

@@ -2,18 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/standins/corvane/scripted_database.h"
+#include "tests/support/answering_database.h"
 
 namespace tallyra::standins::corvane::testing {
 namespace {
 
+using stage::AnsweringDatabase;
+using stage::Reply;
+
 // An SQLite database in /data/x.db, whatever the string, and the files that others lead to.
-class ScriptedSqlite : public ScriptedDatabase {
+class ScriptedSqlite : public AnsweringDatabase {
  public:
   explicit ScriptedSqlite(const std::string& completed)
-      : ScriptedDatabase([this](const std::string& statement) {
+      : AnsweringDatabase([this](const std::string& statement) {
           if (!statement.starts_with("PRAGMA database_list")) return Reply{};
-          const bool keys = log.rfind(".keys") != std::string::npos;
+          const bool keys = log().rfind(".keys") != std::string::npos;
           return Reply{{{{"name", "temp"}, {"file", ""}},
                         {{"name", "main"}, {"file", keys ? "/data/x.db.keys" : "/data/x.db"}}},
                        0};
@@ -22,10 +25,10 @@ class ScriptedSqlite : public ScriptedDatabase {
   }
 };
 
-std::string conversation(ScriptedDatabase& database, const std::string& connection_string) {
+std::string conversation(AnsweringDatabase& database, const std::string& connection_string) {
   const DocumentDatabase documents(connection_string);
   const automation::Object counters = documents.open_counters();
-  return database.log;
+  return database.log();
 }
 
 // What a connection string for the key file looks like.
@@ -33,33 +36,37 @@ std::string key_string(const std::string& connection_string,
                        const std::string& completed = "Timeout=100000") {
   ScriptedSqlite database(completed);
   const std::string log = conversation(database, connection_string);
-  const std::size_t at = log.rfind("Open ") + 5;
-  return log.substr(at, log.find('\n', at) - at);
+  const std::size_t at = log.rfind("Open '") + 6;
+  return log.substr(at, log.find("' '' '' -1\n", at) - at);
 }
 
 TEST(DocumentDatabase, OfSqliteHasItsCountersInAFileBesideIt) {
   ScriptedSqlite database("DSN=stock;Database=/data/x.db;Timeout=700");
   EXPECT_EQ(conversation(database, "DSN=stock"),
-            "Open DSN=stock\n"
-            "PRAGMA database_list\n"
-            "Close\n"
-            "Open DSN=stock;Database=/data/x.db.keys;NoCreat=0\n"
-            "PRAGMA database_list\n");
-  EXPECT_EQ(database.connections, 0);
+            "C1.Open 'DSN=stock' '' '' -1\n"
+            "C1.Execute PRAGMA database_list | 1\n"
+            "R1.Close\n"
+            "C1.Close\n"
+            "C2.Open 'DSN=stock;Database=/data/x.db.keys;NoCreat=0' '' '' -1\n"
+            "C2.Execute PRAGMA database_list | 1\n"
+            "R2.Close\n");
+  EXPECT_EQ(database.alive(), 0);
 }
 
 TEST(DocumentDatabase, OfAnotherEngineHasItsCountersInItself) {
-  ScriptedDatabase database([](const std::string&) { return Reply{}; });
+  AnsweringDatabase database([](const std::string&) { return Reply{}; });
   database.properties = {{"DBMS Name", "PostgreSQL"}};
   EXPECT_EQ(conversation(database, "Driver={my sqlite};Database=erp"),
-            "Open Driver={my sqlite};Database=erp\n");
+            "C1.Open 'Driver={my sqlite};Database=erp' '' '' -1\n");
 }
 
 TEST(DocumentDatabase, InNoFileHasItsCountersInItself) {
-  ScriptedDatabase database([](const std::string&) { return Reply{{{{"name", "main"}, {"file", ""}}}, 0}; });
+  AnsweringDatabase database([](const std::string&) { return Reply{{{{"name", "main"}, {"file", ""}}}, 0}; });
   database.properties = {{"DBMS Name", "SQLite"}, {"Extended Properties", "Timeout=5"}};
   EXPECT_EQ(conversation(database, "DRIVER={SQLite3};Database=:memory:"),
-            "Open DRIVER={SQLite3};Database=:memory:\nPRAGMA database_list\n");
+            "C1.Open 'DRIVER={SQLite3};Database=:memory:' '' '' -1\n"
+            "C1.Execute PRAGMA database_list | 1\n"
+            "R1.Close\n");
 }
 
 TEST(DocumentDatabase, TheKeyFileTakesThePlaceOfTheDatabaseWhereverTheStringNamesIt) {
@@ -107,8 +114,8 @@ TEST(DocumentDatabase, AWaitForALockIsBoundedUnlessTheStringGivesATime) {
     ScriptedSqlite database(row.completed);
     const std::string log = conversation(database, row.connection_string);
     const std::string name = std::string(row.connection_string) + " | " + row.completed;
-    EXPECT_EQ(log.find("\nPRAGMA busy_timeout=30000\n") != std::string::npos, row.bounded) << name;
-    EXPECT_EQ(log.find(";Timeout=30000\n") != std::string::npos, row.bounded) << name;
+    EXPECT_EQ(log.find("Execute PRAGMA busy_timeout=30000 | 1\n") != std::string::npos, row.bounded) << name;
+    EXPECT_EQ(log.find(";Timeout=30000' '' '' -1\n") != std::string::npos, row.bounded) << name;
   }
   EXPECT_EQ(key_string("Extended Properties=\"DSN=stock\""),
             "Extended Properties=\"DSN=stock;Database=/data/x.db.keys;NoCreat=0;Timeout=30000\"");

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "automation/convert.h"
 #include "automation/create.h"
+#include "automation/error.h"
 #include "standins/corvane/local_classes.h"
-#include "tests/unit/standins/corvane/scripted_database.h"
+#include "tests/support/answering_database.h"
 
 namespace tallyra::standins::corvane::testing {
 namespace {
@@ -12,18 +14,20 @@ using automation::Null;
 using automation::Object;
 using automation::ref;
 using automation::Value;
+using stage::AnsweringDatabase;
+using stage::Reply;
 
 const std::string lines = " From STKTRANDT Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where ";
 const std::string last_purchase =
-    "Select Top 1 STKTRANDT.UPRICE As UPRICE" + lines +
+    "C1.Execute Select Top 1 STKTRANDT.UPRICE As UPRICE" + lines +
     "STKTRANDT.PARTNO='A''1' And STKTRANDT.UPRICE Is Not Null And Not STKTRANHD.TRANTYPE<>'STK010POREV' And "
     "STKTRANHD.STATUSSN=1 And STKTRANHD.TRANDT<=#2024/03/31# Order By STKTRANHD.TRANDT Desc,STKTRANHD.TRANNO "
     "Desc,"
-    "STKTRANDT.UPRICE Desc\n";
+    "STKTRANDT.UPRICE Desc | 1\n";
 const std::string purchase_sums =
-    "Select Sum(STKTRANDT.QTY) As QTY,Sum(STKTRANDT.QTY*STKTRANDT.UPRICE) As AMOUNT" + lines +
+    "C1.Execute Select Sum(STKTRANDT.QTY) As QTY,Sum(STKTRANDT.QTY*STKTRANDT.UPRICE) As AMOUNT" + lines +
     "STKTRANDT.PARTNO='A''1' And STKTRANDT.UPRICE Is Not Null And Not STKTRANHD.TRANTYPE<>'STK010POREV' And "
-    "STKTRANHD.STATUSSN=1 And STKTRANHD.TRANDT>#2024/02/29# And STKTRANHD.TRANDT<=#2024/03/31#\n";
+    "STKTRANHD.STATUSSN=1 And STKTRANHD.TRANDT>#2024/02/29# And STKTRANHD.TRANDT<=#2024/03/31# | 1\n";
 
 double price(const Object& connection, const char* member) {
   register_classes();
@@ -34,28 +38,30 @@ double price(const Object& connection, const char* member) {
 }
 
 TEST(CostStatement, TheLastPriceTakesOneQuery) {
-  ScriptedDatabase database([](const std::string&) { return Reply{{{{"UPRICE", 2.5}}}, 0}; });
+  AnsweringDatabase database([](const std::string&) { return Reply{{{{"UPRICE", 2.5}}}, 0}; });
   EXPECT_EQ(price(database.connection(), "GetLastUprice"), 2.5);
-  EXPECT_EQ(database.log, last_purchase);
+  EXPECT_EQ(database.log(), last_purchase + "R1.Close\n");
 }
 
 TEST(CostStatement, AnAverageTakesOneQueryAndItsFallbackAnother) {
-  ScriptedDatabase with_receipts([](const std::string&) { return Reply{{{{"QTY", 4}, {"AMOUNT", 10}}}, 0}; });
+  AnsweringDatabase with_receipts([](const std::string&) {
+    return Reply{{{{"QTY", 4}, {"AMOUNT", 10}}}, 0};
+  });
   EXPECT_EQ(price(with_receipts.connection(), "GetAvgUprice"), 2.5);
-  EXPECT_EQ(with_receipts.log, purchase_sums);
+  EXPECT_EQ(with_receipts.log(), purchase_sums + "R1.Close\n");
 
-  ScriptedDatabase without([](const std::string& statement) {
+  AnsweringDatabase without([](const std::string& statement) {
     return statement.starts_with("Select Sum") ? Reply{{{{"QTY", Null{}}, {"AMOUNT", Null{}}}}, 0} : Reply{};
   });
   EXPECT_EQ(price(without.connection(), "GetAvgUprice"), 0);
-  EXPECT_EQ(without.log, purchase_sums + last_purchase);
+  EXPECT_EQ(without.log(), purchase_sums + "R1.Close\n" + last_purchase + "R2.Close\n");
 }
 
 // The caller relies on the end of its connection to discard what it has not committed.
 TEST(CostStatement, NothingKeepsTheConnectionAliveAfterwards) {
   register_classes();
   const Object system = automation::create("Corvane.CSystem");
-  ScriptedDatabase database([](const std::string& statement) -> Reply {
+  AnsweringDatabase database([](const std::string& statement) -> Reply {
     if (statement.find("A2") != std::string::npos) throw Error(-1, "broken");
     return {};
   });
@@ -65,11 +71,11 @@ TEST(CostStatement, NothingKeepsTheConnectionAliveAfterwards) {
     system.call("GetPartCost", "A1", "'2024/03/31'", "'2024/02/29'", 1.0, connection);
     EXPECT_THROW(system.call("GetPartCost", "A2", "'2024/03/31'", "'2024/02/29'", 1.0, connection), Error);
   }
-  EXPECT_EQ(database.connections, 0);
+  EXPECT_EQ(database.alive(), 0);
 }
 
 TEST(CostStatement, ErrorsReachTheCallerAsTheyAre) {
-  ScriptedDatabase database([](const std::string&) -> Reply { throw Error(-2147217900, "syntax error"); });
+  AnsweringDatabase database([](const std::string&) -> Reply { throw Error(-2147217900, "syntax error"); });
   const Object connection = database.connection();
   for (const char* member : {"GetLastUprice", "GetAvgUprice"}) {
     try {

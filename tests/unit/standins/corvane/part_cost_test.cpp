@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "automation/convert.h"
+#include "automation/error.h"
+#include "tests/support/answering_database.h"
 #include "tests/unit/standins/corvane/part_cost_fixture.h"
-#include "tests/unit/standins/corvane/scripted_database.h"
 
 namespace tallyra::standins::corvane::testing {
 namespace {
@@ -12,6 +11,8 @@ namespace {
 using automation::Object;
 using automation::ref;
 using automation::Value;
+using stage::AnsweringDatabase;
+using stage::Reply;
 
 TEST_F(PartCost, APartThatWasNeverReceivedCostsNothing) {
   EXPECT_EQ(last("P"), 0);
@@ -154,19 +155,17 @@ TEST_F(PartCost, ReadsWithinTheCallersTransaction) {
 // Thousands of parts are asked for one after another: every statement must start from the part, however many
 // documents there are of one type.
 TEST_F(PartCost, EveryStatementLooksUpThePartFirst) {
-  std::string statements;
+  std::vector<std::string> statements;
   {
-    ScriptedDatabase script([](const std::string&) { return Reply{}; });
+    AnsweringDatabase script([](const std::string&) { return Reply{}; });
     connection = script.connection();
     average("P");
     produced("P");
-    statements = script.log;
+    statements = script.statements();
     connection = {};
   }
   connection = database.open();
-  int count = 0;
-  std::istringstream lines(statements);
-  for (std::string statement; std::getline(lines, statement); ++count) {
+  for (const auto& statement : statements) {
     Value affected;
     const Object plan = automation::to_object(
         connection.call("Execute", "EXPLAIN QUERY PLAN " + statement, ref(affected), -1));
@@ -176,7 +175,7 @@ TEST_F(PartCost, EveryStatementLooksUpThePartFirst) {
     EXPECT_NE(step.find("STKTRANDT_BY_PART (PARTNO=?)"), std::string::npos) << statement << '\n' << step;
     plan.call("Close");
   }
-  EXPECT_EQ(count, 4);
+  EXPECT_EQ(statements.size(), 4U);
 }
 
 }  // namespace

@@ -4,14 +4,17 @@
 #include "automation/create.h"
 #include "automation/error.h"
 #include "standins/corvane/local_classes.h"
+#include "tests/support/answering_database.h"
 #include "tests/unit/standins/corvane/company_database.h"
-#include "tests/unit/standins/corvane/scripted_database.h"
 
 namespace tallyra::standins::corvane::testing {
 namespace {
 
 using automation::Object;
 using automation::Value;
+using stage::AnsweringDatabase;
+using stage::Reply;
+using stage::Row;
 
 constexpr const char* members[] = {"CanInsert",     "CanUpdate", "CanDelete",   "CanApproved",
                                    "CanUnapproved", "CanCancel", "CanFinished", "Owner"};
@@ -116,7 +119,7 @@ Row full_rights(const char* user, const char* code, const Value& right) {
 
 std::string rights_from(std::vector<Row> rows) {
   register_classes();
-  ScriptedDatabase database([&](const std::string&) { return Reply{rows, 0}; });
+  AnsweringDatabase database([&](const std::string&) { return Reply{rows, 0}; });
   const Object power_check = automation::create("Corvane.CPowerCheck");
   power_check.put("UserID", "ANNA");
   power_check.call("PowerCheck", "X");
