@@ -40,14 +40,14 @@ TEST(MonthClose, TheWholeRunOnAccess) {
   MonthCloseStage company("MSACCESS");
   EXPECT_EQ(company.close(), done);
   EXPECT_EQ(company.stage.transcript(),
-            stage::approved("close/stock_close_insert.access.txt", company.stage.transcript()));
+            stage::approved("transcript/close/stock_close_insert.access.txt", company.stage.transcript()));
 }
 
 TEST(MonthClose, TheWholeRunOnSqlServer) {
   MonthCloseStage company("MSSQLSERVER");
   EXPECT_EQ(company.close(), done);
   EXPECT_EQ(company.stage.transcript(),
-            stage::approved("close/stock_close_insert.sqlserver.txt", company.stage.transcript()));
+            stage::approved("transcript/close/stock_close_insert.sqlserver.txt", company.stage.transcript()));
 }
 
 TEST(MonthClose, EveryOtherKindIsWrittenAsSqlServer) {

@@ -40,15 +40,16 @@ TEST(CheckPosting, TheWholeApprovalOnAccess) {
   prepare(check);
   EXPECT_EQ(check.approve(), posted);
   EXPECT_EQ(check.stage.transcript(),
-            stage::approved("stockcheck/check_head_posting.access.txt", check.stage.transcript()));
+            stage::approved("transcript/stockcheck/check_head_posting.access.txt", check.stage.transcript()));
 }
 
 TEST(CheckPosting, TheWholeApprovalOnSqlServer) {
   StocktakingStage check("MSSQLSERVER");
   prepare(check);
   EXPECT_EQ(check.approve(), posted);
-  EXPECT_EQ(check.stage.transcript(),
-            stage::approved("stockcheck/check_head_posting.sqlserver.txt", check.stage.transcript()));
+  EXPECT_EQ(
+      check.stage.transcript(),
+      stage::approved("transcript/stockcheck/check_head_posting.sqlserver.txt", check.stage.transcript()));
 }
 
 TEST(CheckPosting, AKindThatIsNotNamedGetsQuotes) {

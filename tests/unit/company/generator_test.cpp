@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "tests/unit/company/company_folder.h"
-#include "tests/unit/schema/stock_statements.h"
 
 namespace {
 

@@ -63,17 +63,6 @@ class RewrittenForSqlite : public testing::Test {
   standins::ado::dialect::SqliteDialect dialect_{columns_};
 };
 
-TEST_F(RewrittenForSqlite, EveryComponentStatementRuns) {
-  for (const ComponentStatement& statement : component_statements())
-    for (const char delimiter : {'#', '\''}) {
-      const std::string sql = in_form(statement.text, delimiter);
-      fill();
-      const std::string outcome = run(sql);
-      EXPECT_EQ(outcome.starts_with("!"), statement.refused) << sql << '\n' << outcome;
-      engine_.roll_back();
-    }
-}
-
 TEST_F(RewrittenForSqlite, DatesAreStoredInOneForm) {
   fill();
   EXPECT_EQ(run("Select Distinct TRANDT From STKTRANHD Order By TRANDT"),

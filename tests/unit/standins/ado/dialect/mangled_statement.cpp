@@ -1,11 +1,8 @@
 #include "tests/unit/standins/ado/dialect/mangled_statement.h"
 
-#include <algorithm>
 #include <array>
 #include <regex>
 #include <utility>
-
-#include "tests/unit/standins/ado/dialect/component_statements.h"
 
 namespace tallyra::tests::dialect {
 namespace {
@@ -24,17 +21,13 @@ MangledStatement::Piece MangledStatement::date(std::string_view text) {
   return {'#' + std::string(text) + '#', " 45382.5 "};
 }
 
-MangledStatement::MangledStatement(std::string_view statement, char date_delimiter) {
-  cut(date_delimiter == '#' ? std::string(statement) : in_form(statement, date_delimiter));
-}
-
-void MangledStatement::cut(std::string_view statement) {
+MangledStatement::MangledStatement(std::string_view statement) {
   // One sign each for what is one piece.
   static const std::pair<std::regex, Piece> wholes[] = {
       {std::regex("^top \\d+ ", std::regex::icase), {"", "All "}},
       {std::regex("^delete \\*", std::regex::icase), {"", "Delete "}},
       {std::regex("^delete STKTRANDT\\.\\*", std::regex::icase), {"", "Select STKTRANDT.*"}},
-      {std::regex("^@[^@]*@"), {"", " 45382.5 "}},
+      {std::regex("^#[^#]*#"), {"", " 45382.5 "}},
       {std::regex("^[A-Za-z0-9_]+"), {"", ""}},
       {std::regex("^[^A-Za-z0-9_]"), {"", ""}},
   };
@@ -42,9 +35,8 @@ void MangledStatement::cut(std::string_view statement) {
     for (const auto& [pattern, piece] : wholes) {
       std::cmatch match;
       if (!std::regex_search(statement.data(), statement.data() + statement.size(), match, pattern)) continue;
-      std::string sent = match.str();
+      const std::string sent = match.str();
       statement.remove_prefix(sent.size());
-      std::replace(sent.begin(), sent.end(), '@', '#');
       pieces_.push_back({sent, piece.engine.empty() ? sent : piece.engine});
       break;
     }

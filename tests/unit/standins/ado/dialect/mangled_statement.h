@@ -18,8 +18,8 @@ namespace tallyra::tests::dialect {
 //   Delete T.*     Select T.*
 class MangledStatement {
  public:
-  // `@` delimits dates, as in `ComponentStatement`. In the SQL Server form they are pieces like any text.
-  MangledStatement(std::string_view statement, char date_delimiter);
+  // Dates between # are one piece; in the SQL Server form they are pieces like any text.
+  explicit MangledStatement(std::string_view statement);
 
   // Takes pieces away, doubles, swaps and replaces them, puts others in between, or cuts the rest off.
   void mangle(std::mt19937& random);
@@ -35,7 +35,6 @@ class MangledStatement {
 
   static Piece date(std::string_view text);
   static Piece junk(std::mt19937& random);
-  void cut(std::string_view statement);
   void mangle_once(std::mt19937& random);
 
   std::vector<Piece> pieces_;
