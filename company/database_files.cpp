@@ -39,9 +39,13 @@ GrowingFile::GrowingFile(const std::string& database, bool replace)
 }
 
 GrowingFile::~GrowingFile() {
+  remove_database_quietly(growing_);
+}
+
+void remove_database_quietly(const std::string& database) noexcept {
   for (const char* ending : endings) {
     std::error_code ignored;
-    fs::remove(growing_ + ending, ignored);
+    fs::remove(database + ending, ignored);
   }
 }
 

@@ -26,4 +26,7 @@ class GrowingFile {
   std::string growing_;
 };
 
+// Removes a database with the files beside it, as far as that can be done.
+void remove_database_quietly(const std::string& database) noexcept;
+
 }  // namespace tallyra::samples::company

@@ -7,6 +7,7 @@
 #include "company/schema_script.h"
 #include "company/settings.h"
 #include "company/stocktaking.h"
+#include "schema/script.h"
 
 namespace tallyra::samples::company {
 namespace {
@@ -51,7 +52,8 @@ std::vector<TableCount> count_rows(Database& database) {
 
 std::vector<TableCount> generate(const Options& options, const Progress& progress) {
   check(options);
-  const auto schema = read_schema(options.schema);
+  const auto script = options.schema.empty() ? statements_of(schema::create_script(schema::Engine::sqlite))
+                                             : read_schema(options.schema);
   GrowingFile file(options.database, options.replace);
   std::vector<TableCount> counts;
   {
@@ -63,7 +65,7 @@ std::vector<TableCount> generate(const Options& options, const Progress& progres
     database.execute("PRAGMA cache_size=-131072");
     database.begin();
     std::string journal_mode;
-    for (const std::string& statement : schema) {
+    for (const std::string& statement : script) {
       if (statement.starts_with("PRAGMA journal_mode")) {
         journal_mode = statement;
       } else if (!creates_index(statement)) {
@@ -71,7 +73,7 @@ std::vector<TableCount> generate(const Options& options, const Progress& progres
       }
     }
     fill(options, database, progress);
-    for (const std::string& statement : schema) {
+    for (const std::string& statement : script) {
       if (creates_index(statement)) database.execute(statement);
     }
     database.commit();

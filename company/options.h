@@ -11,7 +11,7 @@ namespace tallyra::samples::company {
 // machine.
 struct Options {
   std::string database;  // path of the database file to create
-  std::string schema;    // path of the create script
+  std::string schema;    // path of another create script than the built-in one; may be empty
   int departments = 6;
   int parts = 300;
   int lines = 20'000;  // exact number of stock movement lines

@@ -34,7 +34,7 @@ const EngineWords access_words{
         "-- bytes, as the month close compares them itself: digits and upper case letters without accents.\n"
         "-- There are no partial indexes, so that no document number comes twice is left to who issues "
         "them.\n",
-    .settings = {},
+    .setting = {},
     .type = type,
     .check = no_check,
     .stored_by_key = {},

@@ -10,8 +10,8 @@ namespace tallyra::schema {
 
 // All in which the engines differ, a file each.
 struct EngineWords {
-  std::string_view heading;   // what a reader of the script should know, in comment lines
-  std::string_view settings;  // statements before the first table, may be empty
+  std::string_view heading;  // what a reader of the script should know, in comment lines
+  std::string_view setting;  // a statement before the first table, may be empty
   std::string (*type)(const Column&);
   // What the engine checks of a value, with a blank in front; empty when its type is enough.
   std::string (*check)(const Column&);

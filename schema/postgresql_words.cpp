@@ -41,7 +41,7 @@ const EngineWords postgresql_words{
         "-- varchar, for which they count. Dates are whole seconds; those that statements compare refuse "
         "what\n"
         "-- no client can hold: infinity, years before 100 and after 9999.\n",
-    .settings = {},
+    .setting = {},
     .type = type,
     .check = check,
     .stored_by_key = {},

@@ -77,6 +77,11 @@ const EngineWords& words_of(Engine engine) {
   return sqlite_words;
 }
 
+std::vector<std::string> settings(Engine engine) {
+  const std::string_view setting = words_of(engine).setting;
+  return setting.empty() ? std::vector<std::string>() : std::vector<std::string>{std::string(setting)};
+}
+
 bool in_database(Engine engine, const Table& table) {
   return table.name != number_table || words_of(engine).numbers_in_database;
 }
@@ -139,7 +144,7 @@ std::string create_script(Engine engine) {
       std::string(words.heading) +
       "--\n"
       "-- Written by scripts/generate.sh from the description in this folder; change that.\n\n";
-  if (!words.settings.empty()) script += std::string(words.settings) + "\n";
+  for (const std::string& setting : settings(engine)) script += setting + ";\n\n";
   script += tables_part(engine) + indexes_part(engine);
   const auto statistics = planner_statements(engine);
   if (!statistics.empty()) {

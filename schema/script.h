@@ -22,6 +22,9 @@ std::string create_script(Engine engine);
 // document numbers stand in a file of their own beside it.
 bool in_database(Engine engine, const Table& table);
 
+// What a new database is told before it gets its first table, outside of a transaction.
+std::vector<std::string> settings(Engine engine);
+
 std::string create_table(Engine engine, const Table& table);
 std::string create_index(Engine engine, const Table& table, const Index& index);
 std::string add_column(Engine engine, const Table& table, const Column& column);

@@ -32,7 +32,7 @@ const EngineWords sqlite_words{
         "-- one. Texts are compared byte by byte; where trailing blanks do not count, COLLATE RTRIM says "
         "so.\n"
         "-- Lengths are not enforced.\n",
-    .settings = "PRAGMA journal_mode=WAL;\n",
+    .setting = "PRAGMA journal_mode=WAL",
     .type = type,
     .check = check,
     .stored_by_key = " WITHOUT ROWID",

@@ -36,7 +36,7 @@ const EngineWords sqlserver_words{
         "-- as statements quote texts without N. The users' language must read 2024/01/31 as a day of "
         "January\n"
         "-- (us_english does).\n",
-    .settings = {},
+    .setting = {},
     .type = type,
     .check = no_check,
     .stored_by_key = {},

@@ -1,0 +1,62 @@
+#include "company/source_check.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "automation/convert.h"
+#include "company/options.h"
+#include "company/schema_upgrade.h"
+
+namespace tallyra::samples::company {
+namespace {
+
+void check_columns(const AdoConnection& source, const schema::Table& table) {
+  std::set<std::string, std::less<>> there;
+  for (const std::string& column : source.columns_of(table.name)) there.insert(column);
+  const std::string name(table.name);
+  for (const schema::Column& column : table.columns) {
+    if (there.erase(std::string(column.name)) == 0) {
+      throw Refusal("the source has no " + name + "." + std::string(column.name) +
+                    "; bring it up to date with --schema-only first");
+    }
+  }
+  if (!there.empty()) {
+    throw Refusal("the source has a column " + name + "." + *there.begin() +
+                  ", which is not one of this system and would be lost");
+  }
+}
+
+}  // namespace
+
+void refuse_missing_file(const DatabasePlace& place) {
+  if (place.file.empty() || std::filesystem::exists(place.file)) return;
+  throw Refusal("there is no database '" + place.file + "'");
+}
+
+void check_source(const AdoConnection& source) {
+  if (source.engine() != schema::Engine::sqlite) throw Refusal("only an SQLite database can be copied from");
+  const SchemaUpgrade version(source);
+  std::set<std::string, std::less<>> there;
+  for (const auto& row :
+       source.rows("SELECT upper(name) FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite~_%' "
+                   "ESCAPE '~'")) {
+    there.insert(automation::to_text(row[0]));
+  }
+  there.erase(std::string(schema::version_table));
+  for (const schema::Table& table : schema::tables()) {
+    if (table.name == schema::version_table || table.name == schema::number_table) continue;
+    if (there.erase(std::string(table.name)) != 0) {
+      check_columns(source, table);
+    } else {
+      throw Refusal("the source has no table " + std::string(table.name) +
+                    "; bring it up to date with --schema-only first");
+    }
+  }
+  if (!there.empty()) {
+    throw Refusal("the source has a table " + *there.begin() +
+                  ", which is not one of this system and would be left behind");
+  }
+}
+
+}  // namespace tallyra::samples::company

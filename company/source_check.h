@@ -1,0 +1,17 @@
+#pragma once
+
+#include "company/ado_connection.h"
+#include "company/database_place.h"
+
+namespace tallyra::samples::company {
+
+// Both throw Refusal, so that nothing is left behind unsaid when a database is copied.
+
+// For an SQLite file that is not there, which opening would make.
+void refuse_missing_file(const DatabasePlace& place);
+
+// For a database that is not SQLite's, is newer than this program, or whose tables and columns are not
+// exactly those of the description.
+void check_source(const AdoConnection& source);
+
+}  // namespace tallyra::samples::company

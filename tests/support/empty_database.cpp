@@ -1,0 +1,76 @@
+#include "tests/support/empty_database.h"
+
+#include <cstdlib>
+#include <random>
+
+#include "automation/create.h"
+#include "automation/object.h"
+#include "standins/ado/local_classes.h"
+#include "standins/corvane/connection_string.h"
+#include "tests/support/test_folder.h"
+
+namespace tallyra::tests {
+namespace {
+
+class SqliteDatabase : public EmptyDatabase {
+ public:
+  explicit SqliteDatabase(std::unique_ptr<TestFolder> folder)
+      : EmptyDatabase("DRIVER={SQLite3};Database=" + folder->file("empty.db") +
+                      ";SyncPragma=OFF;Timeout=2000"),
+        folder_(std::move(folder)) {}
+
+ private:
+  std::unique_ptr<TestFolder> folder_;
+};
+
+std::string with_database(const std::string& connection_string, const std::string& name) {
+  standins::corvane::ConnectionString parts(connection_string);
+  parts.set("Database", name);
+  return parts.text();
+}
+
+class PostgresqlDatabase : public EmptyDatabase {
+ public:
+  PostgresqlDatabase(const std::string& server, const std::string& name)
+      : EmptyDatabase(with_database(server, name)), server_(server), name_(name) {
+    on_server("CREATE DATABASE " + name_ + " ENCODING 'UTF8' TEMPLATE template0");
+  }
+  ~PostgresqlDatabase() override {
+    try {
+      on_server("DROP DATABASE " + name_ + " WITH (FORCE)");
+    } catch (const std::exception&) {
+      // It stays on a server that is there for tests.
+    }
+  }
+
+ private:
+  void on_server(const std::string& statement) const {
+    const automation::Object connection = automation::create("ADODB.Connection");
+    connection.call("Open", server_);
+    connection.call("Execute", statement);
+    connection.call("Close");
+  }
+
+  std::string server_;
+  std::string name_;
+};
+
+std::unique_ptr<EmptyDatabase> empty_sqlite() {
+  standins::ado::register_classes();
+  return std::make_unique<SqliteDatabase>(std::make_unique<TestFolder>());
+}
+
+std::unique_ptr<EmptyDatabase> empty_postgresql() {
+  const char* const server = std::getenv("TALLYRA_POSTGRES");
+  if (!server) return nullptr;
+  standins::ado::register_classes();
+  return std::make_unique<PostgresqlDatabase>(server,
+                                              "tallyra_test_" + std::to_string(std::random_device()()));
+}
+
+}  // namespace
+
+const TestedEngine sqlite_engine{"SQLite", empty_sqlite};
+const TestedEngine postgresql_engine{"PostgreSQL", empty_postgresql};
+
+}  // namespace tallyra::tests

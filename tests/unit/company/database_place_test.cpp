@@ -1,0 +1,62 @@
+#include "company/database_place.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "company/options.h"
+#include "tests/support/test_folder.h"
+
+namespace {
+
+using namespace tallyra::samples::company;
+using tallyra::tests::TestFolder;
+
+TEST(DatabasePlace, APathIsAnSqliteFile) {
+  const DatabasePlace place("some/company.db");
+  EXPECT_EQ(place.connection_string, "DRIVER={SQLite3};Database=some/company.db");
+  EXPECT_EQ(place.file, "some/company.db");
+}
+
+TEST(DatabasePlace, AConnectionStringIsTakenAsItIs) {
+  for (const char* text : {"DSN=stock", "DRIVER={PostgreSQL Unicode};Servername=db;Database=stock"}) {
+    EXPECT_EQ(DatabasePlace(text).connection_string, text);
+    EXPECT_EQ(DatabasePlace(text).file, "") << text;
+  }
+  EXPECT_EQ(DatabasePlace("driver=sqlite3;Timeout=5;database=/srv/c.db").file, "/srv/c.db");
+}
+
+TEST(DatabasePlace, AFileThatIsThereMayHaveAnEqualsSignInItsName) {
+  const TestFolder folder;
+  const std::string file = folder.file("year=2024.db");
+  std::ofstream(file) << "";
+  EXPECT_EQ(DatabasePlace(file).file, file);
+}
+
+TEST(DatabasePlace, NothingAndAFolderAreRefused) {
+  EXPECT_THROW(DatabasePlace(""), Refusal);
+  EXPECT_THROW(DatabasePlace(TestFolder().path()), Refusal);
+}
+
+TEST(PresentFile, AFileThatItMadeGoesAgainUnlessItIsKept) {
+  const TestFolder folder;
+  const std::string file = folder.file("new.db");
+  {
+    const PresentFile made(file);
+    EXPECT_TRUE(std::filesystem::exists(file));
+    std::ofstream(file + "-wal") << "x";
+  }
+  EXPECT_FALSE(std::filesystem::exists(file));
+  EXPECT_FALSE(std::filesystem::exists(file + "-wal"));
+  PresentFile(file).keep();
+  EXPECT_TRUE(std::filesystem::exists(file));
+  { const PresentFile found(file); }
+  EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+TEST(PresentFile, WithoutAFolderThereIsNoFile) {
+  EXPECT_THROW(PresentFile("/nowhere/at/all.db"), Refusal);
+}
+
+}  // namespace
