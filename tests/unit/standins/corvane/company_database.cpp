@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/create.h"
 #include "company/schema_script.h"
+#include "company/schema_upgrade.h"
 #include "standins/ado/local_classes.h"
 #include "standins/corvane/database.h"
 #include "standins/corvane/local_classes.h"
@@ -13,6 +14,12 @@ CompanyDatabase::CompanyDatabase()
   ado::register_classes();
   register_classes();
   run(samples::company::read_schema(TALLYRA_SCHEMA));
+}
+
+CompanyDatabase::CompanyDatabase(std::unique_ptr<tests::EmptyDatabase> empty)
+    : given_(std::move(empty)), connection_string_(given_->connection_string()) {
+  register_classes();
+  samples::company::upgrade_schema(connection_string_);
 }
 
 std::filesystem::path CompanyDatabase::file() const {

@@ -1,25 +1,30 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "automation/object.h"
 #include "automation/value.h"
+#include "tests/support/empty_database.h"
 #include "tests/support/test_folder.h"
 
 namespace tallyra::standins::corvane::testing {
 
-// A company's database in a file of its own, empty but for its tables; the file goes with the object, and the
-// key file beside it. Registers the classes of this library and of ADO.
+// A company's database, empty but for its tables, which goes with the object: an SQLite file of its own and
+// the key file beside it, or a given database of any engine. Registers the classes of this library and of
+// ADO.
 class CompanyDatabase {
  public:
   CompanyDatabase();
+  explicit CompanyDatabase(std::unique_ptr<tests::EmptyDatabase> empty);
   CompanyDatabase(const CompanyDatabase&) = delete;
   CompanyDatabase& operator=(const CompanyDatabase&) = delete;
 
   const std::string& connection_string() const { return connection_string_; }
+  // Of the SQLite file alone.
   std::filesystem::path file() const;
   std::filesystem::path key_file() const;
 
@@ -38,6 +43,7 @@ class CompanyDatabase {
 
  private:
   tests::TestFolder folder_;
+  std::unique_ptr<tests::EmptyDatabase> given_;
   std::string connection_string_;
 };
 

@@ -4,10 +4,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <set>
 #include <thread>
 
 #include "automation/convert.h"
+#include "tests/support/empty_database.h"
+#include "tests/support/test_folder.h"
 #include "tests/unit/standins/corvane/company_database.h"
 
 namespace tallyra::standins::corvane::testing {
@@ -33,29 +36,35 @@ void expect_all_numbers(const std::vector<std::vector<std::string>>& taken) {
   EXPECT_EQ(*numbers.rbegin(), "027CLOSE000000" + std::to_string(takers * numbers_each));
 }
 
-class KeyRace : public ::testing::Test {
+class KeyRace : public ::testing::TestWithParam<tests::TestedEngine> {
  protected:
   // The database is being written all the while.
-  KeyRace() {
+  void SetUp() override {
+    auto empty = GetParam().empty_database();
+    if (!empty) GTEST_SKIP() << "there is no " << GetParam().name << " server here";
+    database.emplace(std::move(empty));
+    writer = database->open();
     Value affected;
     writer.call("BeginTrans");
     writer.call("Execute", "Insert Into REVADDR(ADDRNO) Values('A1')", ref(affected), -1);
   }
-  ~KeyRace() override {
+  void TearDown() override {
+    if (!database) return;
     writer.call("RollbackTrans");
     writer.call("Close");
   }
 
-  CompanyDatabase database;
-  Object writer = database.open();
+  std::optional<CompanyDatabase> database;
+  tests::TestFolder folder;
+  Object writer;
 };
 
-TEST_F(KeyRace, ThreadsNeverGetTheSameNumber) {
+TEST_P(KeyRace, ThreadsNeverGetTheSameNumber) {
   std::vector<std::vector<std::string>> taken(takers);
   std::vector<std::thread> threads;
   for (auto& list : taken)
     threads.emplace_back([&] {
-      const Object system = database.system();
+      const Object system = database->system();
       for (int i = 0; i < numbers_each; ++i) {
         Value key;
         if (system.call("GetTableKeyID", "STK027CLOSE", "TRANNO", ref(key)) == Value(1))
@@ -68,14 +77,14 @@ TEST_F(KeyRace, ThreadsNeverGetTheSameNumber) {
   expect_all_numbers(taken);
 }
 
-TEST_F(KeyRace, ProcessesNeverGetTheSameNumber) {
+TEST_P(KeyRace, ProcessesNeverGetTheSameNumber) {
   std::vector<std::vector<std::string>> taken(takers);
   std::vector<std::thread> threads;
   for (int i = 0; i < takers; ++i)
     threads.emplace_back([&, i] {
-      const std::string file = database.key_file().string() + "." + std::to_string(i);
+      const std::string file = folder.file(std::to_string(i));
       std::string command = '"' + std::filesystem::path(TALLYRA_KEY_TAKER).make_preferred().string() +
-                            "\" \"" + database.connection_string() + "\" " + std::to_string(numbers_each) +
+                            "\" \"" + database->connection_string() + "\" " + std::to_string(numbers_each) +
                             " \"" + file + '"';
 #ifdef _WIN32
       // Its shell takes the outermost quotes away.
@@ -88,6 +97,9 @@ TEST_F(KeyRace, ProcessesNeverGetTheSameNumber) {
   for (auto& thread : threads) thread.join();
   expect_all_numbers(taken);
 }
+
+INSTANTIATE_TEST_SUITE_P(SQLite, KeyRace, ::testing::Values(tests::sqlite_engine));
+INSTANTIATE_TEST_SUITE_P(PostgreSQL, KeyRace, ::testing::Values(tests::postgresql_engine));
 
 }  // namespace
 }  // namespace tallyra::standins::corvane::testing
