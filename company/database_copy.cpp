@@ -42,6 +42,14 @@ class Copy {
     });
   }
 
+  // The first statements come before a server gets round to counting by itself.
+  void gather_statistics() const {
+    for (const Move& move : moves_) {
+      const std::string statement = schema::gather_statistics(move.to->engine(), *move.table);
+      if (!statement.empty()) move.to->execute(statement);
+    }
+  }
+
   // Throws Refusal with all tables that differ.
   void compare() {
     std::string differing;
@@ -101,7 +109,7 @@ std::vector<TableCount> copy_database(const std::string& from, const std::string
                                       const CopyProgress& progress) {
   const DatabasePlace source_place(from);
   const DatabasePlace target_place(to);
-  refuse_missing_file(source_place);
+  check_files(source_place, target_place);
   PresentFile target_file(target_place.file);
   const AdoConnection source(source_place.connection_string);
   const AdoConnection target(target_place.connection_string);
@@ -119,6 +127,7 @@ std::vector<TableCount> copy_database(const std::string& from, const std::string
   if (numbers.issued()) copy.add(number_counters_table(), numbers.source(), numbers.target());
   copy.copy();
   upgrade.add_the_rest();
+  copy.gather_statistics();
   copy.compare();
   target.commit();
   target_file.keep();

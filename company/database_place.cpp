@@ -36,6 +36,8 @@ DatabasePlace::DatabasePlace(const std::string& text) {
   if (fs::is_directory(text)) throw Refusal("'" + text + "' is a folder");
   standins::corvane::ConnectionString parts("DRIVER={SQLite3}");
   parts.set("Database", text);
+  // Without it the driver waits for whoever holds the lock longer than a person would.
+  parts.set("Timeout", "10000");
   connection_string = parts.text();
   file = text;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <set>
+#include <system_error>
 
 #include "automation/convert.h"
 #include "company/options.h"
@@ -29,9 +30,14 @@ void check_columns(const AdoConnection& source, const schema::Table& table) {
 
 }  // namespace
 
-void refuse_missing_file(const DatabasePlace& place) {
-  if (place.file.empty() || std::filesystem::exists(place.file)) return;
-  throw Refusal("there is no database '" + place.file + "'");
+void check_files(const DatabasePlace& source, const DatabasePlace& target) {
+  namespace fs = std::filesystem;
+  if (source.file.empty()) return;
+  if (!fs::exists(source.file)) throw Refusal("there is no database '" + source.file + "'");
+  std::error_code none_there;
+  if (!target.file.empty() && fs::equivalent(source.file, target.file, none_there)) {
+    throw Refusal("'" + source.file + "' cannot be copied into itself");
+  }
 }
 
 void check_source(const AdoConnection& source) {

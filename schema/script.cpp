@@ -133,6 +133,10 @@ std::vector<std::string> planner_statements(Engine engine) {
   return {analyze, insert, analyze};
 }
 
+std::string gather_statistics(Engine engine, const Table& table) {
+  return engine == Engine::postgresql ? "ANALYZE " + std::string(table.name) : std::string();
+}
+
 std::string insert_version() {
   return "INSERT INTO " + std::string(version_table) + "(" + std::string(version_column) + ") VALUES(" +
          std::to_string(version) + ")";

@@ -33,6 +33,9 @@ std::string add_column(Engine engine, const Table& table, const Column& column);
 // plans. Nothing for an engine that gathers its statistics itself.
 std::vector<std::string> planner_statements(Engine engine);
 
+// Has the engine count what is in a table that was filled at once; empty where planner_statements do instead.
+std::string gather_statistics(Engine engine, const Table& table);
+
 // Sets the version in a version table without a row.
 std::string insert_version();
 

@@ -15,7 +15,7 @@ using tallyra::tests::TestFolder;
 
 TEST(DatabasePlace, APathIsAnSqliteFile) {
   const DatabasePlace place("some/company.db");
-  EXPECT_EQ(place.connection_string, "DRIVER={SQLite3};Database=some/company.db");
+  EXPECT_EQ(place.connection_string, "DRIVER={SQLite3};Database=some/company.db;Timeout=10000");
   EXPECT_EQ(place.file, "some/company.db");
 }
 

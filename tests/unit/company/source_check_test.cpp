@@ -51,6 +51,12 @@ TEST(SourceCheck, ASourceThatIsNotThereIsNotMade) {
   EXPECT_FALSE(std::filesystem::exists(folder.file("to.db")));
 }
 
+TEST(SourceCheck, ADatabaseIsNotCopiedIntoItself) {
+  const CopiedCompany source;
+  EXPECT_EQ(source.refusal(source.path()), "'" + source.path() + "' cannot be copied into itself");
+  EXPECT_EQ(source.refusal(CopiedCompany::sqlite(source.path())), source.refusal(source.path()));
+}
+
 // Of a database from before versions nothing is missing but the version.
 TEST(SourceCheck, ASourceFromBeforeVersionsIsNone) {
   const CopiedCompany source;

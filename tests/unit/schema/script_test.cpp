@@ -113,6 +113,13 @@ TEST(SchemaScripts, AColumnIsAddedWithWhatItIsButNotAsAKey) {
             "ALTER TABLE THINGS ADD COLUMN CODE varchar(5) COLLATE \"C\" NOT NULL");
 }
 
+TEST(SchemaScripts, StatisticsAreGatheredWhereNoneAreShipped) {
+  EXPECT_EQ(gather_statistics(Engine::postgresql, things), "ANALYZE THINGS");
+  EXPECT_EQ(gather_statistics(Engine::sqlite, things), "");
+  EXPECT_TRUE(planner_statements(Engine::postgresql).empty());
+  EXPECT_EQ(planner_statements(Engine::sqlite).size(), 3U);
+}
+
 TEST(SchemaScripts, CountersOfNumbersStandInTheDatabaseUnlessItIsLockedAsAWhole) {
   for (const Table& table : tables()) {
     EXPECT_EQ(in_database(Engine::sqlite, table), table.name != "TABLEKEYS") << table.name;
