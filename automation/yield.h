@@ -6,7 +6,7 @@ namespace tallyra::automation {
 
 // Gives the caller's message loop a turn during long work, a bounded one: a client that posts messages as
 // fast as it handles them does not stop the work. Where there is no message loop it does nothing, unless a
-// handler has been set. A handler must not throw.
+// handler has been set. An Error that a handler throws ends the work as one of its own would.
 void yield();
 
 // Replaces what yield does on this thread for as long as it lives; ends in the reverse order of others of its

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "automation/apartment.h"
-#include "client/display_width.h"
+#include "client/output/status_line.h"
 #include "client/own_connection.h"
 
 namespace tallyra::client {
@@ -28,38 +28,6 @@ class DepartmentCounter {
  private:
   OwnConnection connection_;
   std::int32_t all_ = 0;
-};
-
-// One line that is drawn over and over. It stays one column short of the edge, where terminals wrap.
-class StatusLine {
- public:
-  StatusLine(std::ostream& stream, std::size_t width) : stream_(stream), room_(width > 1 ? width - 1 : 1) {}
-
-  void show(std::string_view text) {
-    if (text == shown_) return;
-    draw(cut_to_width(text, room_));
-    shown_ = text;
-  }
-
-  void clear() {
-    if (shown_.empty()) return;
-    draw({});
-    stream_ << '\r' << std::flush;
-    shown_.clear();
-  }
-
- private:
-  void draw(std::string_view text) {
-    const std::size_t width = display_width(text);
-    stream_ << '\r' << text << std::string(drawn_width_ > width ? drawn_width_ - width : 0, ' ')
-            << std::flush;
-    drawn_width_ = width;
-  }
-
-  std::ostream& stream_;
-  std::size_t room_;
-  std::size_t drawn_width_ = 0;
-  std::string shown_;
 };
 
 }  // namespace

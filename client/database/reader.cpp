@@ -118,6 +118,16 @@ bool Reader::has_table(std::string_view table) const {
   }
 }
 
+std::string Reader::engine() const {
+  try {
+    const Object properties = automation::to_object(connection_.get("Properties"));
+    const Object property = automation::to_object(properties.call("Item", "DBMS Name"));
+    return automation::to_text(property.get("Value"));
+  } catch (const automation::Error&) {
+    return {};
+  }
+}
+
 void Reader::execute(const std::string& statement) const {
   connection_.call("Execute", statement);
 }

@@ -38,6 +38,8 @@ class Reader {
   double number(const std::string& query) const;
   std::int64_t count(const std::string& query) const;
   bool has_table(std::string_view table) const;
+  // The name of the engine as its driver gives it, "SQLite", "PostgreSQL", "" when it gives none.
+  std::string engine() const;
 
   // Changes the tables of the client's own, and those of the rights; never one that a class keeps.
   void execute(const std::string& statement) const;

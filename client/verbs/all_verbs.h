@@ -5,8 +5,14 @@
 // Every verb, one a line; each is defined in the file of its name in this folder.
 namespace tallyra::client {
 
+extern const Verb approve_verb;
 extern const Verb call_verb;
+extern const Verb check_verb;
+extern const Verb close_verb;
 extern const Verb help_verb;
 extern const Verb log_verb;
+extern const Verb reopen_verb;
+extern const Verb status_verb;
+extern const Verb verify_verb;
 
 }  // namespace tallyra::client

@@ -5,9 +5,8 @@ namespace {
 
 // In the order in which the help shows them: one a line.
 const Verb* const table[] = {
-    &log_verb,
-    &call_verb,
-    &help_verb,
+    &check_verb,  &close_verb, &verify_verb, &approve_verb, &reopen_verb,
+    &status_verb, &log_verb,   &call_verb,   &help_verb,
 };
 
 }  // namespace

@@ -1,0 +1,112 @@
+#include "client/month_end/backup.h"
+
+#include <filesystem>
+
+#include "automation/clock.h"
+#include "automation/convert.h"
+#include "automation/folded_name.h"
+#include "client/file_path.h"
+#include "client/month_end/backup_copy.h"
+#include "client/refusal.h"
+#include "client/value_text.h"
+
+namespace tallyra::client {
+namespace {
+
+constexpr const char* by_hand =
+    "back the database up by the means of its engine (pg_dump of PostgreSQL, BACKUP DATABASE of SQL Server, "
+    "a copy of "
+    "the file of Access while nobody is at work) and run this without --backup";
+
+// Nobody writes while it lives: the first statement of a transaction takes the write lock.
+class NobodyWrites {
+ public:
+  explicit NobodyWrites(const Reader& reader) : reader_(reader) {
+    reader_.begin();
+    try {
+      reader_.count("Select Count(*) As N From sqlite_master");
+    } catch (...) {
+      reader_.roll_back();
+      throw;
+    }
+  }
+  ~NobodyWrites() { reader_.roll_back(); }
+  NobodyWrites(const NobodyWrites&) = delete;
+  NobodyWrites& operator=(const NobodyWrites&) = delete;
+
+ private:
+  const Reader& reader_;
+};
+
+std::string file_of(const Reader& reader) {
+  if (!automation::equals_folded(reader.engine(), "SQLite"))
+    throw Refusal("--backup copies databases of SQLite alone; " + std::string(by_hand));
+  std::string file;
+  reader.each_row("PRAGMA database_list", [&](const Row& row) {
+    if (row.size() > 2 && shown_text(row[1]) == "main") file = shown_text(row[2]);
+  });
+  if (file.empty()) throw Refusal("--backup: this database is no file; nothing was done");
+  return file;
+}
+
+// In "2024/01/31 10:00:00" everything that is no digit.
+std::string without_signs(std::string text) {
+  std::erase_if(text, [](char c) { return c < '0' || c > '9'; });
+  return text;
+}
+
+// With what was committed and stands in the log beside the file still.
+void copy_files(const std::string& from, const std::string& to) {
+  for (const char* suffix : {"", "-wal"})
+    if (!copy_open_database(from + suffix, to + suffix))
+      throw Refusal("--backup: this system cannot copy a database that is in use; " + std::string(by_hand));
+}
+
+std::string connection_to(const std::string& file) {
+  return "DRIVER={SQLite3};Database=" + file;
+}
+
+Backup compare(const Reader& original, const std::string& file) {
+  Backup backup{file};
+  const Reader copy(connection_to(file), "MSACCESS");
+  const Rows tables = original.rows("Select name From sqlite_master Where type='table' Order By name");
+  for (const Row& row : tables.rows) {
+    const std::string query = "Select Count(*) As N From \"" + shown_text(row[0]) + "\"";
+    const std::int64_t rows = original.count(query);
+    if (copy.count(query) != rows)
+      throw Refusal("the copy '" + file + "' is not equal to the database: the table " + shown_text(row[0]) +
+                    " differs; nothing was done");
+    ++backup.tables;
+    backup.rows += rows;
+  }
+  const std::string quantities = "Select Sum(QTY) As N From STKTRANDT";
+  if (original.number(quantities) != copy.number(quantities))
+    throw Refusal("the copy '" + file +
+                  "' is not equal to the database: quantities differ; nothing was done");
+  return backup;
+}
+
+// The numbers that were issued lie in a file of their own.
+void copy_numbers(const std::string& from, const std::string& to) {
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(file_path(from), ignored)) return;
+  const Reader numbers(connection_to(from), "MSACCESS");
+  const NobodyWrites nobody_writes(numbers);
+  copy_files(from, to);
+}
+
+}  // namespace
+
+Backup back_up(const Reader& reader, const std::string& before_what) {
+  const std::string file = file_of(reader);
+  std::string moment;
+  automation::append_time_stamp(moment, automation::now());
+  const std::string copy = file + ".before-" + before_what + "-" + without_signs(moment);
+  const NobodyWrites nobody_writes(reader);
+  copy_files(file, copy);
+  Backup backup = compare(reader, copy);
+  copy_numbers(file + ".keys", copy + ".keys");
+  return backup;
+}
+
+}  // namespace tallyra::client

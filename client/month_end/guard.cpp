@@ -1,0 +1,19 @@
+#include "client/month_end/guard.h"
+
+#include "client/month_end/leftovers.h"
+#include "client/month_end/lock.h"
+#include "client/refusal.h"
+
+namespace tallyra::client {
+
+void require_no_unfinished_close(const Reader& reader) {
+  const auto holder = lock_holder(reader);
+  if (holder && !holder->dead()) throw Refusal(holder->text() + "; wait until it has ended", exit_locked);
+  const auto left = leftovers(reader);
+  if (left.empty()) return;
+  throw Refusal(
+      "an unfinished close has left " + leftovers_text(left) +
+      ", which would be counted as stock: close that date again, or delete what is left with 'reopen'");
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "client/database/reader.h"
+
+namespace tallyra::client {
+
+// For whatever reads stock that a close would spoil, the approval of a stocktaking above all: throws Refusal,
+// which says what to do, while somebody is at work on a close or an unfinished one has left documents.
+void require_no_unfinished_close(const Reader& reader);
+
+}  // namespace tallyra::client

@@ -1,0 +1,57 @@
+#include "client/month_end/leftovers.h"
+
+#include <cmath>
+#include <set>
+
+#include "automation/convert.h"
+#include "client/month_end/period.h"
+#include "client/month_end/sums.h"
+
+namespace tallyra::client {
+namespace {
+
+constexpr const char* unapproved_documents =
+    "Select TRANNO,TRANTYPE,DEPTNOFR,TRANDT From STKTRANHD"
+    " Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And STATUSSN=0 Order By TRANDT,TRANNO";
+
+std::string counted(std::int64_t count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+}  // namespace
+
+std::vector<Leftover> leftovers(const Reader& reader) {
+  const auto records = close_records(reader);
+  std::vector<Leftover> left;
+  reader.each_row(unapproved_documents, [&](const Row& row) {
+    Leftover document;
+    document.document = key_text(row[0]);
+    document.of_company = automation::to_text(row[1]) == "STKCLOSEALL";
+    document.department = key_text(row[2]);
+    const automation::Date day{std::floor(automation::to_date(row[3]).serial)};
+    document.close_date = automation::add_days(day, -1);
+    if (!find_record(records, document.close_date)) left.push_back(std::move(document));
+  });
+  for (Leftover& document : left)
+    document.lines = reader.count("Select Count(*) As N From STKTRANDT Where TRANNO=" +
+                                  Reader::text_literal(document.document));
+  return left;
+}
+
+std::string leftovers_text(const std::vector<Leftover>& left) {
+  std::int64_t lines = 0;
+  std::set<double> dates;
+  for (const Leftover& document : left) {
+    lines += document.lines;
+    dates.insert(document.close_date.serial);
+  }
+  std::string text = counted(static_cast<std::int64_t>(left.size()), "document", "documents") + " with " +
+                     counted(lines, "line", "lines") + " for ";
+  for (const double date : dates) {
+    if (date != *dates.begin()) text += ", ";
+    automation::append_day(text, {date});
+  }
+  return text;
+}
+
+}  // namespace tallyra::client

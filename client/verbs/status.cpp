@@ -1,0 +1,113 @@
+#include "automation/clock.h"
+#include "automation/convert.h"
+#include "client/month_end/leftovers.h"
+#include "client/month_end/lock.h"
+#include "client/month_end/period.h"
+#include "client/month_end/summary.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
+
+// How the closes stand: which there are, what an unfinished one has left, who is at work.
+namespace tallyra::client {
+namespace {
+
+constexpr std::string_view examples[] = {"status --db stock.db"};
+
+struct DocumentCount {
+  std::int64_t documents = 0;
+  std::int64_t unapproved = 0;
+};
+
+DocumentCount count_documents(const Reader& reader, automation::Date date) {
+  const std::string query =
+      "Select Count(*) As N From STKTRANHD Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And "
+      "TRANDT=" +
+      reader.date_literal(automation::add_days(date, 1));
+  return {reader.count(query), reader.count(query + " And STATUSSN=0")};
+}
+
+Table closes_table(const Reader& reader) {
+  Table table{"closes", "Closes", {{"date"}, {"state"}, number_column("documents"), {"by"}, {"at"}}, {}};
+  for (const CloseRecord& record : close_records(reader)) {
+    const DocumentCount count = count_documents(reader, record.date);
+    const char* state = record.approved && count.unapproved == 0 ? "approved"
+                        : record.approved                        ? "approved, documents are not"
+                                                                 : "not approved";
+    const automation::Value at = record.made_at ? automation::Value(*record.made_at) : automation::Value();
+    table.rows.push_back(
+        {day_text(record.date), state, static_cast<double>(count.documents), record.made_by, at});
+  }
+  return table;
+}
+
+Table leftovers_table(const std::vector<Leftover>& left) {
+  Table table{"unfinished",
+              "Left by an unfinished close",
+              {{"date"}, {"document"}, {"department"}, number_column("lines")},
+              {}};
+  for (const Leftover& document : left)
+    table.rows.push_back({day_text(document.close_date), document.document,
+                          document.of_company ? "company" : document.department,
+                          static_cast<double>(document.lines)});
+  return table;
+}
+
+std::string age_text(const std::string& since) {
+  constexpr double minutes_of_a_day = 24.0 * 60.0;
+  const auto begin = automation::parse_date(since);
+  if (!begin) return {};
+  const double minutes = (automation::now().serial - begin->serial) * minutes_of_a_day;
+  return std::to_string(static_cast<long long>(minutes)) + " minutes ago";
+}
+
+Table lock_table(const LockHolder& holder) {
+  const char* state = holder.dead()           ? "has ended"
+                      : holder.on_this_host() ? "runs"
+                                              : "on another host, not known";
+  return {"lock",
+          "At work",
+          {{"work"}, {"user"}, {"login"}, {"host"}, number_column("process"), {"state"}, {"since"}, {"age"}},
+          {{holder.work, holder.owner, holder.login, holder.host, static_cast<double>(holder.process.id),
+            state, holder.since, age_text(holder.since)}}};
+}
+
+void advise(const VerbContext& context, const std::vector<Leftover>& left,
+            const std::optional<LockHolder>& holder) {
+  if (holder && !holder->dead()) return;
+  if (holder) context.tell("The process that holds the lock has ended; the next close takes the lock over.");
+  if (!left.empty())
+    context.tell("A close did not come to its end and has left " + leftovers_text(left) + ". Close " +
+                 day_text(left.back().close_date) + " again, or delete that with 'reopen " +
+                 day_text(left.back().close_date) + "'; approve no stocktaking before.");
+}
+
+ExitStatus run(VerbContext& context) {
+  const Reader& reader = context.reader();
+  const auto left = leftovers(reader);
+  const auto holder = lock_holder(reader);
+  const bool text = context.format() == OutputFormat::text;
+  std::vector<Table> tables{closes_table(reader)};
+  if (!left.empty() || !text) tables.push_back(leftovers_table(left));
+  if (holder) tables.push_back(lock_table(*holder));
+  context.print(tables);
+  advise(context, left, holder);
+  return exit_done;
+}
+
+}  // namespace
+
+const Verb status_verb{
+    .name = "status",
+    .arguments = "",
+    .summary = "closes and their states, an unfinished one, who is at work",
+    .help =
+        "Shows every close with its state, what an unfinished one has left, and who holds the lock since "
+        "when.",
+    .options = {},
+    .examples = examples,
+    .least_arguments = 0,
+    .most_arguments = 0,
+    .run = run,
+};
+
+}  // namespace tallyra::client
