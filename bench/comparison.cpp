@@ -24,7 +24,7 @@ double Comparison::least_ratio(Against against) const {
   return component.least_seconds() / replays.at(against).least_seconds();
 }
 
-Comparison compare(const Scenario& scenario, const std::string& folder) {
+Comparison compare(const Scenario& scenario, const std::string& folder, Time time) {
   const std::string log = std::filesystem::path(folder) / "statements.log";
   const auto company = scenario.company();
   const std::string connection_string = company->connection_string();
@@ -36,13 +36,13 @@ Comparison compare(const Scenario& scenario, const std::string& folder) {
   });
 
   std::vector<std::function<void()>> kinds{[&] {
-    const Measurement run = measured_run([&] { return scenario.run(connection_string); });
+    const Measurement run = measured_run([&] { return scenario.run(connection_string); }, time);
     result.component.add(run);
     result.rows = run.count;
   }};
   for (const Replay& way : scenario.replays)
-    kinds.push_back([&result, &log, &way] {
-      const Measurement run = measured_run([&] { return replay(log, way.connect()); });
+    kinds.push_back([&result, &log, &way, time] {
+      const Measurement run = measured_run([&] { return replay(log, way.connect()); }, time);
       result.replays[way.against].add(run);
       result.statements = run.count;
     });

@@ -47,6 +47,16 @@ std::string limits_of(const Scenario& scenario, Hold hold) {
   return text;
 }
 
+// A row is told by its first two cells.
+void put(std::vector<Cells>& rows, Cells row) {
+  for (Cells& there : rows)
+    if (there[0] == row[0] && there[1] == row[1]) {
+      there = std::move(row);
+      return;
+    }
+  rows.push_back(std::move(row));
+}
+
 }  // namespace
 
 std::string Figures::head() {
@@ -55,33 +65,40 @@ std::string Figures::head() {
 
 std::string Figures::add(const Scenario& scenario, const Comparison& result) {
   const auto odbc = result.replays.find(Against::odbc);
-  comparisons_.push_back(
-      {scenario.work, scenario.size, before(scenario), seconds(result.component.median_seconds()),
-       ratio(result, Against::odbc), ratio(result, Against::text), ratio(result, Against::prepared),
-       limits_of(scenario, hold_), with_commas(static_cast<std::int64_t>(result.rows)),
-       with_commas(static_cast<std::int64_t>(result.rows_per_second())),
-       decimals(result.component.median_megabytes(), 1, " MB"),
-       odbc == result.replays.end() ? "" : decimals(odbc->second.median_megabytes(), 1, " MB")});
-  return console_row(columns(), comparisons_.back());
+  const Cells row{scenario.work,
+                  scenario.size,
+                  before(scenario),
+                  seconds(result.component.median_seconds()),
+                  ratio(result, Against::odbc),
+                  ratio(result, Against::text),
+                  ratio(result, Against::prepared),
+                  limits_of(scenario, hold_),
+                  with_commas(static_cast<std::int64_t>(result.rows)),
+                  with_commas(static_cast<std::int64_t>(result.rows_per_second())),
+                  decimals(result.component.median_megabytes(), 1, " MB"),
+                  odbc == result.replays.end() ? "" : decimals(odbc->second.median_megabytes(), 1, " MB")};
+  put(comparisons_, row);
+  return console_row(columns(), row);
 }
 
 std::string Figures::add(const Growth& growth) {
-  growths_.push_back({growth.of, growth.size, decimals(growth.component, 2), decimals(growth.replay, 2)});
-  return "twice as many " + growth.of + ", " + growth.size + ": " + growths_.back()[2] +
-         " times as long, the replay " + growths_.back()[3];
+  const std::string component = decimals(growth.component, 2);
+  const std::string replay = decimals(growth.replay, 2);
+  put(growths_, {growth.of, growth.size, component, replay});
+  return "twice as many " + growth.of + ", " + growth.size + ": " + component +
+         " times as long, the replay " + replay;
 }
 
 std::string Figures::add_record_calls(int calls, std::uint64_t grown_kilobytes) {
-  sentences_.push_back("Over " + with_commas(calls) +
-                       " record calls, after as many before them, peak memory grew by " +
-                       with_commas(static_cast<std::int64_t>(grown_kilobytes)) + " KB.");
-  return sentences_.back();
+  memory_ = "Over " + with_commas(calls) + " record calls, after as many before them, peak memory grew by " +
+            with_commas(static_cast<std::int64_t>(grown_kilobytes)) + " KB.";
+  return memory_;
 }
 
 std::string Figures::markdown() const {
   std::string text = markdown_table(columns(), comparisons_);
   if (!growths_.empty()) text += "\n" + markdown_table(growth_columns(), growths_);
-  for (const std::string& sentence : sentences_) text += "\n" + sentence + "\n";
+  if (!memory_.empty()) text += "\n" + memory_ + "\n";
   return text;
 }
 

@@ -16,7 +16,7 @@ class Figures {
  public:
   explicit Figures(Hold hold) : hold_(hold) {}
 
-  // Each returns the line for the console.
+  // Each returns the line for the console. What is measured again takes the place of what it was before.
   static std::string head();
   std::string add(const Scenario& scenario, const Comparison& result);
   std::string add(const Growth& growth);
@@ -28,7 +28,7 @@ class Figures {
   Hold hold_;
   std::vector<Cells> comparisons_;
   std::vector<Cells> growths_;
-  std::vector<std::string> sentences_;
+  std::string memory_;
 };
 
 }  // namespace tallyra::bench

@@ -18,8 +18,8 @@ std::string name_of(const Scenario& scenario) {
 
 }  // namespace
 
-Runner::Runner(Companies& companies, std::string folder, Hold hold, bool judges)
-    : companies_(companies), folder_(std::move(folder)), hold_(hold), judges_(judges), figures_(hold) {}
+Runner::Runner(Companies& companies, std::string folder, const Terms& terms)
+    : companies_(companies), folder_(std::move(folder)), terms_(terms), figures_(terms.hold) {}
 
 void Runner::run(const Plan& plan) {
   print(Figures::head());
@@ -31,21 +31,21 @@ void Runner::run(const Plan& plan) {
 void Runner::twice_if_broken(const std::function<std::vector<std::string>()>& once) {
   for (const bool again : {false, true}) {
     const std::vector<std::string> broken = once();
-    if (!judges_ || broken.empty()) return;
+    if (!terms_.judges || broken.empty()) return;
     for (const std::string& limit : broken) print("  " + limit + (again ? ": BROKEN" : ": measured again"));
   }
   ++broken_;
 }
 
 const Comparison& Runner::measured(const Scenario& scenario) {
-  return results_[name_of(scenario)] = compare(scenario, folder_);
+  return results_[name_of(scenario)] = compare(scenario, folder_, terms_.time);
 }
 
 void Runner::run(const Scenario& scenario) {
   twice_if_broken([&] {
     const Comparison& result = measured(scenario);
     print(figures_.add(scenario, result));
-    return broken_limits(scenario, result, hold_);
+    return broken_limits(scenario, result, terms_.hold);
   });
 }
 

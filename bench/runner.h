@@ -14,8 +14,14 @@ namespace tallyra::bench {
 // called broken when it breaks one again.
 class Runner {
  public:
-  // The folder is where the companies are. Where nothing is judged, limits are not looked at.
-  Runner(Companies& companies, std::string folder, Hold hold, bool judges);
+  struct Terms {
+    Hold hold = Hold::now;
+    Time time = Time::passed;
+    bool judges = true;  // else limits are not looked at
+  };
+
+  // The folder is where the companies are.
+  Runner(Companies& companies, std::string folder, const Terms& terms);
 
   void run(const Plan& plan);
 
@@ -33,8 +39,7 @@ class Runner {
 
   Companies& companies_;
   std::string folder_;
-  Hold hold_;
-  bool judges_;
+  Terms terms_;
   Figures figures_;
   int broken_ = 0;
   std::map<std::string, Comparison> results_;  // by work and size

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <sstream>
+
 namespace tallyra::bench {
 namespace {
 
@@ -50,6 +53,29 @@ TEST(Figures, HaveGrowthAndMemoryBehindTheTable) {
   const std::string text = figures.markdown();
   EXPECT_NE(text.find("\n| parts | 2 x 60 x 100 | 1.52 | 1.50 |\n\n" + sentence + "\n"), std::string::npos)
       << text;
+}
+
+TEST(Figures, MeasuredAgainTakeThePlaceOfTheFirst) {
+  Figures twice(Hold::now);
+  Figures once(Hold::now);
+  for (Figures* const figures : {&twice, &once}) {
+    if (figures == &twice) {
+      figures->add(scenario_of("a", "small"), result_of(9, 4, 1));
+      figures->add(Growth{"parts", "small", 9, 1});
+      figures->add_record_calls(10, 9);
+    }
+    figures->add(scenario_of("b", "small"), result_of(3, 4, 1));
+    figures->add(scenario_of("a", "small"), result_of(2, 4, 1));
+    figures->add(Growth{"parts", "small", 1, 1});
+    figures->add_record_calls(10, 4);
+  }
+  const auto lines_of = [](const std::string& text) {
+    std::multiset<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.insert(line);
+    return lines;
+  };
+  EXPECT_EQ(lines_of(twice.markdown()), lines_of(once.markdown()));
 }
 
 TEST(WithCommas, PartsThousands) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 namespace tallyra::bench {
 namespace {
@@ -26,6 +28,15 @@ TEST(MeasuredRun, SeesTheMemoryThatTheWorkTakes) {
     return measured_run([=] { return growth_by(bytes); }).peak_megabytes;
   };
   EXPECT_GT(peak_of(64 * megabyte), peak_of(100) + 60);
+}
+
+TEST(MeasuredRun, TakesWaitingForTimeThatPassesButNotForTheProcessors) {
+  const auto wait = []() -> std::uint64_t {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    return 0;
+  };
+  EXPECT_GE(measured_run(wait, Time::passed).seconds, 0.2);
+  EXPECT_LT(measured_run(wait, Time::processor).seconds, 0.2);
 }
 
 TEST(MeasuredRun, ThrowsWhatTheWorkThrew) {
