@@ -22,6 +22,10 @@ struct RecordClass {
   const char* table;
   // The key of every statement below.
   std::vector<automation::Value> keys;
+  // The keys of Read, where it takes others than the members that write.
+  std::vector<automation::Value> read_keys = {};
+  // What other keys make of the statements stands with the tests of the class.
+  bool other_keys_elsewhere = false;
   // Read takes its keys by reference in every class, some classes in the other members too.
   bool every_key_by_reference = false;
   // Update takes a tag as its last argument, which decides the right.

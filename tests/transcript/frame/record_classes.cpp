@@ -115,6 +115,52 @@ const std::vector<RecordClass> record_classes{
                          Query::as_it_is},
         .removals = {"Delete From STKCHECKDT Where CHECKNO='S1' And PartNo='P1'"},
     },
+    {
+        .class_name = "CTranHead",
+        // The document's type is the function whose rights count.
+        .function_code = "STK010POREV",
+        .table = "STKTRANHD",
+        .keys = {"T1", "STK010POREV"},
+        .other_keys_elsewhere = true,
+        .update_tag = RecordClass::tag_is_needed,
+        .row_query = "Select STKTRANHD.* From STKTRANHD Where STKTRANHD.TRANNO='T1'",
+        .key_query = "Select * From STKTRANHD where TRANNO='T1'",
+        .structure = {"Select top 1 * From STKTRANHD", Query::fixed, Query::server},
+        .condition = " Where STKTRANHD.TRANNO='T1' ",
+        .update_owner = {"Select ADDBY from STKTRANHD WHERE STKTRANHD.TRANNO='T1' AND "
+                         "STKTRANHD.TRANTYPE='STK010POREV'",
+                         Query::fixed, Query::server},
+        .delete_owner = {"Select ADDBY from STKTRANHD WHERE TRANNO='T1'", Query::fixed, Query::server},
+        .removals = {"Delete From STKTRANHD Where TRANNO='T1'", "Delete From STKTRANDT Where TRANNO='T1'",
+                     "Delete From STKSHIPNOTE Where TRANNO='T1'"},
+    },
+    {
+        .class_name = "CTranDetail",
+        .function_code = "STK010POREV",
+        .table = "STKTRANDT",
+        // A line without a number is found by its part.
+        .keys = {"T1", "STK010POREV", "PO1", "P1"},
+        .read_keys = {"T1", "PO1", "P1"},
+        .other_keys_elsewhere = true,
+        .every_key_by_reference = true,
+        .row_query = "Select STKTRANDT.*,PARTS.PARTNM,PARTS.CATEGORYNO,PARTS.CATEGORYNO,PARTS.COLORNO,"
+                     "PARTS.COLORNM,PARTS.UNITNM  From STKTRANDT INNER JOIN PARTS ON "
+                     "STKTRANDT.PARTNO=PARTS.PARTNO WHERE STKTRANDT.TRANNO='T1' AND "
+                     "STKTRANDT.REFERENCE='PO1' AND STKTRANDT.PARTNO='P1' ",
+        .key_query = "Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='T1' And "
+                     "STKTRANDT.REFERENCE='PO1' And STKTRANDT.PARTNO='P1'",
+        .insert_in_transaction = false,
+        .structure = {"Select top 1 * From STKTRANDT", Query::fixed, Query::server},
+        .condition = " WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.PARTNO='P1' ",
+        .update_owner = {"Select ADDBY from STKTRANDT WHERE STKTRANDT.TRANNO='T1' AND "
+                         "STKTRANDT.REFERENCE='PO1' AND STKTRANDT.PARTNO='P1' ",
+                         Query::fixed, Query::server},
+        .delete_owner = {"Select ADDBY from STKTRANDT WHERE STKTRANDT.TRANNO='T1' AND "
+                         "STKTRANDT.REFERENCE='PO1' AND STKTRANDT.PARTNO='P1' ",
+                         Query::fixed, Query::server},
+        .removals = {"Delete From STKTRANDT WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND "
+                     "STKTRANDT.PARTNO='P1' "},
+    },
 };
 
 }  // namespace tallyra::records

@@ -54,7 +54,12 @@ class RecordTest : public testing::TestWithParam<Setting> {
   Object client(Stage& on) const;
   // Calls the member with the key of the description, or with another, as clients pass it.
   Outcome play(std::string_view member) { return play(client(stage), member); }
-  Outcome play(const Object& object, std::string_view member) { return play(object, member, record.keys); }
+  Outcome play(const Object& object, std::string_view member) {
+    return play(object, member, keys_of(member));
+  }
+  const std::vector<Value>& keys_of(std::string_view member) const {
+    return member == "Read" && !record.read_keys.empty() ? record.read_keys : record.keys;
+  }
   Outcome play(const Object& object, std::string_view member, std::vector<Value> keys) {
     return play(object, member, keys, record.every_key_by_reference || member == "Read");
   }
