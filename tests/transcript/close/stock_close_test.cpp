@@ -4,7 +4,8 @@
 #include "tests/support/outcome.h"
 #include "tests/support/stage.h"
 
-// Reading, changing and deleting the record of a month close.
+// Reading, changing and deleting the record of a month close, as far as it is not told of all record classes
+// in frame/record_classes.cpp.
 namespace tallyra {
 namespace {
 
@@ -80,11 +81,6 @@ TEST_P(CloseRecordTest, ReadAppendsTheRecordOfTheDate) {
   EXPECT_EQ(stage.transcript().find("rights.PowerCheck"), std::string::npos);
 }
 
-TEST_P(CloseRecordTest, ReadOfAnOpenDateSucceedsAndReportsIt) {
-  EXPECT_EQ(read("2024/03/31"), (Outcome{100, 10000003, "text of Msg10000003"}));
-  EXPECT_EQ(fields.text(), "STATUSSN=1");
-}
-
 TEST_P(CloseRecordTest, ReadLooksForWhateverItIsGiven) {
   EXPECT_EQ(read("March").number, 10000003);
   EXPECT_NE(stage.transcript().find(text("CLOSEDT=`March` |")), std::string::npos);
@@ -133,36 +129,6 @@ TEST_P(CloseRecordTest, TheTagDecidesWhichRightIsRead) {
   }
 }
 
-TEST_P(CloseRecordTest, NoOwnerRightHelps) {
-  stage.set("Owner", 1);
-  EXPECT_EQ(update("2024/03/31", ""), refused(10000016));
-  EXPECT_EQ(remove("2024/03/31"), refused(10000016));
-  EXPECT_EQ(stage.database_calls(), "");
-}
-
-TEST_P(CloseRecordTest, RightsOtherThanOneAreNoRights) {
-  for (const Value& right : {Value(2), Value(-1), Value(automation::Null{})}) {
-    stage.set("CanApproved", right).set("CanDelete", right);
-    EXPECT_EQ(update("2024/03/31", "APPROVED"), refused(10000016));
-    EXPECT_EQ(remove("2024/03/31"), refused(10000016));
-  }
-}
-
-TEST_P(CloseRecordTest, CollectionsThatDoNotMatchAreRefused) {
-  Fields::add(fields.names, "SURPLUS");
-  EXPECT_EQ(update("2024/03/31", "APPROVED"), refused(10000002));
-  fields = Fields();
-  EXPECT_EQ(update("2024/03/31", "APPROVED"), refused(10000002));
-  EXPECT_EQ(stage.transcript().find("rights.PowerCheck"), std::string::npos);
-}
-
-TEST_P(CloseRecordTest, ABuilderErrorEndsTheUpdateBeforeItsTransaction) {
-  stage.set("CanUpdate", 1).set("rights.ErrNumber", 77).set("rights.ErrDescription", "no such column");
-  EXPECT_EQ(update("2024/03/31", ""), trapped(77, "no such column"));
-  EXPECT_TRUE(stage.database_calls().ends_with("R1.Close\nC1.Close\n"));
-  EXPECT_EQ(stage.database_calls().find("BeginTrans"), std::string::npos);
-}
-
 TEST_P(CloseRecordTest, AnErrorInsideTheUpdateLeavesTheRollbackToTheReleasedConnection) {
   stage.set("CanUpdate", 1).fails("Set STATUSSN=1 Where CLOSEDT", Error(-2147467259, "locked"));
   EXPECT_EQ(update("2024/03/31", ""), trapped(-2147467259, "locked"));
@@ -184,12 +150,6 @@ TEST_P(CloseRecordTest, DeleteTakesTheRecordAndTheDocumentsOfTheNextDay) {
                  "(STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL')  | -1\n"
                  "C1.CommitTrans\n"
                  "C1.Close\n"));
-}
-
-TEST_P(CloseRecordTest, DeleteRollsBackAndCloses) {
-  stage.set("CanDelete", 1).fails("Delete * From STKTRANHD", Error(-2147467259, "locked"));
-  EXPECT_EQ(remove("2024/02/29"), trapped(-2147467259, "locked"));
-  EXPECT_TRUE(stage.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n"));
 }
 
 TEST_P(CloseRecordTest, TheCloseDateMayComeAsADate) {

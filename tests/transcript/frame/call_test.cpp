@@ -65,7 +65,7 @@ TEST_P(RecordFrame, AnErrorThatReachesTheTrapWithoutATextIsAnAutomationError) {
 TEST_P(RecordFrame, AnErrorCopiedFromTheBuilderIsAsItIsThereAlsoWithoutAText) {
   grant_everything();
   stage.set("rights.ErrNumber", 4711).set("rights.ErrDescription", "");
-  EXPECT_EQ(play("Insert"), stage::trapped(4711, ""));
+  for (const char* member : building_members()) EXPECT_EQ(play(member), stage::trapped(4711, "")) << member;
 }
 
 TEST_P(RecordFrame, AConnectionStringWrittenLaterCountsForTheObjectItself) {
@@ -100,13 +100,13 @@ TEST_P(RecordFrame, CollectionsThatDoNotMatchAreRefusedBeforeAnyRightIsAsked) {
   Fields::add(more_names.names, "SURPLUS");
   Fields::add(more_values.values, "surplus");
   for (const Fields& odd : {more_names, more_values, Fields()})
-    for (const char* member : {"Insert", "Update"}) {
+    for (const char* member : building_members()) {
       fields = odd;
       EXPECT_EQ(play(member), refused(10000002)) << member;
     }
   fields = Fields{{"A", 1}, {"B", 2}};
   Fields::add(fields.names, "C");
-  for (const char* member : {"Insert", "Update"}) EXPECT_EQ(play(member), refused(10000002)) << member;
+  for (const char* member : building_members()) EXPECT_EQ(play(member), refused(10000002)) << member;
   EXPECT_EQ(stage.rights_calls().find("PowerCheck"), std::string::npos);
   EXPECT_EQ(stage.database_calls(), "");
 }
@@ -124,6 +124,7 @@ TEST_P(RecordFrame, AFailingOpenIsTrapped) {
 TEST_P(RecordFrame, KeysArePassedByValueOrByReference) {
   for (const bool by_reference : {false, true})
     for (const std::string_view member : {"Read", "Insert", "Update", "Delete"}) {
+      if (member == "Insert" && !record.inserts) continue;
       Stage each(GetParam().kind);
       grant_everything(each);
       each.finds(record.row_query, {{"KEY"}, {{"A1"}}});

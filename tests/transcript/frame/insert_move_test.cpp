@@ -6,7 +6,7 @@ namespace tallyra::records {
 namespace {
 
 class RecordInsert : public RecordTest {};
-TALLYRA_ON_RECORD_CLASSES(RecordInsert, true);
+TALLYRA_ON_RECORD_CLASSES(RecordInsert, each.inserts);
 
 TEST_P(RecordInsert, TheStatementIsBuiltOnTheEmptyExistenceQuery) {
   grant_everything();
@@ -92,7 +92,7 @@ TEST_P(RecordInsert, AFailedStatementIsLeftToTheReleasedConnection) {
 }
 
 class RecordInsertInTransaction : public RecordInsert {};
-TALLYRA_ON_RECORD_CLASSES(RecordInsertInTransaction, each.insert_in_transaction);
+TALLYRA_ON_RECORD_CLASSES(RecordInsertInTransaction, each.inserts&& each.insert_in_transaction);
 
 TEST_P(RecordInsertInTransaction, AFailedTransactionIsLeftToTheReleasedConnection) {
   for (const char* call : {"C1.BeginTrans", "C1.CommitTrans"}) {

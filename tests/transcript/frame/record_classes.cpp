@@ -1,8 +1,12 @@
+#include <algorithm>
+
 #include "tests/transcript/frame/record_class.h"
 
 namespace tallyra::records {
+namespace {
 
-const std::vector<RecordClass> record_classes{
+// A backquote stands for the quote of a date.
+const std::vector<RecordClass> of_every_kind{
     {
         .class_name = "CRevAddr",
         .function_code = "STK028ADDR",
@@ -161,6 +165,47 @@ const std::vector<RecordClass> record_classes{
         .removals = {"Delete From STKTRANDT WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND "
                      "STKTRANDT.PARTNO='P1' "},
     },
+    {
+        .class_name = "CStockClose",
+        .function_code = "STK027CLOSE",
+        .table = "STKCLOSEHD",
+        .keys = {"2024/03/31"},
+        .other_keys_elsewhere = true,
+        .update_tag = RecordClass::tag_is_needed,
+        .row_query = "Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=`2024/03/31`",
+        .read_appends = true,
+        .inserts = false,
+        .structure = {"Select top 1 * From STKCLOSEHD", Query::forward_only, Query::server},
+        .condition = " Where STKCLOSEHD.CLOSEDT=`2024/03/31`",
+        .update_in_transaction = true,
+        .also_updated = {"Update STKCLOSEHD Set STATUSSN=1 Where CLOSEDT<`2024/03/31` And STATUSSN<1",
+                         "UPDATE STKTRANHD SET STATUSSN=1 WHERE STKTRANHD.TRANDT=`2024/04/01` AND  "
+                         "(STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') "},
+        .opens_again = true,
+        .removals = {"Delete * From STKCLOSEHD Where CLOSEDT=`2024/03/31`",
+                     "Delete STKTRANDT.* From STKTRANDT Inner Join STKTRANHD On "
+                     "STKTRANDT.TRANNO=STKTRANHD.TRANNO Where STKTRANHD.TRANDT=`2024/04/01` AND "
+                     "(STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') ",
+                     "Delete * From STKTRANHD Where  STKTRANHD.TRANDT=`2024/04/01` AND  "
+                     "(STKTRANHD.TRANTYPE='STK027CLOSE' OR STKTRANHD.TRANTYPE='STKCLOSEALL') "},
+    },
 };
+
+}  // namespace
+
+std::vector<RecordClass> record_classes(const std::string& kind) {
+  const char quote = kind == "MSACCESS" ? '#' : '\'';
+  const auto in_form = [quote](std::string& statement) {
+    std::replace(statement.begin(), statement.end(), '`', quote);
+  };
+  std::vector<RecordClass> classes = of_every_kind;
+  for (RecordClass& each : classes) {
+    in_form(each.row_query);
+    in_form(each.condition);
+    for (auto* statements : {&each.also_updated, &each.removals})
+      for (std::string& statement : *statements) in_form(statement);
+  }
+  return classes;
+}
 
 }  // namespace tallyra::records

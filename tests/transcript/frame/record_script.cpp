@@ -6,17 +6,17 @@ using automation::Argument;
 
 std::vector<Setting> settings(bool (*condition)(const RecordClass&)) {
   std::vector<Setting> list;
-  for (const auto& record : record_classes)
-    for (const char* kind : {"MSACCESS", "MSSQLSERVER", ""})
-      if (condition(record)) list.push_back({&record, kind});
+  for (const char* kind : {"MSACCESS", "MSSQLSERVER", ""})
+    for (const auto& record : record_classes(kind))
+      if (condition(record)) list.push_back({record, kind});
   return list;
 }
 
 Object RecordTest::client(Stage& on) const {
-  on.all_find_nothing({record.row_query, record.key_query});
-  for (const char* statement : {record.known_query, record.structure.statement, record.update_owner.statement,
-                                record.delete_owner.statement})
-    if (statement) on.finds_nothing(statement);
+  for (const auto& statement :
+       {record.row_query, record.key_query, record.known_query, record.structure.statement,
+        record.update_owner.statement, record.delete_owner.statement})
+    if (!statement.empty()) on.finds_nothing(statement);
   return on.client(record.class_name);
 }
 
@@ -40,7 +40,7 @@ void RecordTest::grant_everything(Stage& to) const {
 }
 
 void RecordTest::let_insert_look_up(Stage& on) const {
-  if (record.known_query) on.finds(record.known_query, {{"COLUMN"}, {{"x"}}});
+  if (!record.known_query.empty()) on.finds(record.known_query, {{"COLUMN"}, {{"x"}}});
 }
 
 std::string RecordTest::opened(const Query& query) {
@@ -49,8 +49,9 @@ std::string RecordTest::opened(const Query& query) {
 }
 
 std::string RecordTest::existence_test() const {
-  return (record.known_query ? opened({record.known_query, Query::fixed, Query::as_it_is}) + "R1.Close\n"
-                             : "") +
+  return (!record.known_query.empty()
+              ? opened({record.known_query, Query::fixed, Query::as_it_is}) + "R1.Close\n"
+              : "") +
          opened({record.key_query, Query::fixed, Query::server}) + "R1.Close\n";
 }
 
@@ -61,8 +62,10 @@ std::string RecordTest::insert_calls() const {
 }
 
 std::string RecordTest::update_calls() const {
+  std::string also_updated;
+  for (const auto& statement : record.also_updated) also_updated += "C1.Execute " + statement + " | -1\n";
   return opened(record.structure) + "R1.Close\n" + (record.update_in_transaction ? "C1.BeginTrans\n" : "") +
-         "C1.Execute <GetUpdateSQL " + record.table + ">" + record.condition + " | -1\n" +
+         "C1.Execute <GetUpdateSQL " + record.table + ">" + record.condition + " | -1\n" + also_updated +
          (record.update_in_transaction ? "C1.CommitTrans\n" : "") + "C1.Close\n";
 }
 

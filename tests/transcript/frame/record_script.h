@@ -35,10 +35,10 @@ inline const Value no_rights[] = {0, 2, -1, 1.5, 0.5, Null{}, true};
 
 // A class on a kind of database.
 struct Setting {
-  const RecordClass* record;
+  RecordClass record;
   const char* kind;
   friend void PrintTo(const Setting& setting, std::ostream* out) {
-    *out << setting.record->class_name << "_" << (*setting.kind ? setting.kind : "None");
+    *out << setting.record.class_name << "_" << (*setting.kind ? setting.kind : "None");
   }
 };
 
@@ -48,7 +48,7 @@ std::vector<Setting> settings(bool (*condition)(const RecordClass&));
 // One of the classes on a stage of its own.
 class RecordTest : public testing::TestWithParam<Setting> {
  protected:
-  const RecordClass& record = *GetParam().record;
+  const RecordClass& record = GetParam().record;
 
   // On a stage that knows the queries of the class; where it is told nothing else, they find nothing.
   Object client(Stage& on) const;
@@ -65,6 +65,11 @@ class RecordTest : public testing::TestWithParam<Setting> {
   }
   Outcome play(const Object& object, std::string_view member, std::vector<Value>& keys,
                bool keys_by_reference);
+
+  // The members that let a builder write their statement.
+  std::vector<const char*> building_members() const {
+    return record.inserts ? std::vector{"Insert", "Update"} : std::vector{"Update"};
+  }
 
   // The user has every right that inserting, changing and deleting need, and an insert finds what it has to.
   void grant_everything() { grant_everything(stage); }
