@@ -1,5 +1,7 @@
 #include "client/database/own_tables.h"
 
+#include "automation/error.h"
+
 namespace tallyra::client {
 namespace {
 
@@ -17,6 +19,16 @@ constexpr const char* make_journal_table =
     "RESULT varchar(20),DETAIL varchar(255),USERID varchar(50),OSUSER varchar(100),HOSTNAME varchar(255),"
     "PROCESSID integer)";
 
+// Another one may be making it at the same moment.
+void make(const Reader& reader, const char* table, const char* statement) {
+  if (reader.has_table(table)) return;
+  try {
+    reader.execute(statement);
+  } catch (const automation::Error&) {
+    if (!reader.has_table(table)) throw;
+  }
+}
+
 }  // namespace
 
 bool has_own_tables(const Reader& reader) {
@@ -24,8 +36,8 @@ bool has_own_tables(const Reader& reader) {
 }
 
 void make_own_tables(const Reader& reader) {
-  if (!reader.has_table(lock_table)) reader.execute(make_lock_table);
-  if (!reader.has_table(journal_table)) reader.execute(make_journal_table);
+  make(reader, lock_table, make_lock_table);
+  make(reader, journal_table, make_journal_table);
 }
 
 }  // namespace tallyra::client
