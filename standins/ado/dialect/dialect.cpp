@@ -27,36 +27,58 @@ bool blank_at(std::string_view sql, std::size_t at) {
 }  // namespace
 
 std::string_view Dialect::rewrite(std::string_view sql) {
-  no_date_ = {};
-  changes_schema_ = false;
-  verdict_ = {};
-  if (sql.size() > longest_text || sql.find('\0') != std::string_view::npos) {
-    verdict_ = {Reach::beyond, sql.substr(0, 1)};
-    return sql;
-  }
+  if (!is_readable(sql)) return sql;
   if (const InsertHead* head = heads_.match(sql)) {
     const ValuesOutcome outcome = rewrite_values(sql, *head, out_);
     if (outcome != ValuesOutcome::not_plain) return outcome == ValuesOutcome::rewritten ? out_ : sql;
   }
-  release_memory();
-  const std::string_view rewritten = rewrite_by_tokens(sql);
-  verdict_ = differences_.judge(tokens_);
+  read(sql);
+  collect_edits(sql);
+  const std::string_view rewritten = written(sql);
   if (verdict_.reach == Reach::database) remember_head(sql);
   return rewritten;
 }
 
-// Leaves the tokens of what it returns.
-std::string_view Dialect::rewrite_by_tokens(std::string_view sql) {
+std::string_view Dialect::rewrite_form(std::string_view sql, const std::vector<Literal>& literals,
+                                       std::vector<LiteralUse>& uses) {
+  uses.assign(literals.size(), {});
+  if (!is_readable(sql)) return sql;
+  read(sql);
+  find_literal_uses(tokens_, findings_, literals, uses);
+  collect_edits(sql);
+  edit_literals(literals, uses);
+  return written(sql);
+}
+
+// Begins anew. Texts that nothing can be said of go as they are.
+bool Dialect::is_readable(std::string_view sql) {
+  no_date_ = {};
+  changes_schema_ = false;
+  verdict_ = {};
+  if (sql.size() <= longest_text && sql.find('\0') == std::string_view::npos) return true;
+  verdict_ = {Reach::beyond, sql.substr(0, 1)};
+  return false;
+}
+
+void Dialect::read(std::string_view sql) {
+  release_memory();
   tokenize(sql, tokens_);
   analyzer_.analyze(tokens_, findings_);
   no_date_ = findings_.no_date;
   changes_schema_ = findings_.changes_schema;
   if (changes_schema_) forget();
-  collect_edits(sql);
-  if (edits_.empty()) return sql;
-  apply_edits(sql);
-  tokenize(out_, tokens_);
-  return out_;
+}
+
+// The text with the edits that have been collected, judged.
+std::string_view Dialect::written(std::string_view sql) {
+  std::string_view result = sql;
+  if (!edits_.empty()) {
+    apply_edits(sql);
+    tokenize(out_, tokens_);
+    result = out_;
+  }
+  verdict_ = differences_.judge(tokens_);
+  return result;
 }
 
 // What comes behind a known head is not judged again. So the driver must not find a quote in it that is none
@@ -82,6 +104,17 @@ void Dialect::edit_date(std::string_view sql, Span literal) {
   write_date(*read_quoted_date(text.substr(1, text.size() - 2)), buffer.data());
   const std::string_view written(buffer.data(), buffer.size());
   if (text != written) replace(literal, written);
+}
+
+// In place of what would be made of them as parts of the text.
+void Dialect::edit_literals(const std::vector<Literal>& literals, const std::vector<LiteralUse>& uses) {
+  for (std::size_t i = 0; i < literals.size(); ++i) {
+    const Literal& literal = literals[i];
+    if (!can_be_apart(literal.kind, uses[i])) continue;
+    std::erase_if(edits_,
+                  [&](const Edit& edit) { return edit.begin == literal.begin && edit.end == literal.end; });
+    replace({literal.begin, literal.end}, "?");
+  }
 }
 
 // LIMIT is no part of a member of a compound, so such a member becomes a subquery.

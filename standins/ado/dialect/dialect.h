@@ -11,6 +11,8 @@
 #include "standins/ado/dialect/differences.h"
 #include "standins/ado/dialect/findings.h"
 #include "standins/ado/dialect/insert_heads.h"
+#include "standins/ado/dialect/literal_scan.h"
+#include "standins/ado/dialect/literal_use.h"
 #include "standins/ado/dialect/statement_guard.h"
 #include "standins/ado/dialect/token.h"
 
@@ -46,6 +48,12 @@ class Dialect {
   // untouched. Throws only what `DateColumns` throws.
   std::string_view rewrite(std::string_view sql);
 
+  // As `rewrite`, with `?` in place of each of the `literals`, which `scan_literals` has found in the text,
+  // that can be given apart; `uses` says of each whether it can and how. A date among them is then to be
+  // given as `write_date` has it.
+  std::string_view rewrite_form(std::string_view sql, const std::vector<Literal>& literals,
+                                std::vector<LiteralUse>& uses);
+
   // The first text of the statement rewritten last that meets a date column and is no date, with its quotes;
   // empty when there is none. Such a text stays as it is, and an engine without a type for dates would
   // compare or store it as a text; the databases for which the statements are written answer with an error. A
@@ -73,10 +81,13 @@ class Dialect {
     std::size_t text_end;
   };
 
-  std::string_view rewrite_by_tokens(std::string_view sql);
+  bool is_readable(std::string_view sql);
+  void read(std::string_view sql);
+  std::string_view written(std::string_view sql);
   void remember_head(std::string_view sql);
   void collect_edits(std::string_view sql);
   void edit_date(std::string_view sql, Span literal);
+  void edit_literals(const std::vector<Literal>& literals, const std::vector<LiteralUse>& uses);
   void edit_top(std::string_view sql, const TopSelect& top);
   void edit_delete(std::string_view sql, const JoinedDelete& statement);
   void remove(std::string_view sql, Span span);

@@ -51,11 +51,6 @@ bool is_one_of(const std::array<std::string_view, N>& names, std::string_view na
   return std::ranges::any_of(names, [&](std::string_view entry) { return same_name(entry, name); });
 }
 
-bool is_reaching(std::string_view name) {
-  if (!same_name(name.substr(0, pragma_prefix.size()), pragma_prefix)) return is_one_of(reaching_names, name);
-  return !is_one_of(harmless_pragmas, name.substr(pragma_prefix.size()));
-}
-
 class Judge {
  public:
   explicit Judge(const Tokens& tokens) : tokens_(tokens) {}
@@ -78,10 +73,10 @@ class Judge {
   }
 
   bool reaches(std::size_t i, bool names_table) const {
-    if (tokens_[i].kind == TokenKind::text) return names_table && is_reaching(tokens_.name(i));
+    if (tokens_[i].kind == TokenKind::text) return names_table && is_reaching_name(tokens_.name(i));
     if (!tokens_.is_name(i)) return false;
     const std::string_view name = tokens_.name(i);
-    return is_reaching(name) ||
+    return is_reaching_name(name) ||
            (tokens_[i + 1].kind == TokenKind::open && same_name(reaching_function, name));
   }
 
@@ -104,7 +99,7 @@ class Judge {
   std::size_t reaching_pragma(std::size_t i) const {
     if (i == last()) return 0;
     if (tokens_[i + 1].kind == TokenKind::dot) i += 2;
-    return tokens_.is_name(i) && is_one_of(harmless_pragmas, tokens_.name(i)) ? 0 : i;
+    return tokens_.is_name(i) && is_harmless_pragma(tokens_.name(i)) ? 0 : i;
   }
 
   // The first token behind the semicolon that ends the first statement, semicolons apart; 0 when there is
@@ -136,6 +131,15 @@ class Judge {
 };
 
 }  // namespace
+
+bool is_reaching_name(std::string_view name) {
+  if (!same_name(name.substr(0, pragma_prefix.size()), pragma_prefix)) return is_one_of(reaching_names, name);
+  return !is_harmless_pragma(name.substr(pragma_prefix.size()));
+}
+
+bool is_harmless_pragma(std::string_view name) {
+  return is_one_of(harmless_pragmas, name);
+}
 
 Verdict judge(const Tokens& tokens) {
   return Judge(tokens).verdict();

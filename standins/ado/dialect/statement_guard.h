@@ -24,4 +24,8 @@ struct Verdict {
 // it. Needs time linear in the length of the text.
 Verdict judge(const Tokens& tokens);
 
+// Whether a function or table of this name would get at code or files, for an engine that can ask by itself.
+bool is_reaching_name(std::string_view name);
+bool is_harmless_pragma(std::string_view name);
+
 }  // namespace tallyra::standins::ado::dialect
