@@ -3,6 +3,11 @@
 #include "standins/ado/ado_error.h"
 #include "standins/ado/connection_string.h"
 #include "standins/ado/odbc/odbc_session.h"
+// On Windows the driver is the installed one; under Wine it is a library of the machine, which locks files as
+// the machine's own processes do.
+#ifndef _WIN32
+#include "standins/ado/sqlite/sqlite_session.h"
+#endif
 
 namespace tallyra::standins::ado {
 namespace {
@@ -15,6 +20,12 @@ struct Engine {
 
 // The first that takes a string has it.
 constexpr Engine engines[] = {
+#ifndef _WIN32
+    {means_sqlite_library,
+     [](const ConnectionSource& source) -> std::unique_ptr<EngineSession> {
+       return std::make_unique<SqliteSession>(read_sqlite_source(source));
+     }},
+#endif
     {[](const ConnectionSource&) { return true; },
      [](const ConnectionSource& source) -> std::unique_ptr<EngineSession> {
        return std::make_unique<OdbcSession>(source.odbc_string, source.login_seconds);

@@ -1,5 +1,7 @@
 #include "tests/support/company_database.h"
 
+#include <fstream>
+
 #include "automation/convert.h"
 #include "automation/create.h"
 #include "company/schema_script.h"
@@ -23,6 +25,7 @@ CompanyDatabase::CompanyDatabase(std::string system_database, int lock_wait)
   // What a test writes need not survive a power cut.
   connection_string_ = "DRIVER={SQLite3};Database=" + file_.generic_string() +
                        ";SyncPragma=OFF;Timeout=" + std::to_string(lock_wait);
+  std::ofstream(file_, std::ios::app);  // a database without tables
   run(samples::company::read_schema(TALLYRA_SCHEMA));
   run({"INSERT INTO USERRIGHTS VALUES('ADMIN','*',1,1,1,1,1,1,1,1)"});
 }

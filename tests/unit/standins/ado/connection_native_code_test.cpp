@@ -22,7 +22,7 @@ class NativeCodeTest : public Stage {
 };
 
 TEST_F(NativeCodeTest, IsNotLoadedByAFunction) {
-  const PlainOdbc plain(connection_string());
+  const PlainOdbc plain(odbc_string());
   const Object connection = open_connection();
   for (const std::string function :
        {"load_extension", "LOAD_EXTENSION", "[Load_Extension]", "\"load_extension\"", "`load_extension`",
@@ -41,7 +41,7 @@ TEST_F(NativeCodeTest, IsNotLoadedByTheConnectionString) {
   for (const std::string& keyword :
        {"LoadExt=" + library, "LOADEXT=" + library, "x={a;loadext=" + library + ";}"}) {
     const std::string text = connection_string() + ";" + keyword;
-    { const PlainOdbc plain(text); }
+    { const PlainOdbc plain(odbc_string() + ";" + keyword); }
     EXPECT_TRUE(was_loaded()) << "harmless, and so no test: " << text;
     const Object connection = automation::create("ADODB.Connection");
     for (const std::string& way : {text, "Provider=MSDASQL;Extended Properties=\"" + text + "\""})

@@ -140,6 +140,7 @@ TEST_F(ConnectionTest, ExecuteReportsTheRowsAffected) {
       {"insert into T values(1),(2),(3)", 3},
       {"update T set A=A+1 where A>1", 2},
       {"delete from T where A=77", 0},
+      {"create table U(A integer)", 0},
       {"delete from T", 3},
   };
   for (const Row& row : rows) {

@@ -1,5 +1,8 @@
 #include "tests/unit/standins/ado/scratch_database.h"
 
+#include <cstdlib>
+#include <fstream>
+
 #include "automation/convert.h"
 #include "standins/ado/local_classes.h"
 
@@ -7,6 +10,11 @@ namespace tallyra::standins::ado::test {
 
 Stage::Stage() {
   register_classes();
+  make_database("test.db");
+}
+
+void Stage::make_database(std::string_view file) const {
+  std::ofstream(path(file), std::ios::app);
 }
 
 std::string Stage::path(std::string_view file) const {
@@ -14,6 +22,10 @@ std::string Stage::path(std::string_view file) const {
 }
 
 std::string Stage::connection_string(std::string_view file) const {
+  return (std::getenv("TALLYRA_TEST_OVER_ODBC") ? "Provider=MSDASQL;" : "") + odbc_string(file);
+}
+
+std::string Stage::odbc_string(std::string_view file) const {
   return "DRIVER={SQLite3};Database=" + path(file) + ";SyncPragma=OFF;Timeout=100";
 }
 
@@ -22,6 +34,7 @@ Object Stage::open_connection() const {
 }
 
 Object Stage::open_connection(std::string_view file) const {
+  make_database(file);
   Object connection = automation::create("ADODB.Connection");
   connection.call("Open", connection_string(file), "", "", -1);
   return connection;

@@ -25,8 +25,14 @@ class Stage : public testing::Test {
   Stage();
 
   std::string path(std::string_view file) const;
-  // Of the test's database, or of another in the same folder.
+  // Of the test's database, or of another in the same folder. Means the engine's own library where this build
+  // has it, and ODBC under TALLYRA_TEST_OVER_ODBC: every test holds for both.
   std::string connection_string(std::string_view file = "test.db") const;
+  // Without what chooses between the two.
+  std::string odbc_string(std::string_view file = "test.db") const;
+
+  // A database without tables, which is an empty file, unless it is there.
+  void make_database(std::string_view file) const;
 
   Object open_connection() const;
   Object open_connection(std::string_view file) const;

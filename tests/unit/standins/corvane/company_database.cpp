@@ -1,5 +1,7 @@
 #include "tests/unit/standins/corvane/company_database.h"
 
+#include <fstream>
+
 #include "automation/convert.h"
 #include "automation/create.h"
 #include "company/schema_script.h"
@@ -13,6 +15,7 @@ CompanyDatabase::CompanyDatabase()
     : connection_string_("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";SyncPragma=OFF") {
   ado::register_classes();
   register_classes();
+  std::ofstream(file(), std::ios::app);  // a database without tables
   run(samples::company::read_schema(TALLYRA_SCHEMA));
 }
 

@@ -18,7 +18,7 @@ namespace {
 class RowReaderTest : public Stage, public testing::WithParamInterface<DriverTraits> {
  protected:
   RowReaderTest() {
-    const std::string target = connection_string();
+    const std::string target = odbc_string();
     login.require(SQLDriverConnect(login.get(), nullptr, odbc_text(target.c_str()), SQL_NTS, nullptr, 0,
                                    nullptr, SQL_DRIVER_NOPROMPT));
   }
