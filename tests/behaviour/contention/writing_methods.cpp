@@ -1,6 +1,6 @@
 #include "tests/behaviour/contention/writing_methods.h"
 
-#include "tests/transcript/transactions/methods.h"
+#include "tests/support/document_methods.h"
 
 namespace tallyra::behaviour {
 namespace {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/support/company_database.h"
-#include "tests/transcript/transactions/methods.h"
+#include "tests/support/document_methods.h"
 
 // The transaction classes at work on a company's database: rows before, call, rows after.
 namespace tallyra::transactions_test {

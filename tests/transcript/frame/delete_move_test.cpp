@@ -15,8 +15,9 @@ TEST_P(RecordDelete, ItRunsInATransaction) {
 }
 
 TEST_P(RecordDelete, AFailedTransactionIsRolledBackOrLeftToTheReleasedConnection) {
-  for (const std::string& call : {std::string("C1.BeginTrans"), "C1.Execute " + record.removals.back(),
-                                  std::string("C1.CommitTrans")}) {
+  std::vector<std::string> calls{"C1.BeginTrans", "C1.CommitTrans"};
+  for (const auto& removal : record.removals) calls.push_back("C1.Execute " + removal);
+  for (const auto& call : calls) {
     Stage each(GetParam().kind);
     each.set("CanDelete", 1).fails(call, Error(-2147467259, "locked"));
     EXPECT_EQ(play(client(each), "Delete"), trapped(-2147467259, "locked")) << call;

@@ -61,14 +61,5 @@ TEST_P(TranDetailDelete, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
     }
 }
 
-TEST_P(TranDetailDelete, RollsBackAndClosesWhenItFails) {
-  for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
-    Stage each(GetParam());
-    each.set("CanDelete", 1).fails(failing, Error(-2147217900, "locked"));
-    EXPECT_EQ(delete_line(each.client("CTranDetail"), {}), trapped(-2147217900, "locked"));
-    EXPECT_TRUE(each.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n")) << failing;
-  }
-}
-
 }  // namespace
 }  // namespace tallyra::transactions_test

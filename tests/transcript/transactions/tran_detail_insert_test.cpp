@@ -65,11 +65,5 @@ TEST_P(TranDetailInsert, WritesTheAddressAsItStands) {
   }
 }
 
-TEST_P(TranDetailInsert, AnErrorOfTheDatabaseComesBackWithTheConnectionLetGo) {
-  stage.fails("Execute", Error(-2147217873, "duplicate"));
-  EXPECT_EQ(play(), trapped(-2147217873, "duplicate"));
-  EXPECT_TRUE(stage.database_calls().ends_with("C1.Execute <GetInsertSQL STKTRANDT> | -1 ! duplicate\n"));
-}
-
 }  // namespace
 }  // namespace tallyra::transactions_test

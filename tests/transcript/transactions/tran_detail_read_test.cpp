@@ -46,15 +46,6 @@ TEST_P(TranDetailRead, AddressesALineByNumberFromZeroOnAndElseByPart) {
   }
 }
 
-TEST_P(TranDetailRead, AsksForNoRight) {
-  stage.finds_nothing(by_part);
-  const Object object = client();
-  read_line(object, {}, fields);
-  stage.clear();
-  read_line(object, {}, fields);
-  EXPECT_EQ(stage.rights_calls(), "");
-}
-
 TEST_P(TranDetailRead, GivesEmptyCollectionsForAMissingLine) {
   stage.finds_nothing(by_number("1"));
   EXPECT_EQ(read_line(client(), {.number = 1}, fields), (Outcome{100, 10000003, "text of Msg10000003"}));
@@ -65,12 +56,6 @@ TEST_P(TranDetailRead, HandsBothCategoriesBack) {
   stage.finds(by_part, {{"PARTNO", "CATEGORYNO", "CATEGORYNO"}, {{"P1", "C", "C"}}});
   EXPECT_EQ(read_line(client(), {}, fields), done);
   EXPECT_EQ(fields.text(), "PARTNO='P1' CATEGORYNO='C' CATEGORYNO='C'");
-}
-
-TEST_P(TranDetailRead, LeavesTheCollectionsAloneWhenItFails) {
-  stage.fails("R1.Open", Error(-2147217865, "no such table"));
-  EXPECT_EQ(read_line(client(), {}, fields), trapped(-2147217865, "no such table"));
-  EXPECT_EQ(fields.text(), "QTY=5");
 }
 
 TEST_P(TranDetailRead, ANumberThatIsNoneNeverReachesTheMethod) {

@@ -33,12 +33,6 @@ TEST_P(TranHeadInsert, CreatesTheHeaderAloneWhenNothingIsCopied) {
   }
 }
 
-TEST_P(TranHeadInsert, ATakenNumberIsRefused) {
-  stage.finds(existing, {{"TRANNO"}, {{"T1"}}});
-  EXPECT_EQ(play(), refused(10000004));
-  EXPECT_EQ(stage.database_calls(), opened + asked(existing) + "C1.Close\n");
-}
-
 TEST_P(TranHeadInsert, ACopyOfADocumentWithoutLinesCreatesTheHeaderAlone) {
   EXPECT_EQ(play("T0"), done);
   EXPECT_EQ(stage.database_calls(), created + "R1.Open " + lines +

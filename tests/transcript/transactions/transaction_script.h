@@ -5,8 +5,8 @@
 #include <string>
 
 #include "automation/create.h"
+#include "tests/support/document_methods.h"
 #include "tests/support/stage.h"
-#include "tests/transcript/transactions/methods.h"
 
 namespace tallyra::transactions_test {
 
