@@ -102,11 +102,21 @@ Backup back_up(const Reader& reader, const std::string& before_what) {
   std::string moment;
   automation::append_time_stamp(moment, automation::now());
   const std::string copy = file + ".before-" + before_what + "-" + without_signs(moment);
+  if (std::filesystem::exists(file_path(copy)))
+    throw Refusal("'" + copy + "' is there already; nothing was done");
   const NobodyWrites nobody_writes(reader);
-  copy_files(file, copy);
-  Backup backup = compare(reader, copy);
-  copy_numbers(file + ".keys", copy + ".keys");
-  return backup;
+  try {
+    copy_files(file, copy);
+    const Backup backup = compare(reader, copy);
+    copy_numbers(file + ".keys", copy + ".keys");
+    return backup;
+  } catch (...) {
+    // Half a copy is none.
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", ".keys", ".keys-wal"})
+      std::filesystem::remove(file_path(copy + suffix), ignored);
+    throw;
+  }
 }
 
 }  // namespace tallyra::client

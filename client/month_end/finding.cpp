@@ -35,7 +35,10 @@ CloseCase close_case(const Reader& reader, automation::Date date) {
 
 void gather(CloseCase& close) {
   for (const Department& department : departments(close.reader))
-    gather_department(department, sums_of(close.reader, department.number, close.period), close.gathered);
+    gather_department(
+        department,
+        sums_of(close.reader, department.number, close.period, std::string(no_unapproved_close_documents)),
+        close.gathered);
   close.gathered.plan.company_lines = close.gathered.parts.size();
 }
 

@@ -42,7 +42,8 @@ std::string within(const Reader& reader, const Period& period);
 
 // Left out of what a close reads: the unapproved close documents, which it deletes before it begins.
 inline constexpr std::string_view no_unapproved_close_documents =
-    " And STKTRANHD.TRANTYPE<>'STKCLOSEALL'"
     " And (STKTRANHD.TRANTYPE<>'STK027CLOSE' Or STKTRANHD.STATUSSN<>0 Or STKTRANHD.STATUSSN Is Null)";
+// The company's documents are no movements.
+inline constexpr std::string_view no_company_documents = " And STKTRANHD.TRANTYPE<>'STKCLOSEALL'";
 
 }  // namespace tallyra::client

@@ -34,7 +34,7 @@ PartSums sums_of(const Reader& reader, const std::string& department, const Peri
   PartSums sums;
   const std::string number = Reader::text_literal(department);
   reader.each_row(grouped_sum("STKTRANHD.DEPTNOFR=" + number + within(reader, period) +
-                              std::string(no_unapproved_close_documents) + further),
+                              std::string(no_company_documents) + further),
                   [&](const Row& row) {
                     PartSum& sum = sums[shown_text(row[0])];
                     sum.goes_out = true;

@@ -99,14 +99,30 @@ Quantities quantities_of(const PartSums& sums) {
   return quantities;
 }
 
+// When the close was made: as its record says, else the end of the day that its documents bear.
+std::optional<automation::Date> made_at(const Reader& reader, const CloseRecord& record,
+                                        const Period& period) {
+  if (record.made_at) return record.made_at;
+  std::optional<automation::Date> made;
+  reader.each_row(
+      "Select Max(STKTRANHD.ADDDT) As MADE From STKTRANHD" + of_that_day(reader, period, "STK027CLOSE"),
+      [&](const Row& row) {
+        constexpr double last_second = 1 - 1.0 / 86400;
+        if (!row[0].is_null()) made = {std::floor(automation::to_date(row[0]).serial) + last_second};
+      });
+  return made;
+}
+
+// Documents and lines that were there then.
+std::string entered_by(const Reader& reader, automation::Date moment) {
+  const std::string literal = reader.time_literal(moment);
+  return " And (STKTRANHD.TRANTYPE='STK027CLOSE' Or ((STKTRANHD.ADDDT Is Null Or STKTRANHD.ADDDT<=" +
+         literal + ") And (STKTRANDT.ADDDT Is Null Or STKTRANDT.ADDDT<=" + literal + ")))";
+}
+
 // Differences that were none when the close was made: without what was entered since, the line is right.
-void explain(const Reader& reader, const CloseRecord& record, const Period& period,
-             const std::string& department, std::vector<Difference>& differences, std::size_t first) {
-  if (first == differences.size() || !record.made_at) return;
-  const std::string entered_before =
-      " And (STKTRANHD.ADDDT Is Null Or STKTRANHD.ADDDT<=" + reader.time_literal(*record.made_at) +
-      " Or STKTRANHD.TRANTYPE='STK027CLOSE')";
-  const Quantities then = quantities_of(sums_of(reader, department, period, entered_before));
+void explain(const PartSums& sums_then, std::vector<Difference>& differences, std::size_t first) {
+  const Quantities then = quantities_of(sums_then);
   for (std::size_t i = first; i < differences.size(); ++i) {
     Difference& difference = differences[i];
     if (difference.kind != Kind::differs && difference.kind != Kind::missing) continue;
@@ -150,6 +166,7 @@ Verification verify_close(const Reader& reader, const CloseRecord& record, const
   Verification result;
   auto by_department = documents_of(reader, period, "STK027CLOSE");
   Quantities company;
+  const auto made = made_at(reader, record, period);
   const auto add_up = [&](const Comparison& comparison) {
     for (const auto& [part, written] : comparison.written()) company[part] += written.quantity;
   };
@@ -157,7 +174,9 @@ Verification verify_close(const Reader& reader, const CloseRecord& record, const
     const std::size_t first = result.differences.size();
     Comparison comparison(result, department.number, by_department[department.number]);
     comparison.run(reader, quantities_of(sums_of(reader, department.number, period)));
-    explain(reader, record, period, department.number, result.differences, first);
+    if (first != result.differences.size() && made)
+      explain(sums_of(reader, department.number, period, entered_by(reader, *made)), result.differences,
+              first);
     add_up(comparison);
     by_department.erase(department.number);
   }

@@ -29,6 +29,7 @@ const Finding another_closer{"another-closer", Severity::error, "another one is 
                              "wait until it has ended; 'status' tells", look_at_lock};
 const Finding unfinished_close{"unfinished-close", Severity::warning,
                                "a close did not come to its end; the next one deletes what it has left",
-                               "see that no other program closes at this moment; then just close", look_at_leftovers};
+                               "see that no other program closes at this moment; then just close",
+                               look_at_leftovers};
 
 }  // namespace tallyra::client

@@ -5,11 +5,15 @@
 namespace tallyra::client {
 namespace {
 
+std::string movements_of(const CloseCase& close) {
+  return within(close.reader, close.period) + std::string(no_company_documents) +
+         std::string(no_unapproved_close_documents);
+}
+
 // Documents count in the department they come from. A transfer need not name one, and counts where it goes
 // to; the other department of any other document is no department of the company.
 Found look_at_departments(const CloseCase& close) {
-  const std::string in_period =
-      within(close.reader, close.period) + std::string(no_unapproved_close_documents);
+  const std::string in_period = movements_of(close);
   const auto missing = [&](const std::string& column, const std::string& types) {
     return found_rows(close.reader,
                       "Select STKTRANHD." + column +
@@ -33,8 +37,7 @@ Found look_at_parts(const CloseCase& close) {
                     "Select STKTRANDT.PARTNO,Count(*) As N From (STKTRANDT"
                     " Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO)"
                     " Left Join PARTS On STKTRANDT.PARTNO=PARTS.PARTNO Where PARTS.PARTNO Is Null" +
-                        within(close.reader, close.period) + std::string(no_unapproved_close_documents) +
-                        " Group By STKTRANDT.PARTNO Order By STKTRANDT.PARTNO",
+                        movements_of(close) + " Group By STKTRANDT.PARTNO Order By STKTRANDT.PARTNO",
                     {"part", "lines:"});
 }
 

@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <fstream>
 
 #include "client/database/own_tables.h"
 #include "client/month_end/guard.h"
@@ -70,6 +71,16 @@ TEST_F(ClosingClient, CopiesTheDatabaseBeforeAndChecksTheCopy) {
   const Reader reader("DRIVER={SQLite3};Database=" + copy, "MSACCESS");
   EXPECT_EQ(reader.count("Select Count(*) As N From STKCLOSEHD"), 0);
   EXPECT_GT(reader.count("Select Count(*) As N From STKTRANDT"), 0);
+}
+
+TEST_F(ClosingClient, LeavesACopyAloneThatIsThereAlready) {
+  const std::string copy = company_.file().string() + ".before-close-20240305093000";
+  std::ofstream(copy) << "another";
+  EXPECT_EQ(run({"close", "2024/01/31", "--backup"}), exit_failed);
+  EXPECT_TRUE(says("is there already; nothing was done")) << client_.all();
+  EXPECT_EQ(std::filesystem::file_size(copy), 7U);
+  EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKCLOSEHD"), "0\n");
+  EXPECT_EQ(company_.rows("SELECT Count(*) FROM TALLYRALOCK"), "0\n");
 }
 
 TEST_F(ClosingClient, ApprovesOnlyACloseThatExists) {

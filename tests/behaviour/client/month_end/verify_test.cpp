@@ -79,6 +79,31 @@ TEST_F(TamperedClose, TellsWhatWasEnteredAfterTheClose) {
   EXPECT_EQ(verify(), exit_failed) << "that explains a part of it alone";
 }
 
+TEST_F(TamperedClose, TellsLinesThatWereEnteredLaterIntoAnEarlierDocument) {
+  sql(
+      {"INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY,UPRICE,ADDDT) VALUES('R1',8,'bolt-1',2,1,'2024-03-06 "
+       "10:00:00')"});
+  EXPECT_EQ(verify(), exit_done) << client_.all();
+  EXPECT_TRUE(says("\nentered after the close,10,027CLOSE00000001,bolt-1,9,11,-2\n")) << client_.all();
+}
+
+// Whoever closed without this program has left no moment in the record, but a day in the documents.
+TEST_F(TamperedClose, KnowsTheDayOfACloseWithoutItsMoment) {
+  sql({"UPDATE STKCLOSEHD SET ADDDT=NULL",
+       "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY,UPRICE,ADDDT) VALUES('R1',8,'bolt-1',2,1,'2024-03-06 "
+       "00:00:00')"});
+  EXPECT_EQ(verify(), exit_done) << client_.all();
+  sql({"UPDATE STKTRANDT SET ADDDT='2024-03-05 23:00:00' WHERE SN=8"});
+  EXPECT_EQ(verify(), exit_failed) << client_.all();
+}
+
+TEST_F(TamperedClose, StandsOnTheOneBeforeItWhateverTheStateOfThat) {
+  ASSERT_EQ(run({"approve", "2024/01/31"}), exit_done);
+  ASSERT_EQ(run({"close", "2024/02/29"}), exit_done) << client_.all();
+  sql({"UPDATE STKTRANHD SET STATUSSN=0 WHERE TRANDT='2024-02-01 00:00:00' AND TRANTYPE='STK027CLOSE'"});
+  EXPECT_EQ(run({"verify", "2024/02/29"}), exit_done) << client_.all();
+}
+
 TEST(SameQuantity, MeansTwelveDigits) {
   EXPECT_TRUE(same_quantity(1234567.89012, 1234567.890120001));
   EXPECT_FALSE(same_quantity(1234567.89012, 1234567.89013));
