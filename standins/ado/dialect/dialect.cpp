@@ -77,14 +77,31 @@ std::string_view Dialect::written(std::string_view sql) {
     tokenize(out_, tokens_);
     result = out_;
   }
+  result = reword(result);
   verdict_ = differences_.judge(tokens_);
   return result;
+}
+
+// `tokens_` are those of the text.
+std::string_view Dialect::reword(std::string_view text) {
+  rewordings_.clear();
+  if (differences_.reword) differences_.reword(tokens_, rewordings_);
+  if (rewordings_.empty()) return text;
+  reworded_.clear();
+  std::size_t copied = 0;
+  for (const Rewording& rewording : rewordings_) {
+    reworded_.append(text, copied, rewording.span.begin - copied).append(rewording.text);
+    copied = rewording.span.end;
+  }
+  reworded_.append(text, copied);
+  tokenize(reworded_, tokens_);
+  return reworded_;
 }
 
 // What comes behind a known head is not judged again. So the driver must not find a quote in it that is none
 // to the engine.
 void Dialect::remember_head(std::string_view sql) {
-  if (findings_.values_begin == 0 || heads_.match(sql) != nullptr) return;
+  if (findings_.values_begin == 0 || !rewordings_.empty() || heads_.match(sql) != nullptr) return;
   const std::string_view head = sql.substr(0, findings_.values_begin);
   if (head.find_first_of("'\"{") == std::string_view::npos) heads_.remember(head, analyzer_.insert().dates);
 }
@@ -119,7 +136,7 @@ void Dialect::edit_literals(const std::vector<Literal>& literals, const std::vec
 
 // LIMIT is no part of a member of a compound, so such a member becomes a subquery.
 void Dialect::edit_top(std::string_view sql, const TopSelect& top) {
-  if (top.in_compound) replace({top.begin, top.begin}, "SELECT * FROM (");
+  if (top.in_compound) replace({top.begin, top.begin}, differences_.member_begin);
   remove(sql, top.clause);
   replace({top.end, top.end}, " LIMIT ", top.count, top.in_compound ? ")" : "");
 }
@@ -129,9 +146,9 @@ void Dialect::edit_top(std::string_view sql, const TopSelect& top) {
 void Dialect::edit_delete(std::string_view sql, const JoinedDelete& statement) {
   const Span target = statement.target;
   replace(target, blank_before(sql, target.begin) ? "" : " ", "FROM ", statement.table,
-          " AS doomed WHERE doomed.", differences_.row_identity, " IN (SELECT ", statement.row, ".",
-          differences_.row_identity, blank_at(sql, target.end) ? "" : " ");
-  replace({statement.end, statement.end}, ")");
+          " AS doomed WHERE doomed.", differences_.row_identity, differences_.rows_begin, "SELECT ",
+          statement.row, ".", differences_.row_identity, blank_at(sql, target.end) ? "" : " ");
+  replace({statement.end, statement.end}, differences_.rows_end);
 }
 
 // Takes the blanks behind along, but leaves the words on both sides apart.
@@ -168,6 +185,7 @@ void Dialect::release_memory() {
   findings_ = {};
   replacements_ = {};
   out_ = {};
+  reworded_ = {};
 }
 
 }  // namespace tallyra::standins::ado::dialect

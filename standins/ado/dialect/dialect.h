@@ -28,6 +28,8 @@ namespace tallyra::standins::ado::dialect {
 //   '2024/3/31' at a date column, compared or written: the same
 //   '' there                    '1900-01-01 00:00:00'
 //
+// and what else the table says.
+//
 // Only the tokens concerned change, and only where such a thing can stand: what is malformed stays so, for
 // the engine to refuse. Not safe for use by several threads at once.
 class Dialect {
@@ -84,6 +86,7 @@ class Dialect {
   bool is_readable(std::string_view sql);
   void read(std::string_view sql);
   std::string_view written(std::string_view sql);
+  std::string_view reword(std::string_view text);
   void remember_head(std::string_view sql);
   void collect_edits(std::string_view sql);
   void edit_date(std::string_view sql, Span literal);
@@ -105,6 +108,8 @@ class Dialect {
   std::vector<Edit> edits_;
   std::string replacements_;
   std::string out_;
+  std::vector<Rewording> rewordings_;
+  std::string reworded_;
   std::string_view no_date_;
   bool changes_schema_ = false;
   Verdict verdict_;
