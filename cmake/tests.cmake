@@ -31,3 +31,16 @@ function(tallyra_add_test name)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
   endif()
 endfunction()
+
+# As tallyra_add_test, for tests that start a database server, one for the whole program: CTest runs the program. Not
+# built for Windows, where no server is started.
+function(tallyra_add_server_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LIBRARIES")
+  add_executable(${name} ${test_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE
+    tallyra_build_rules tallyra_automation ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
+  target_compile_options(${name} PRIVATE -O0)
+  target_precompile_headers(${name} REUSE_FROM tallyra_shared_test_headers)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 LABELS server)
+endfunction()

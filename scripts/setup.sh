@@ -17,6 +17,7 @@ native_packages=(
   build-essential cmake ninja-build
   libgtest-dev libcli11-dev nlohmann-json3-dev
   unixodbc-dev unixodbc odbcinst libsqliteodbc sqlite3 libsqlite3-dev
+  libpq-dev postgresql-15 odbc-postgresql
   universal-ctags
 )
 

@@ -6,6 +6,8 @@
 // On Windows the driver is the installed one; under Wine it is a library of the machine, which locks files as
 // the machine's own processes do.
 #ifndef _WIN32
+#include "standins/ado/postgresql/connection_options.h"
+#include "standins/ado/postgresql/postgresql_session.h"
 #include "standins/ado/sqlite/sqlite_session.h"
 #endif
 
@@ -24,6 +26,10 @@ constexpr Engine engines[] = {
     {means_sqlite_library,
      [](const ConnectionSource& source) -> std::unique_ptr<EngineSession> {
        return std::make_unique<SqliteSession>(read_sqlite_source(source));
+     }},
+    {means_postgresql,
+     [](const ConnectionSource& source) -> std::unique_ptr<EngineSession> {
+       return std::make_unique<PostgresqlSession>(source);
      }},
 #endif
     {[](const ConnectionSource&) { return true; },

@@ -21,6 +21,7 @@ constexpr StateNumber state_numbers[] = {
     {"22012", provider_error::errors_in_command}, {"21", provider_error::errors_in_command},
     {"07002", provider_error::parameter_missing}, {"07001", provider_error::parameter_missing},
     {"28", provider_error::login_failed},         {"HYT00", provider_error::timeout},
+    {"22021", provider_error::cannot_convert},    {"57014", provider_error::timeout},
 };
 
 constexpr int sqlite_error = 1;

@@ -1,0 +1,248 @@
+#include "standins/ado/postgresql/connection_options.h"
+
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "automation/error.h"
+#include "automation/folded_name.h"
+#include "standins/ado/ado_error.h"
+
+namespace tallyra::standins::ado {
+namespace {
+
+using automation::equals_folded;
+
+constexpr auto driver_names =
+    std::to_array<std::string_view>({"PostgreSQL Unicode", "PostgreSQL ANSI", "PostgreSQL"});
+
+struct Renamed {
+  std::string_view odbc;
+  std::string_view library;
+};
+constexpr Renamed renamed[] = {
+    {"Servername", "host"},
+    {"Server", "host"},
+    {"Port", "port"},
+    {"Database", "dbname"},
+    {"UID", "user"},
+    {"Username", "user"},
+    {"PWD", "password"},
+    {"Password", "password"},
+    {"SSLmode", "sslmode"},
+    {"KeepaliveTime", "keepalives_idle"},
+    {"KeepaliveInterval", "keepalives_interval"},
+};
+
+// They say how the driver works and what it calls things, and change nothing of what a client of ADO sees.
+constexpr auto of_the_driver_alone = std::to_array<std::string_view>({
+    "Driver",
+    "Description",
+    "Protocol",
+    "UseServerSidePrepare",
+    "UseDeclareFetch",
+    "Fetch",
+    "BoolsAsChar",
+    "TextAsLongVarchar",
+    "MaxVarcharSize",
+    "MaxLongVarcharSize",
+    "UnknownsAsLongVarchar",
+    "UnknownSizes",
+    "LFConversion",
+    "ByteaAsLongVarBinary",
+    "Parse",
+    "Optimizer",
+    "Ksqo",
+    "FakeOidIndex",
+    "ShowOidColumn",
+    "RowVersioning",
+    "ShowSystemTables",
+    "UpdatableCursors",
+    "DisallowPremature",
+    "TrueIsMinus1",
+    "BI",
+    "LowerCaseIdentifier",
+    "XaOpt",
+    "IgnoreTimeout",
+    "FetchRefcursors",
+    "NumericAs",
+    "OptionalErrors",
+    "ExtraSysTablePrefixes",
+});
+
+// With them the driver would write files: only their being off is taken.
+constexpr auto logs_of_the_driver = std::to_array<std::string_view>({"Debug", "CommLog"});
+
+// Of the library's own options.
+constexpr auto known_options = std::to_array<std::string_view>({
+    "host",
+    "hostaddr",
+    "port",
+    "dbname",
+    "user",
+    "password",
+    "passfile",
+    "sslmode",
+    "sslrootcert",
+    "sslcert",
+    "sslkey",
+    "sslpassword",
+    "sslcrl",
+    "sslcrldir",
+    "sslsni",
+    "ssl_min_protocol_version",
+    "ssl_max_protocol_version",
+    "channel_binding",
+    "gssencmode",
+    "krbsrvname",
+    "requirepeer",
+    "target_session_attrs",
+    "connect_timeout",
+    "tcp_user_timeout",
+    "keepalives",
+    "keepalives_idle",
+    "keepalives_interval",
+    "keepalives_count",
+    "application_name",
+    "fallback_application_name",
+    "options",
+});
+
+// What this layer reads and writes is in these forms, whatever the server's own settings are.
+constexpr std::string_view session_settings =
+    " -c datestyle=ISO,MDY -c standard_conforming_strings=on -c extra_float_digits=1 -c bytea_output=hex";
+
+[[noreturn]] void refuse(std::string_view what, std::string_view name) {
+  throw automation::Error(provider_error::unspecified, std::string(what) + std::string(name));
+}
+
+template <std::size_t N>
+bool is_one_of(const std::array<std::string_view, N>& names, std::string_view name) {
+  return std::ranges::any_of(names, [&](std::string_view entry) { return equals_folded(entry, name); });
+}
+
+class Reader {
+ public:
+  explicit Reader(const ConnectionSource& source) {
+    // The user and the password given beside the string are in the string for ODBC only.
+    const auto complete = read_connection_string(source.odbc_string, {}, {}, 0);
+    for (const Keyword& keyword : complete.keywords) add(keyword);
+    if (const std::string* const options = complete.find("pqopt")) add_options(*options);
+    if (!result_.find("port")) result_.options.push_back({"port", "5432"});
+    if (!result_.find("connect_timeout"))
+      result_.options.push_back({"connect_timeout", std::to_string(source.login_seconds)});
+    complete_string();
+    add_settings();
+  }
+
+  PostgresqlOptions result() { return std::move(result_); }
+
+ private:
+  void add(const Keyword& keyword) {
+    for (const Renamed& entry : renamed)
+      if (equals_folded(entry.odbc, keyword.name)) return set(entry, keyword.value, keyword.name);
+    if (equals_folded(keyword.name, "ReadOnly")) {
+      read_only_ = keyword.value == "1";
+      return;
+    }
+    if (is_one_of(logs_of_the_driver, keyword.name)) {
+      if (keyword.value == "0") return;
+      throw automation::Error(provider_error::permission_denied,
+                              "The connection string reaches beyond the database: " + keyword.name);
+    }
+    if (!is_one_of(of_the_driver_alone, keyword.name) && !equals_folded(keyword.name, "pqopt"))
+      refuse("The connection string has an unknown keyword: ", keyword.name);
+  }
+
+  // Its own messages quote what they cannot read, which may be a password.
+  void add_options(const std::string& text) {
+    const std::unique_ptr<PQconninfoOption, void (*)(PQconninfoOption*)> parsed(
+        PQconninfoParse(text.c_str(), nullptr), PQconninfoFree);
+    if (!parsed) refuse("The connection string has options of the library that make no sense: ", "pqopt");
+    for (const PQconninfoOption* option = parsed.get(); option->keyword != nullptr; ++option) {
+      if (option->val == nullptr) continue;
+      if (!is_one_of(known_options, option->keyword) || loads_code(*option))
+        refuse("pqopt has an option that is not taken: ", option->keyword);
+      append(option->keyword, option->val, option->keyword);
+    }
+  }
+
+  // To the driver the last user and the last password count; those given beside the string stand there.
+  void set(const Renamed& entry, const std::string& value, std::string_view name) {
+    if (entry.library == "user" || entry.library == "password")
+      std::erase_if(result_.options, [&](const auto& option) { return option.keyword == entry.library; });
+    append(entry.library, value, name);
+  }
+
+  // A key may be one of an engine, which is a library; a server loads libraries by settings.
+  static bool loads_code(const PQconninfoOption& option) {
+    const std::string_view keyword = option.keyword;
+    const std::string_view value = option.val;
+    return (keyword == "sslkey" && value.find(':') != std::string_view::npos) ||
+           (keyword == "options" && value.find("preload") != std::string_view::npos);
+  }
+
+  void append(std::string_view keyword, const std::string& value, std::string_view name) {
+    if (result_.find(keyword)) refuse("The connection string says this twice: ", name);
+    result_.options.push_back({std::string(keyword), value});
+  }
+
+  void add_settings() {
+    std::string settings;
+    if (const std::string* const options = result_.find("options")) settings = *options;
+    std::erase_if(result_.options, [](const auto& option) { return option.keyword == "options"; });
+    settings += session_settings;
+    if (read_only_) settings += " -c default_transaction_read_only=on";
+    result_.options.push_back({"options", settings});
+    result_.options.push_back({"client_encoding", "UTF8"});
+    if (!result_.find("application_name"))
+      result_.options.push_back({"fallback_application_name", "tallyra"});
+  }
+
+  void complete_string() {
+    std::string more;
+    result_.completed_string = "DRIVER={PostgreSQL Unicode}";
+    for (const auto& [keyword, value] : result_.options) {
+      if (keyword.find("password") != std::string::npos) continue;
+      const auto entry = std::ranges::find(renamed, keyword, &Renamed::library);
+      if (entry != std::end(renamed))
+        result_.completed_string += ";" + std::string(entry->odbc) + "=" + value;
+      else
+        more += (more.empty() ? "" : " ") + keyword + "=" + quoted(value);
+    }
+    result_.completed_string += ";pqopt={" + more + "}";
+  }
+
+  static std::string quoted(const std::string& value) {
+    std::string text = "'";
+    for (const char c : value) {
+      if (c == '\'' || c == '\\') text += '\\';
+      text += c;
+    }
+    return text += "'";
+  }
+
+  PostgresqlOptions result_;
+  bool read_only_ = false;
+};
+
+}  // namespace
+
+const std::string* PostgresqlOptions::find(std::string_view keyword) const {
+  const auto found = std::ranges::find(options, keyword, &Option::keyword);
+  return found == options.end() ? nullptr : &found->value;
+}
+
+bool means_postgresql(const ConnectionSource& source) {
+  const std::string* const driver = source.find("Driver");
+  return driver && !source.names_provider && is_one_of(driver_names, *driver);
+}
+
+PostgresqlOptions read_postgresql_options(const ConnectionSource& source) {
+  return Reader(source).result();
+}
+
+}  // namespace tallyra::standins::ado
