@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -8,7 +9,6 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "server/class_table.h"
-#include "server/named_parameter.h"
 
 // Makes the entries of a class table from the C++ methods themselves, so that the type and direction of a
 // parameter stand in one place only. A parameter that is a non-const reference is passed by reference.
@@ -122,6 +122,12 @@ class Passed {
   [[no_unique_address]] std::conditional_t<by_reference, Plain, std::tuple<>> before_{};
 };
 
+// What a signature tells of a parameter.
+struct ParameterShape {
+  ParameterType type;
+  bool by_reference;
+};
+
 template <class F>
 struct Signature;
 template <class C, class R, class... P>
@@ -130,13 +136,8 @@ struct Signature<R (C::*)(P...)> {
   using Result = R;
   static constexpr std::size_t arity = sizeof...(P);
 
-  // `named` has one per parameter.
-  static std::vector<Parameter> parameters(const NamedParameter* named) {
-    std::vector<Parameter> list;
-    list.reserve(arity);
-    (list.push_back(parameter<P>(*named++)), ...);
-    return list;
-  }
+  static constexpr std::array<ParameterShape, arity> shapes{
+      ParameterShape{TypeOf<std::remove_cvref_t<P>>::parameter, Passed<P>::by_reference}...};
 
   template <auto F>
   static automation::Value invoke(frame::BusinessObject& session, const ClassMember& member,
@@ -146,12 +147,6 @@ struct Signature<R (C::*)(P...)> {
   }
 
  private:
-  template <class T>
-  static Parameter parameter(const NamedParameter& named) {
-    return {named.name, TypeOf<std::remove_cvref_t<T>>::parameter, Passed<T>::by_reference, named.omitted(),
-            named.help};
-  }
-
   template <auto F, std::size_t... I>
   static automation::Value invoke_with(C& object, [[maybe_unused]] const ClassMember& member,
                                        [[maybe_unused]] automation::Arguments arguments,
