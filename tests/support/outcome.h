@@ -38,4 +38,7 @@ inline Outcome trapped(double number, std::string description) {
   return {0, narrowed(number), std::move(description)};
 }
 
+// Rights that are none: a right is the number 1 and nothing else.
+inline const automation::Value no_rights[] = {0, 2, -1, 1.5, 0.5, automation::Null{}, true};
+
 }  // namespace tallyra::stage

@@ -1,40 +1,22 @@
 #include <optional>
 
 #include "automation/collection.h"
+#include "tests/support/guard_verdict.h"
 #include "tests/transcript/transactions/transaction_script.h"
 
 // CTranHead's copy of the guard.
 namespace tallyra::transactions_test {
 namespace {
 
+using stage::ask_guard;
+using stage::Verdict;
+
 const Outcome open_date{0, 0, ""};
 const Outcome closed_date{0, 10000112, "text of Msg10000112"};
 
-struct Verdict {
-  Outcome outcome;
-  // The number of the error that came out, 0 when none did.
-  std::int32_t raised = 0;
-  friend bool operator==(const Verdict&, const Verdict&) = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Verdict& verdict) {
-  return out << verdict.outcome << " raised " << verdict.raised;
-}
-
-Verdict ask(const Object& head, const Value& date) {
-  std::int32_t raised = 0;
-  try {
-    const Value result = head.call("ValidCloseDT", date);
-    EXPECT_TRUE(result.is_empty());
-  } catch (const Error& error) {
-    raised = error.number();
-  }
-  return {outcome_of(head, 0), raised};
-}
-
 class ClosingDateGuard : public testing::Test {
  protected:
-  Verdict ask(const Value& date) { return transactions_test::ask(stage.client("CTranHead"), date); }
+  Verdict ask(const Value& date) { return ask_guard(stage.client("CTranHead"), date); }
 
   Stage stage;
 };
@@ -99,7 +81,7 @@ TEST_F(ClosingDateGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
               {"MSSQLSERVER", "it's", "'it's'"}};
   for (const auto& [kind, date, literal] : rows) {
     Stage each(kind, {std::string("Select * From STKCLOSEHD Where CLOSEDT>=") + literal});
-    EXPECT_EQ(transactions_test::ask(each.client("CTranHead"), date), (Verdict{open_date})) << literal;
+    EXPECT_EQ(ask_guard(each.client("CTranHead"), date), (Verdict{open_date})) << literal;
     EXPECT_NE(each.transcript().find("R1.Open Select * From STKCLOSEHD Where CLOSEDT>=" +
                                      std::string(literal) + " | C1 0 1 -1\n"),
               std::string::npos)
@@ -115,7 +97,7 @@ TEST_F(ClosingDateGuard, AnErrorBeforeTheConnectionIsOpenIsAClosedPeriod) {
     EXPECT_EQ(delete_head(head, "T1", ""), refused(10000016));
     each.clear();
     each.fails(std::string(failing).replace(1, 1, "2"), Error(-2147467259, "no such file"));
-    EXPECT_EQ(transactions_test::ask(head, "2024/03/31"), (Verdict{closed_date})) << failing;
+    EXPECT_EQ(ask_guard(head, "2024/03/31"), (Verdict{closed_date})) << failing;
     EXPECT_TRUE(each.transcript().ends_with(" ! no such file\nmessages.Msg10000112\nC2.State\n"))
         << each.transcript();
   }
@@ -125,8 +107,7 @@ TEST_F(ClosingDateGuard, AnErrorWithTheConnectionOpenIsAClosedPeriodAndAnExcepti
   for (const char* failing : {"R1.Open", "R1.EOF", "R1.Close", "C1.Close"}) {
     Stage each;
     each.finds(query, {{"CLOSEDT"}, {}}).fails(failing, Error(-2147217913, "Syntax error in date"));
-    EXPECT_EQ(transactions_test::ask(each.client("CTranHead"), "2024/03/31"), (Verdict{closed_date, 438}))
-        << failing;
+    EXPECT_EQ(ask_guard(each.client("CTranHead"), "2024/03/31"), (Verdict{closed_date, 438})) << failing;
     EXPECT_TRUE(each.transcript().ends_with("messages.Msg10000112\nC1.State\n")) << each.transcript();
   }
 }
@@ -152,7 +133,7 @@ TEST_F(ClosingDateGuard, AValueWithoutATextRaisesBeforeTheTrapIsArmed) {
     std::int32_t raised;
   } rows[] = {{Null{}, 94}, {Object(), 91}, {automation::make_object<automation::Collection>(), 450}};
   for (const auto& [date, raised] : rows)
-    EXPECT_EQ(transactions_test::ask(head, date), (Verdict{refused(10000016), raised})) << raised;
+    EXPECT_EQ(ask_guard(head, date), (Verdict{refused(10000016), raised})) << raised;
   EXPECT_EQ(stage.transcript(), "");
 }
 
@@ -160,7 +141,7 @@ TEST_F(ClosingDateGuard, NothingIsLeftBehind) {
   for (const char* failing : {"R1.Open", "C1.Open", "create ADODB.Recordset"}) {
     Stage each;
     each.fails(failing, Error(-1, "failed"));
-    transactions_test::ask(each.client("CTranHead"), "2024/03/31");
+    ask_guard(each.client("CTranHead"), "2024/03/31");
     EXPECT_LE(each.alive(), 4) << failing;
   }
 }

@@ -22,6 +22,7 @@ using automation::ref;
 using automation::Value;
 using stage::done;
 using stage::Fields;
+using stage::no_rights;
 using stage::Outcome;
 using stage::outcome_of;
 using stage::refused;
@@ -30,8 +31,6 @@ using stage::trapped;
 
 inline const Outcome missing{100, 10000003, "text of Msg10000003"};
 inline const Outcome opened_twice = trapped(3705, "Operation is not allowed when the object is open.");
-// A right is the number 1 and nothing else.
-inline const Value no_rights[] = {0, 2, -1, 1.5, 0.5, Null{}, true};
 
 // A class on a kind of database.
 struct Setting {

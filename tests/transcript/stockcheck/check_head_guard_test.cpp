@@ -1,32 +1,14 @@
 #include "automation/collection.h"
 #include "automation/create.h"
+#include "tests/support/guard_verdict.h"
 #include "tests/transcript/stockcheck/check_script.h"
 
 // CCheckHead's copy of the closing-date guard.
 namespace tallyra::stockcheck_test {
 namespace {
 
-struct Verdict {
-  Outcome outcome;
-  // The number of the error that came out, 0 when none did.
-  std::int32_t raised = 0;
-  friend bool operator==(const Verdict&, const Verdict&) = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Verdict& verdict) {
-  return out << verdict.outcome << " raised " << verdict.raised;
-}
-
-Verdict ask(const Object& head, const Value& date) {
-  std::int32_t raised = 0;
-  try {
-    const Value result = head.call("ValidCloseDT", date);
-    EXPECT_TRUE(result.is_empty());
-  } catch (const Error& error) {
-    raised = error.number();
-  }
-  return {outcome_of(head, 0), raised};
-}
+using stage::ask_guard;
+using stage::Verdict;
 
 const Verdict open_date{{0, 0, ""}};
 const Verdict closed_date{{0, 10000112, "text of Msg10000112"}};
@@ -43,7 +25,7 @@ struct CheckHeadGuard : testing::Test {
     stage.clear();
     stage.finds_nothing(query);
   }
-  Verdict ask(const Value& date) { return stockcheck_test::ask(stage.client("CCheckHead"), date); }
+  Verdict ask(const Value& date) { return ask_guard(stage.client("CCheckHead"), date); }
 
   Stage stage;
 };
@@ -87,7 +69,7 @@ TEST_F(CheckHeadGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
               {"MSACCESS", Value(), "##"}};
   for (const auto& [kind, date, literal] : rows) {
     Stage each(kind, {std::string("Select * From STKCLOSEHD Where CLOSEDT>=") + literal});
-    EXPECT_EQ(stockcheck_test::ask(each.client("CCheckHead"), date), open_date) << literal;
+    EXPECT_EQ(ask_guard(each.client("CCheckHead"), date), open_date) << literal;
     EXPECT_NE(each.transcript().find("R1.Open Select * From STKCLOSEHD Where CLOSEDT>=" +
                                      std::string(literal) + " | C1 0 1 -1\n"),
               std::string::npos)
@@ -98,7 +80,7 @@ TEST_F(CheckHeadGuard, WritesTheDateInItsTextBetweenTheDelimitersOfTheKind) {
 TEST_F(CheckHeadGuard, AFreshObjectWritesTheDateBetweenQuotes) {
   stage.finds_nothing("Select * From STKCLOSEHD Where CLOSEDT>='2024/03/31'");
   const Object head = automation::create("Tallyra.CCheckHead");
-  EXPECT_EQ(stockcheck_test::ask(head, "2024/03/31"), open_date);
+  EXPECT_EQ(ask_guard(head, "2024/03/31"), open_date);
   EXPECT_NE(stage.transcript().find("Where CLOSEDT>='2024/03/31' | C2 0 1 -1\n"), std::string::npos);
 }
 
@@ -108,7 +90,7 @@ TEST_F(CheckHeadGuard, AnErrorBeforeTheConnectionIsOpenIsReportedAsItself) {
     Stage each;
     set_up(each);
     each.fails(failing, Error(-2147467259, "no such file"));
-    EXPECT_EQ(stockcheck_test::ask(each.client("CCheckHead"), "2024/03/31"),
+    EXPECT_EQ(ask_guard(each.client("CCheckHead"), "2024/03/31"),
               (Verdict{trapped(-2147467259, "no such file")}))
         << failing;
   }
@@ -119,7 +101,7 @@ TEST_F(CheckHeadGuard, AnErrorWithTheConnectionOpenIsReportedAsItselfAndRaises) 
     Stage each;
     set_up(each);
     each.finds(query, a_close).fails(failing, Error(-2147217913, "Syntax error in date"));
-    EXPECT_EQ(stockcheck_test::ask(each.client("CCheckHead"), "2024/03/31"),
+    EXPECT_EQ(ask_guard(each.client("CCheckHead"), "2024/03/31"),
               (Verdict{trapped(-2147217913, "Syntax error in date"), 438}))
         << failing;
     EXPECT_TRUE(each.transcript().ends_with("C2.State\n")) << each.transcript();
@@ -135,7 +117,7 @@ TEST_F(CheckHeadGuard, AnErrorWithoutATextIsAnAutomationError) {
 TEST(CheckHeadGuardAlone, WithoutAnyMessageObjectOnTheThreadACoveredDateEndsInTheTrap) {
   Stage fresh;
   fresh.finds(query, a_close);
-  EXPECT_EQ(stockcheck_test::ask(fresh.client("CCheckHead"), "2024/03/31"),
+  EXPECT_EQ(ask_guard(fresh.client("CCheckHead"), "2024/03/31"),
             (Verdict{trapped(91, "Object variable or With block variable not set"), 438}));
 }
 
@@ -148,7 +130,7 @@ TEST_F(CheckHeadGuard, AValueWithoutATextIsAnErrorInsideTheTrap) {
 TEST_F(CheckHeadGuard, ClearsTheErrorFieldsOfTheCallBefore) {
   const Object head = stage.client("CCheckHead");
   EXPECT_EQ(outcome_of(head, head.call("Delete", "S1")), refused(10000016));
-  EXPECT_EQ(stockcheck_test::ask(head, "2024/03/31"), open_date);
+  EXPECT_EQ(ask_guard(head, "2024/03/31"), open_date);
 }
 
 }  // namespace

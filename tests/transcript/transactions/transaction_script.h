@@ -13,6 +13,7 @@ namespace tallyra::transactions_test {
 using automation::Error;
 using automation::Null;
 using stage::done;
+using stage::no_rights;
 using stage::refused;
 using stage::Rows;
 using stage::Stage;
@@ -36,9 +37,6 @@ class TransactionStage : public testing::TestWithParam<const char*> {
  private:
   const char* class_name_;
 };
-
-// Rights that are none: a right is the number 1 and nothing else.
-inline const Value no_rights[] = {0, 2, -1, 1.5, Null{}, true};
 
 // What a method tells that opens its connection to read, and each query that it closes again. To find out an
 // owner it goes to the last row, if there is any.
