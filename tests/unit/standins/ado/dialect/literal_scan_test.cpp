@@ -92,8 +92,7 @@ TEST(LiteralScan, GivesTextsThatDifferInValuesOneForm) {
 
 // Each value is a token, or a sign and a number.
 TEST(LiteralScan, CutsAsTheTokenizerDoes) {
-  for (const ComponentStatement& statement : component_statements()) {
-    const std::string sql = in_form(statement.text, '\'');
+  for (const std::string& sql : component_statements()) {
     StatementForm form;
     if (!scan_literals(sql, form)) continue;
     Tokens tokens;
