@@ -14,6 +14,7 @@ constexpr std::size_t most_variants = 16;
 
 // A text whose column has not met a text yet: it may be one for dates.
 bool is_known(const dialect::StatementForm& form, const std::vector<LiteralUse>& uses) {
+  if (uses.size() != form.literals.size()) return false;  // memory has run out when it was to be remembered
   for (std::size_t i = 0; i < form.literals.size(); ++i)
     if (form.literals[i].kind == Literal::Kind::text && uses[i].place != LiteralUse::Place::fixed &&
         uses[i].text == LiteralUse::Text::unknown)

@@ -34,8 +34,7 @@ int authorize(void*, int action, const char* first, const char* second, const ch
   switch (action) {
     case SQLITE_ATTACH:
     case SQLITE_DETACH:
-    case SQLITE_CREATE_VTABLE:
-    case SQLITE_DROP_VTABLE: return SQLITE_DENY;
+    case SQLITE_CREATE_VTABLE: return SQLITE_DENY;
     case SQLITE_FUNCTION: return second && dialect::is_reaching_name(second) ? SQLITE_DENY : SQLITE_OK;
     case SQLITE_PRAGMA: {
       const bool own = second == nullptr && sqlite3_stricmp(first, "schema_version") == 0;

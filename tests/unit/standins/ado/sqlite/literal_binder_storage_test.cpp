@@ -5,7 +5,7 @@
 #include <memory>
 #include <random>
 
-#include "standins/ado/sqlite/sqlite_session.h"
+#include "standins/ado/sqlite/literal_binder.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 // Texts that share a compiled statement store what each of them by itself would have stored: value and
@@ -151,9 +151,9 @@ class Values {
   std::mt19937 random_{20240331};
 };
 
-class SqliteSessionStorageTest : public Stage {
+class LiteralBinderStorageTest : public Stage {
  protected:
-  SqliteSessionStorageTest() {
+  LiteralBinderStorageTest() {
     make_database("text.db");
     for (const PlainSqlite* const database : {&by_form, &by_text}) {
       database->run("pragma synchronous=off");
@@ -183,7 +183,7 @@ class SqliteSessionStorageTest : public Stage {
   Object connection;
 };
 
-TEST_F(SqliteSessionStorageTest, OfInsertedTextsIsThatOfTheTexts) {
+TEST_F(LiteralBinderStorageTest, OfInsertedTextsIsThatOfTheTexts) {
   Values values;
   connection.call("BeginTrans");
   by_text.run("begin");
@@ -200,7 +200,7 @@ TEST_F(SqliteSessionStorageTest, OfInsertedTextsIsThatOfTheTexts) {
   expect_same_rows();
 }
 
-TEST_F(SqliteSessionStorageTest, OfUpdatedRowsIsThatOfTheTexts) {
+TEST_F(LiteralBinderStorageTest, OfUpdatedRowsIsThatOfTheTexts) {
   Values values;
   connection.call("BeginTrans");
   by_text.run("begin");
@@ -219,7 +219,7 @@ TEST_F(SqliteSessionStorageTest, OfUpdatedRowsIsThatOfTheTexts) {
   expect_same_rows();
 }
 
-TEST_F(SqliteSessionStorageTest, OfALongTextIsTheWholeText) {
+TEST_F(LiteralBinderStorageTest, OfALongTextIsTheWholeText) {
   for (const std::size_t size : {100U, 5'000U, 70'000U, 2'000'000U})
     run("insert into T(X) values('" + std::string(size, 'x') + "''" + std::string(size, 'y') + "')");
   expect_same_rows();

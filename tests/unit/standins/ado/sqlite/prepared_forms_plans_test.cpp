@@ -1,0 +1,64 @@
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "standins/ado/dialect/sqlite_dialect.h"
+#include "standins/ado/sqlite/prepared_forms.h"
+#include "standins/ado/sqlite/sqlite_database.h"
+#include "standins/ado/sqlite/sqlite_date_columns.h"
+#include "tests/unit/standins/ado/scratch_database.h"
+
+// What the component sends is found by the same way whether its values are in the text or apart.
+namespace tallyra::standins::ado::test {
+namespace {
+
+using Plan = std::vector<std::string>;
+
+std::string content_of(const std::filesystem::path& file) {
+  std::stringstream content;
+  content << std::ifstream(file).rdbuf();
+  return content.str();
+}
+
+class PlansTest : public Stage {
+ protected:
+  PlansTest() { EXPECT_EQ(execute_sqlite(database.get(), content_of(TALLYRA_SCHEMA).c_str()), SQLITE_OK); }
+
+  // Empty for what does not compile.
+  Plan plan(std::string_view sql) const {
+    const StatementHandle statement =
+        prepare_sqlite(database.get(), "EXPLAIN QUERY PLAN " + std::string(sql), 0);
+    Plan result;
+    while (statement && sqlite3_step(statement.get()) == SQLITE_ROW)
+      result.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 3)));
+    return result;
+  }
+
+  const DatabaseHandle database = open_sqlite({.path = path("test.db")});
+  SqliteDateColumns columns{database.get()};
+  dialect::SqliteDialect dialect{columns};
+};
+
+TEST_F(PlansTest, OfAFormAreThoseOfItsTexts) {
+  dialect::StatementForm form;
+  std::vector<dialect::LiteralUse> uses;
+  int compared = 0;
+  int with_values_apart = 0;
+  for (const auto& file : std::filesystem::directory_iterator(TALLYRA_STATEMENTS)) {
+    std::ifstream lines(file.path());
+    for (std::string sql; std::getline(lines, sql);) {
+      if (!scan_literals(sql, form)) continue;
+      const std::string apart(dialect.rewrite_form(sql, form.literals, uses));
+      const std::string whole(dialect.rewrite(sql));
+      const Plan expected = plan(whole);
+      EXPECT_EQ(plan(apart), expected) << sql;
+      compared += !expected.empty();
+      with_values_apart += apart != whole;
+    }
+  }
+  EXPECT_GT(compared, 100);
+  EXPECT_GT(with_values_apart, 100);
+}
+
+}  // namespace
+}  // namespace tallyra::standins::ado::test
