@@ -83,7 +83,24 @@ echo 'int call() { return 1; }' >frame/call.cpp
 echo '// Tests.' >tests/unit/frame/call_of_test.cpp
 expect '' counts
 mv tests/unit/frame/call_of_test.cpp tests/unit/call_of_test.cpp
-expect 'no test by name: frame/call.cpp
+expect 'no test by name: frame/call
 0.0 % of the sources have a test one finds by name, 80.0 % are wanted' counts
+
+# The same source for two systems is found once, by the name that both have; what starts a program needs no test.
+fresh_project
+echo 'int main() { return 1; }' >frame/main.cpp
+echo 'int call() { return 1; }' | tee frame/call_posix.cpp >frame/call_windows.cpp
+expect 'no test by name: frame/call
+50.0 % of the sources have a test one finds by name, 80.0 % are wanted' counts
+echo '// Tests.' >tests/unit/frame/call_test.cpp
+expect '' counts
+
+# A list needs no test unless it is more than a list.
+fresh_project
+mkdir client
+echo 'void make_classes_available() { call("a?"); }  // if (there are any)' >client/native_classes.cpp
+expect '' counts
+echo 'void make_classes_available() { if (sql()) call(); }' >client/native_classes.cpp
+expect 'client/native_classes.cpp: decides something, so it is no mere list' counts
 
 [ "$failures" = 0 ]
