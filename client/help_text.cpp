@@ -46,6 +46,14 @@ not. Any object's errors 13, 448, 449 and 450, which blame what it was handed, e
 member that is no method listed by --list.
 )";
 
+constexpr std::string_view environment_text = R"(
+Environment:
+  TALLYRA_DB, TALLYRA_USER, TALLYRA_LANGUAGE, TALLYRA_KIND
+                   what --db, --user, --language and --kind would say; they themselves go before
+  TALLYRA_CONFIG   a file with lines such as db=stock.db, which the variables go before; without it and --config
+                   that is tallyra/client.conf in $XDG_CONFIG_HOME, ~/.config or, on Windows, %APPDATA%
+)";
+
 std::string status_text() {
   std::string text = "\nExit status:\n";
   for (const auto& [status, meaning] : exit_meanings()) {
@@ -62,6 +70,7 @@ std::string help_details() {
       "Verbs:\n" + verbs_text() + "'tallyra-client help VERB' tells of each.\n\n" + std::string(words_text);
   text += '\n';
   text += examples_text;
+  text += environment_text;
   text += status_text();
   text += "\nClasses:\n";
   for (const auto& entry : catalogue())

@@ -1,8 +1,11 @@
 #include <windows.h>
 
+#include <memory>
 #include <nlohmann/json.hpp>
 
+#include "automation/convert.h"
 #include "automation/error.h"
+#include "client/exit_status.h"
 #include "client/month_end/close_run.h"
 #include "client/month_end/interruption.h"
 #include "client/month_end/run_watch.h"
