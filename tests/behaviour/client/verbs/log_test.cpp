@@ -36,7 +36,7 @@ TEST_F(Journal, IsNotThereBeforeAnythingWasDone) {
 
 TEST_F(Journal, IsMadeOnlyWhenItMay) {
   EXPECT_THROW(write({"close", "2024/01/31", "done", ""}, {}), Refusal);
-  EXPECT_EQ(company_.rows("Select Count(*) From sqlite_master Where name Like 'TALLYRA%'"), "0\n");
+  EXPECT_EQ(company_.rows("Select Count(*) From sqlite_master Where name In ('TALLYRALOCK','TALLYRAJOURNAL')"), "0\n");
 }
 
 TEST_F(Journal, TellsLatestFirstWhoHasDoneWhat) {
