@@ -1,0 +1,63 @@
+#include "client/database/reader.h"
+#include "company/database_copy.h"
+#include "tests/behaviour/client/month_end/closing_client.h"
+#include "tests/support/postgresql_server.h"
+
+// The month end on a database server gives what it gives on SQLite.
+namespace tallyra::client {
+namespace {
+
+class ClosingOnAServer : public ClosingClient {
+ protected:
+  void SetUp() override {
+    if (!tests::PostgresqlServer::is_installed()) GTEST_SKIP() << "no server on this machine";
+    samples::company::copy_database(company_.file().string(), connection_, [](auto, auto, auto, auto) {});
+  }
+  // On SQLite and on the server, each with --csv.
+  void expect_the_same(std::vector<std::string> words, ExitStatus status = exit_done) {
+    SCOPED_TRACE(words.front() + " " + (words.size() > 1 ? words[1] : std::string()));
+    words.insert(words.end(), {"--csv", "--yes"});
+    EXPECT_EQ(client_.run(words), status) << client_.all();
+    const std::string on_sqlite = client_.out();
+    EXPECT_EQ(server_.run(words), status) << server_.all();
+    EXPECT_EQ(server_.out(), on_sqlite) << server_.error();
+  }
+
+  tests::PostgresqlServer& postgresql_ = tests::PostgresqlServer::shared();
+  std::string connection_ = postgresql_.connection_string(postgresql_.new_database());
+  ClientProgram server_{{"--db", connection_, "--user", "ADMIN", "--kind", "MSSQLSERVER"}};
+};
+
+TEST_F(ClosingOnAServer, GoesAsOnSqlite) {
+  expect_the_same({"check", "2024/01/31"});
+  expect_the_same({"check", "2024/02/28"}, exit_failed);
+  expect_the_same({"close", "2024/01/31"});
+  expect_the_same({"close", "2024/02/29"}, exit_failed);
+  expect_the_same({"verify", "2024/01/31"});
+  expect_the_same({"approve", "2024/01/31"});
+  expect_the_same({"close", "2024/02/29"});
+  expect_the_same({"status"});
+  expect_the_same({"reopen", "2024/01/31"}, exit_failed);
+  expect_the_same({"reopen", "2024/02/29"});
+  EXPECT_EQ(server_.run({"log", "--csv"}), exit_done);
+  EXPECT_NE(server_.out().find("reopen,2024/02/29,done"), std::string::npos) << server_.all();
+}
+
+TEST_F(ClosingOnAServer, LetsOneInAtATime) {
+  ASSERT_EQ(server_.run({"close", "2024/01/31", "--yes"}), exit_done) << server_.all();
+  const Reader reader(connection_, "MSSQLSERVER");
+  reader.execute(
+      "Insert Into TALLYRALOCK(LOCKKEY,WORKTEXT,OWNERID,HOSTNAME,PROCESSID,PROCESSSTART,SINCE) "
+      "Values('CLOSE','close 2024/01/31','ANNA','elsewhere',17,'1','2024/03/05 09:00:00')");
+  EXPECT_EQ(server_.run({"reopen", "2024/01/31", "--yes"}), exit_locked) << server_.all();
+  EXPECT_THROW(reader.execute("Insert Into TALLYRALOCK(LOCKKEY) Values('CLOSE')"), automation::Error);
+  EXPECT_EQ(server_.run({"reopen", "2024/01/31", "--yes", "--break-lock"}), exit_done) << server_.all();
+}
+
+TEST_F(ClosingOnAServer, TellsHowToBackItUp) {
+  EXPECT_EQ(server_.run({"close", "2024/01/31", "--yes", "--backup"}), exit_failed);
+  EXPECT_NE(server_.error().find("pg_dump"), std::string::npos) << server_.all();
+}
+
+}  // namespace
+}  // namespace tallyra::client
