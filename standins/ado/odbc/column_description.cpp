@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "standins/ado/folded_column_name.h"
 #include "standins/ado/odbc/odbc_error.h"
 
 namespace tallyra::standins::ado {
@@ -85,12 +86,14 @@ class Describer {
 
 }  // namespace
 
-std::vector<Column> describe_columns(SQLHSTMT statement, int count, bool is_sqlite) {
+std::vector<Column> describe_columns(SQLHSTMT statement, int count, bool is_sqlite, bool is_postgresql) {
   Describer describer(statement, is_sqlite);
   std::vector<Column> columns;
   columns.reserve(static_cast<std::size_t>(count));
-  for (int number = 1; number <= count; ++number)
+  for (int number = 1; number <= count; ++number) {
     columns.push_back(describer.describe(static_cast<SQLUSMALLINT>(number)));
+    if (is_postgresql) columns.back().name = folded_column_name(columns.back().name);
+  }
   return columns;
 }
 

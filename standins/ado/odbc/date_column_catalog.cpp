@@ -48,7 +48,7 @@ bool DateColumnCatalog::is_date(std::string_view table, std::string_view column)
 }
 
 DateColumnCatalog::Columns DateColumnCatalog::read_date_columns(std::string_view table) const {
-  const std::string name(table);
+  const std::string name = stores_small_letters_ ? automation::folded(table) : std::string(table);
   const StatementScope scope(statement_);
   const SQLRETURN result = SQLColumns(statement_, nullptr, 0, nullptr, 0, odbc_text(name.c_str()),
                                       static_cast<SQLSMALLINT>(name.size()), nullptr, 0);

@@ -15,7 +15,9 @@ namespace tallyra::standins::ado {
 class DateColumnCatalog : public dialect::DateColumns {
  public:
   // The statement handle is used during is_date only and must have no open result then.
-  explicit DateColumnCatalog(SQLHSTMT statement) : statement_(statement) {}
+  // `stores_small_letters`: the engine's catalog knows names that nobody quotes in small letters only.
+  DateColumnCatalog(SQLHSTMT statement, bool stores_small_letters)
+      : statement_(statement), stores_small_letters_(stores_small_letters) {}
 
   bool is_date(std::string_view table, std::string_view column) override;
   // To be called after what may have changed a table: a statement, or a rollback.
@@ -27,6 +29,7 @@ class DateColumnCatalog : public dialect::DateColumns {
   Columns read_date_columns(std::string_view table) const;
 
   SQLHSTMT statement_;
+  bool stores_small_letters_;
   std::unordered_map<std::string, Columns> date_columns_;  // by folded table name
 };
 

@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "automation/folded_name.h"
+#include "standins/ado/dialect/postgresql_dialect.h"
+#include "standins/ado/dialect/sqlite_dialect.h"
 #include "standins/ado/odbc/odbc_environment.h"
 #include "standins/ado/odbc/odbc_error.h"
 #include "standins/ado/odbc/statement_scope.h"
@@ -14,6 +16,11 @@ namespace tallyra::standins::ado {
 namespace {
 
 constexpr std::size_t longest_completed_string = 4096;
+
+// PostgreSQL's driver may lose a transaction, begin another in silence and report that one's commit. Only the
+// transaction that was begun has this savepoint.
+constexpr std::string_view mark_of_transaction = "SAVEPOINT tallyra_begun";
+constexpr std::string_view check_of_transaction = "RELEASE SAVEPOINT tallyra_begun";
 
 SQLUSMALLINT info_number(Information kind) {
   switch (kind) {
@@ -52,10 +59,10 @@ OdbcSession::OdbcSession(const std::string& odbc_string, std::int32_t login_seco
     : trace_("odbc"),
       login_(odbc_string, login_seconds),
       statement_(SQL_HANDLE_DBC, login_.handle.get()),
-      traits_{is_sqlite(), rereads_bound_columns()},
+      traits_{is_sqlite(), rereads_bound_columns(), is_postgresql()},
       reader_(traits_),
-      date_columns_(statement_.get()),
-      dialect_(traits_.is_sqlite ? std::make_unique<dialect::SqliteDialect>(date_columns_) : nullptr) {
+      date_columns_(statement_.get(), traits_.is_postgresql),
+      dialect_(dialect_of_engine()) {
   trace_(Operation::connect, odbc_string, 0, true);
 }
 
@@ -85,6 +92,16 @@ bool OdbcSession::is_sqlite() const {
   return automation::equals_folded(told(SQL_DBMS_NAME), "SQLite");
 }
 
+bool OdbcSession::is_postgresql() const {
+  return automation::equals_folded(told(SQL_DBMS_NAME), "PostgreSQL");
+}
+
+std::unique_ptr<dialect::Dialect> OdbcSession::dialect_of_engine() {
+  if (is_sqlite()) return std::make_unique<dialect::SqliteDialect>(date_columns_);
+  if (is_postgresql()) return std::make_unique<dialect::PostgresqlDialect>(date_columns_);
+  return nullptr;
+}
+
 bool OdbcSession::rereads_bound_columns() {
   SQLUINTEGER extensions = 0;
   SQLGetInfo(login_.handle.get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
@@ -94,7 +111,7 @@ bool OdbcSession::rereads_bound_columns() {
 
 std::string_view OdbcSession::in_words_of_engine(std::string_view sql) {
   if (!dialect_) return sql;
-  if (in_transaction_ && !holds_write_lock_) take_write_lock();
+  if (traits_.is_sqlite && in_transaction_ && !holds_write_lock_) take_write_lock();
   return translated(*dialect_, sql);
 }
 
@@ -107,6 +124,12 @@ void OdbcSession::take_write_lock() {
   if (failure && failure->description() == "database is locked") throw *failure;
   // Where nothing can be written at all, reading goes on.
   holds_write_lock_ = !failure;
+}
+
+void OdbcSession::run_own(std::string_view sql) {
+  const StatementScope scope(statement_.get());
+  statement_.require(
+      SQLExecDirect(statement_.get(), odbc_text(sql.data()), static_cast<SQLINTEGER>(sql.size())));
 }
 
 StatementResult OdbcSession::run(std::string_view sql, bool count_affected) {
@@ -157,9 +180,11 @@ void OdbcSession::begin() {
   login_.handle.require(result);
   in_transaction_ = true;
   holds_write_lock_ = false;
+  if (traits_.is_postgresql) run_own(mark_of_transaction);
 }
 
 void OdbcSession::commit() {
+  if (traits_.is_postgresql) run_own(check_of_transaction);
   const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_COMMIT);
   trace_(Operation::commit, {}, 0, SQL_SUCCEEDED(result));
   login_.handle.require(result);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "standins/ado/dialect/sqlite_dialect.h"
+#include "standins/ado/dialect/dialect.h"
 #include "standins/ado/engine.h"
 #include "standins/ado/odbc/date_column_catalog.h"
 #include "standins/ado/odbc/odbc_handle.h"
@@ -43,6 +43,8 @@ class OdbcSession : public EngineSession {
   // What the driver says under a number of SQLGetInfo that stands for a text; empty when it says nothing.
   std::string told(SQLUSMALLINT kind) const;
   bool is_sqlite() const;
+  bool is_postgresql() const;
+  std::unique_ptr<dialect::Dialect> dialect_of_engine();
   bool rereads_bound_columns();
   // Throws Error where a text meets a date column and is no date: SQLite itself would take it.
   std::string_view in_words_of_engine(std::string_view sql);
@@ -50,6 +52,8 @@ class OdbcSession : public EngineSession {
   // look up a column is to read. So the first statement of a transaction begins with the lock. Throws Error
   // when another keeps it.
   void take_write_lock();
+  // Throws Error when the statement, which is none of the client's, fails.
+  void run_own(std::string_view sql);
   StatementResult read_result(std::string_view sql, bool count_affected);
   SQLRETURN set_autocommit(bool on);
 
@@ -61,7 +65,7 @@ class OdbcSession : public EngineSession {
   bool in_transaction_ = false;
   bool holds_write_lock_ = false;  // in this transaction
   DateColumnCatalog date_columns_;
-  std::unique_ptr<dialect::SqliteDialect> dialect_;
+  std::unique_ptr<dialect::Dialect> dialect_;
 };
 
 }  // namespace tallyra::standins::ado

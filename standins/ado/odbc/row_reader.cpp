@@ -74,7 +74,8 @@ Cell date_cell(const SQL_TIMESTAMP_STRUCT& stamp, TextArena& arena) {
 }  // namespace
 
 std::unique_ptr<RowSet> RowReader::read(SQLHSTMT statement, int column_count) {
-  auto rows = std::make_unique<RowSet>(describe_columns(statement, column_count, traits_.is_sqlite));
+  auto rows = std::make_unique<RowSet>(
+      describe_columns(statement, column_count, traits_.is_sqlite, traits_.is_postgresql));
   plan(rows->columns());
   bind(statement);
   for (;;) {

@@ -18,6 +18,8 @@ struct DriverTraits {
   bool is_sqlite = false;
   // A bound column that proved too narrow can be read again, in any order.
   bool rereads_bound_columns = false;
+  // Its names come in small letters, its commits are to be doubted.
+  bool is_postgresql = false;
 };
 
 // Reads results into row sets; made once per connection and used for one result after the other, so that its

@@ -98,8 +98,8 @@ TEST_P(RowReaderTest, ReadsLongValuesBetweenShortOnes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, RowReaderTest,
-                         testing::Values(DriverTraits{true, true}, DriverTraits{false, true},
-                                         DriverTraits{false, false}),
+                         testing::Values(DriverTraits{true, true, false}, DriverTraits{false, true, false},
+                                         DriverTraits{false, false, false}),
                          [](const auto& driver) {
                            return std::string(driver.param.is_sqlite ? "TextOnly" : "Exact") +
                                   (driver.param.rereads_bound_columns ? "Rereading" : "ReadingOnce");
