@@ -1,7 +1,8 @@
+#include "client/database/journal.h"
+
 #include <gtest/gtest.h>
 
 #include "automation/apartment.h"
-#include "client/database/journal.h"
 #include "client/database/own_tables.h"
 #include "client/refusal.h"
 #include "tests/support/client_program.h"
@@ -36,7 +37,9 @@ TEST_F(Journal, IsNotThereBeforeAnythingWasDone) {
 
 TEST_F(Journal, IsMadeOnlyWhenItMay) {
   EXPECT_THROW(write({"close", "2024/01/31", "done", ""}, {}), Refusal);
-  EXPECT_EQ(company_.rows("Select Count(*) From sqlite_master Where name In ('TALLYRALOCK','TALLYRAJOURNAL')"), "0\n");
+  EXPECT_EQ(
+      company_.rows("Select Count(*) From sqlite_master Where name In ('TALLYRALOCK','TALLYRAJOURNAL')"),
+      "0\n");
 }
 
 TEST_F(Journal, TellsLatestFirstWhoHasDoneWhat) {

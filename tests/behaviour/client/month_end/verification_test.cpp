@@ -1,4 +1,5 @@
 #include "client/month_end/verification.h"
+
 #include "tests/behaviour/client/month_end/closing_client.h"
 
 // A close that somebody has tampered with.

@@ -1,0 +1,52 @@
+#include "client/month_end/lock.h"
+
+#include "client/database/own_tables.h"
+#include "tests/behaviour/client/month_end/closing_client.h"
+
+namespace tallyra::client {
+namespace {
+
+class LockedCompany : public ClosingClient {
+ protected:
+  void lock(const std::string& host, const ProcessIdentity& process) {
+    const Reader reader(company_.connection_string(), "MSACCESS");
+    make_own_tables(reader);
+    sql(
+        {"INSERT INTO TALLYRALOCK(LOCKKEY,WORKTEXT,OWNERID,OSUSER,HOSTNAME,PROCESSID,PROCESSSTART,SINCE) "
+         "VALUES('CLOSE','close 2024/01/31','ANNA','anna','" +
+         host + "'," + std::to_string(process.id) + ",'" + process.started + "','2024/03/05 09:00:00')"});
+  }
+  std::string closes() const { return company_.rows("SELECT Count(*) FROM STKCLOSEHD"); }
+};
+
+TEST_F(LockedCompany, IsLeftToWhoHoldsTheLock) {
+  lock(host_name(), {1, ""});
+  EXPECT_EQ(run({"close", "2024/01/31", "--break-lock"}), exit_locked);
+  EXPECT_TRUE(
+      says("ANNA (login anna, host " + host_name() + ", process 1) is at work on close 2024/01/31 since "))
+      << client_.all();
+  EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_failed) << "nothing to reopen";
+  EXPECT_EQ(closes(), "0\n");
+  EXPECT_EQ(run({"status"}), exit_done);
+  EXPECT_TRUE(says("30 minutes ago")) << client_.all();
+}
+
+TEST_F(LockedCompany, IsTakenOverFromADeadProcess) {
+  lock(host_name(), {999999999, "1"});
+  EXPECT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("but that process has ended; its lock is taken over")) << client_.all();
+  EXPECT_EQ(closes(), "1\n");
+}
+
+TEST_F(LockedCompany, IsTakenFromAnotherHostOnlyByBreakingTheLock) {
+  lock("elsewhere", {17, "1"});
+  EXPECT_EQ(run({"close", "2024/01/31", "--force", "another-closer"}), exit_locked);
+  EXPECT_TRUE(says("--break-lock takes its lock")) << client_.all();
+  EXPECT_EQ(closes(), "0\n");
+  EXPECT_EQ(run({"close", "2024/01/31", "--break-lock"}), exit_done) << client_.all();
+  EXPECT_EQ(run({"log", "--csv", "--action", "force"}), exit_done);
+  EXPECT_TRUE(says("lock broken: ANNA")) << client_.all();
+}
+
+}  // namespace
+}  // namespace tallyra::client

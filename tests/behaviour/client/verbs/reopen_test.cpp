@@ -1,0 +1,21 @@
+#include "tests/behaviour/client/month_end/closing_client.h"
+
+namespace tallyra::client {
+namespace {
+
+TEST_F(ClosingClient, ReopensTheLatestCloseAlone) {
+  close_and_approve("2024/01/31");
+  close_and_approve("2024/02/29");
+  const std::string before = company_.everything();
+  EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_failed);
+  EXPECT_TRUE(says("there are later closes, up to that of 2024/02/29")) << client_.all();
+  EXPECT_EQ(run({"reopen", "2024/03/31"}), exit_failed);
+  EXPECT_EQ(company_.everything(), before);
+  EXPECT_EQ(run({"reopen", "2024/02/29"}), exit_done) << client_.all();
+  EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKCLOSEHD"), "1\n");
+  EXPECT_EQ(company_.department_lines("2024-03-01"), "");
+  EXPECT_EQ(run({"reopen", "2024/01/31", "--force", "latest"}), exit_wrong_usage);
+}
+
+}  // namespace
+}  // namespace tallyra::client
