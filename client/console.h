@@ -18,6 +18,8 @@ struct Console {
   std::size_t out_width = 0;
   // From where questions are answered; none when nobody is there to answer.
   std::istream* answers = nullptr;
+  // What is handed to the program to work on; none when there is nothing.
+  std::istream* input = nullptr;
 };
 
 }  // namespace tallyra::client

@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
   make_classes_available();
   Console console{std::cout, std::cerr, error_output_is_terminal(), error_output_width()};
   console.out_width = output_width();
+  console.input = &std::cin;
   if (input_is_terminal()) console.answers = &std::cin;
   const ExitStatus status = run_client(command_line_words(argc, argv), console, environment_variable);
   std::cout.flush();

@@ -6,11 +6,10 @@
 #include "automation/apartment.h"
 #include "automation/error.h"
 #include "automation/folded_name.h"
+#include "client/call_guard.h"
 #include "client/call_run.h"
-#include "client/catalogue.h"
 #include "client/command_line.h"
 #include "client/failure.h"
-#include "client/posting_check.h"
 #include "client/progress.h"
 #include "client/report_json.h"
 #include "client/report_text.h"
@@ -37,13 +36,6 @@ Outcome run_with_progress(const CallRequest& request, const Console& console) {
   return run_call(request.call, request.session);
 }
 
-// A class of ours that was given no database ends in a negative number, the database's own, with a text about
-// data sources that nobody has written.
-bool lacks_database(const CallRequest& request, const Outcome& outcome) {
-  return !request.session.connection_string && find_class(request.call.prog_id) &&
-         outcome.error_number.value_or(0) < 0;
-}
-
 ExitStatus carry_out(const TextRequest& request, const Console& console) {
   console.out << request.text;
   return exit_done;
@@ -51,18 +43,14 @@ ExitStatus carry_out(const TextRequest& request, const Console& console) {
 
 ExitStatus carry_out(const CallRequest& request, const Console& console) {
   const automation::Apartment apartment;
+  CallGuard guard(request.session);
+  guard.before(request.call);
   const Outcome outcome = run_with_progress(request, console);
   console.out << (request.json ? report_json(outcome) : report_text(outcome));
   if (outcome.raised) tell_failure(*outcome.raised, console);
-  bool succeeded = outcome.succeeded();
-  if (lacks_database(request, outcome))
-    console.error << "tallyra-client: no database was given: name one by --db or TALLYRA_DB\n";
-  if (may_have_posted(request.call, outcome)) {
-    const std::string complaint = posting_complaint(request.session);
-    if (!complaint.empty()) console.error << "tallyra-client: " << complaint << "\n";
-    succeeded = succeeded && complaint.empty();
-  }
-  return succeeded ? exit_done : exit_failed;
+  const auto complaints = guard.after(request.call, outcome);
+  for (const std::string& complaint : complaints) console.error << "tallyra-client: " << complaint << "\n";
+  return outcome.succeeded() && complaints.empty() ? exit_done : exit_failed;
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "client/report_json.h"
 
-#include "client/output/json_value.h"
-
 namespace tallyra::client {
 namespace {
 
@@ -17,7 +15,7 @@ Json fields_json(const std::vector<Field>& fields) {
 
 }  // namespace
 
-std::string report_json(const Outcome& outcome) {
+Json report_object(const Outcome& outcome) {
   Json json;
   json["class"] = outcome.prog_id;
   json["member"] = outcome.member;
@@ -32,7 +30,11 @@ std::string report_json(const Outcome& outcome) {
     arguments[std::to_string(argument.position)] = value_json(argument.value);
   json["arguments"] = std::move(arguments);
   json["fields"] = fields_json(outcome.fields);
-  return json_text(json);
+  return json;
+}
+
+std::string report_json(const Outcome& outcome) {
+  return json_text(report_object(outcome));
 }
 
 }  // namespace tallyra::client

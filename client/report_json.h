@@ -3,6 +3,7 @@
 #include <string>
 
 #include "client/call_run.h"
+#include "client/output/json_value.h"
 
 namespace tallyra::client {
 
@@ -17,5 +18,7 @@ namespace tallyra::client {
 // "YYYY/MM/DD" or "YYYY/MM/DD HH:MM:SS". Null, Empty and what is missing are null; an object or an opaque
 // value is {"kind": its name}, no object is null.
 std::string report_json(const Outcome& outcome);
+// The same as an object, to add to.
+Json report_object(const Outcome& outcome);
 
 }  // namespace tallyra::client

@@ -9,6 +9,7 @@
 #include "automation/value.h"
 #include "client/database/connection_text.h"
 #include "client/file_path.h"
+#include "client/platform/database_path.h"
 #include "client/usage_error.h"
 
 namespace tallyra::client {
@@ -47,8 +48,9 @@ std::string connection_string_for(std::string_view db, std::string_view origin) 
   }
   if (db.find_first_of(";{}") != std::string_view::npos)
     throw UsageError(named_as + ": the path of a database file cannot have ';', '{' or '}' in it");
+  const std::string path = driver_path(std::string(db));
   require_file(std::string(db), named_as);
-  return "DRIVER={SQLite3};Database=" + std::string(db);
+  return "DRIVER={SQLite3};Database=" + path;
 }
 
 void set_session(const automation::Object& object, std::string_view prog_id, const Session& session) {

@@ -9,13 +9,17 @@
 
 namespace tallyra::client {
 
-std::string text_of_file(const std::string& path) {
+void require_readable(const std::string& path) {
   std::error_code error;
   const auto file = file_path(path);
   if (std::filesystem::is_directory(file, error)) throw UsageError("'" + path + "' is a directory, no file");
   if (!std::filesystem::exists(file, error)) throw UsageError("'" + path + "': no such file");
-  std::ifstream in(file, std::ios::binary);
-  if (!in) throw UsageError("'" + path + "' cannot be read");
+  if (!std::ifstream(file)) throw UsageError("'" + path + "' cannot be read");
+}
+
+std::string text_of_file(const std::string& path) {
+  require_readable(path);
+  std::ifstream in(file_path(path), std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
 }
 

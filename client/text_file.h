@@ -4,8 +4,10 @@
 
 namespace tallyra::client {
 
-// The whole of a file. Throws UsageError, which names it, for one that is missing, a directory, or cannot be
-// read.
+// Throws UsageError, which names it, for a file that is missing, a directory, or cannot be read.
+void require_readable(const std::string& path);
+
+// The whole of a file; throws as well.
 std::string text_of_file(const std::string& path);
 
 }  // namespace tallyra::client

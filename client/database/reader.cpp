@@ -1,5 +1,6 @@
 #include "client/database/reader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -42,8 +43,15 @@ class OpenRows {
   Object rows_;
 };
 
+// Types of ADO.
+bool is_numeric(std::int32_t type) {
+  constexpr std::int32_t numeric[] = {2, 3, 4, 5, 6, 14, 16, 17, 18, 19, 20, 21, 131, 139};
+  return std::ranges::find(numeric, type) != std::end(numeric);
+}
+
 struct Column {
   std::string name;
+  std::int32_t type;
   BoundMember value;
 };
 
@@ -53,7 +61,8 @@ std::vector<Column> columns_of(const Object& rows) {
   std::vector<Column> columns;
   for (std::int32_t i = 0; i < count; ++i) {
     const Object field = automation::to_object(fields.call("Item", i));
-    columns.push_back({automation::to_text(field.get("Name")), BoundMember(field, "Value")});
+    columns.push_back({automation::to_text(field.get("Name")), automation::to_int32(field.get("Type")),
+                       BoundMember(field, "Value")});
   }
   return columns;
 }
@@ -116,6 +125,14 @@ bool Reader::has_table(std::string_view table) const {
   } catch (const automation::Error&) {
     return false;
   }
+}
+
+std::vector<std::string> Reader::numeric_columns(const std::string& table, std::string_view key) const {
+  const OpenRows open("Select * From " + table + " Where " + std::string(key) + " Is Null", connection_);
+  std::vector<std::string> names;
+  for (const Column& column : columns_of(open.object()))
+    if (is_numeric(column.type)) names.push_back(column.name);
+  return names;
 }
 
 std::string Reader::engine() const {

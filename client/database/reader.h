@@ -38,6 +38,8 @@ class Reader {
   double number(const std::string& query) const;
   std::int64_t count(const std::string& query) const;
   bool has_table(std::string_view table) const;
+  // The columns of a table that hold numbers. `key` is a column that is never Null.
+  std::vector<std::string> numeric_columns(const std::string& table, std::string_view key) const;
   // The name of the engine as its driver gives it, "SQLite", "PostgreSQL", "" when it gives none.
   std::string engine() const;
 

@@ -6,6 +6,7 @@
 namespace tallyra::client {
 
 extern const Verb approve_verb;
+extern const Verb batch_verb;
 extern const Verb call_verb;
 extern const Verb check_verb;
 extern const Verb close_verb;

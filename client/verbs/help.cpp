@@ -2,6 +2,7 @@
 
 #include "client/catalogue.h"
 #include "client/command_line.h"
+#include "client/manual.h"
 #include "client/suggestion.h"
 #include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
@@ -10,7 +11,11 @@
 namespace tallyra::client {
 namespace {
 
-constexpr std::string_view examples[] = {"help close", "help CStockClose"};
+constexpr Option options[] = {
+    {"--man", "", "print the manual page, for man"},
+    {"--completion", "", "print the completion for bash"},
+};
+constexpr std::string_view examples[] = {"help close", "help CStockClose", "help --completion"};
 
 std::string class_help(const ClassEntry& entry) {
   std::string text = "Tallyra." + std::string(entry.name) + ": " + std::string(entry.purpose) + "\n";
@@ -27,7 +32,13 @@ std::string help_on(const std::vector<std::string>& words) {
 }
 
 ExitStatus run(VerbContext& context) {
-  context.console().out << help_on(context.words().arguments);
+  std::ostream& out = context.console().out;
+  if (context.has("--man"))
+    out << manual_page();
+  else if (context.has("--completion"))
+    out << bash_completion();
+  else
+    out << help_on(context.words().arguments);
   return exit_done;
 }
 
@@ -39,7 +50,7 @@ const Verb help_verb{
     .summary = "what a verb does, or the members of a class",
     .help =
         "Tells of a verb what it does and which options it has, of a class its members and their arguments.",
-    .options = {},
+    .options = options,
     .examples = examples,
     .least_arguments = 0,
     .most_arguments = 2,

@@ -7,7 +7,7 @@ namespace {
 const Verb* const table[] = {
     &check_verb,  &close_verb,       &verify_verb,       &approve_verb,       &reopen_verb,
     &status_verb, &count_sheet_verb, &count_import_verb, &count_approve_verb, &count_undo_verb,
-    &log_verb,    &call_verb,        &help_verb,
+    &log_verb,    &batch_verb,       &call_verb,         &help_verb,
 };
 
 }  // namespace

@@ -22,6 +22,8 @@ class ClientProgram {
     std::istringstream answers(answers_.value_or(""));
     Console console{out_, error_};
     if (answers_) console.answers = &answers;
+    std::istringstream input(input_);
+    console.input = &input;
     return run_client(words, console, [this](const std::string& name) -> std::optional<std::string> {
       const auto found = environment.find(name);
       return found == environment.end() ? std::nullopt : std::optional(found->second);
@@ -30,6 +32,8 @@ class ClientProgram {
 
   // What the person in front of the terminal types, a line per question; nobody is there without.
   void answer(std::optional<std::string> lines) { answers_ = std::move(lines); }
+  // What stands on the input of the program.
+  void feed(std::string input) { input_ = std::move(input); }
   std::string out() const { return out_.str(); }
   std::string error() const { return error_.str(); }
   // Both, for the message of a failed test.
@@ -40,6 +44,7 @@ class ClientProgram {
  private:
   std::vector<std::string> common_;
   std::optional<std::string> answers_;
+  std::string input_;
   std::ostringstream out_;
   std::ostringstream error_;
 };

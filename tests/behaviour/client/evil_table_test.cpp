@@ -1,114 +1,100 @@
-#include <cstdio>
-#include <filesystem>
-#include <functional>
+#include <iostream>
 
-#include "client/database/own_tables.h"
-#include "client/month_end/guard.h"
-#include "client/platform/process.h"
-#include "client/refusal.h"
-#include "tests/behaviour/client/month_end/closing_client.h"
+#include "client/output/text_table.h"
+#include "tests/behaviour/client/stocktaking/counting_client.h"
 
-// What does harm when a client calls the classes without looking, played with the verbs: each row is
-// prevented, or told before anything is written, and changes nothing. The test prints the table.
+// What the classes take in silence, and what the console client makes of it. Each row is played; what is told
+// is told before anything is written. The table is printed.
 namespace tallyra::client {
 namespace {
 
-class Evil : public ClosingClient {
- protected:
-  struct Row {
-    const char* evil;
-    std::vector<std::string> words;
-    ExitStatus status;
-    const char* told;
-  };
+using Words = std::vector<std::string>;
 
-  // Plays a row and sees that the company is as it was before.
-  void play(const Row& row) {
-    SCOPED_TRACE(row.evil);
-    const std::string before = company_.everything();
-    EXPECT_EQ(run(row.words), row.status) << client_.all();
-    EXPECT_TRUE(says(row.told)) << client_.all();
-    EXPECT_EQ(company_.everything(), before);
-    std::printf("| %s | %s |\n", row.evil, row.told);
+class EvilTable : public CountingClient {
+ protected:
+  ~EvilTable() override {
+    std::string text;
+    table_.append_with_heading(text);
+    std::cout << text;
+  }
+
+  // Refused, with these words, and every document and record is as it was.
+  void refused(const char* evil, const Words& words, const char* told) {
+    const std::string before = state();
+    const ExitStatus status = run(words);
+    EXPECT_NE(status, exit_done) << evil << "\n" << client_.all();
+    EXPECT_TRUE(says(told)) << evil << "\n" << client_.all();
+    EXPECT_EQ(state(), before) << evil;
+    table_.add_row({evil, "ends with " + std::to_string(status), told});
+  }
+  std::string state() const { return company_.everything() + stored(); }
+
+  TextTable table_ = [] {
+    TextTable table;
+    table.add_row({"evil", "what happens", "what is told"});
+    return table;
+  }();
+};
+
+TEST_F(EvilTable, OfClosesIsRefused) {
+  refused("close of the middle of a month", {"close", "2024/01/30"}, "not-month-end");
+  refused("close of 2030/12/31", {"close", "2030/12/31"}, "in-future");
+  refused("approval of a close that does not exist", {"approve", "2024/01/31"}, "there is no close of");
+  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done);
+  refused("February closed while January is unapproved", {"close", "2024/02/29"}, "previous-unapproved");
+  ASSERT_EQ(run({"approve", "2024/01/31"}), exit_done);
+  refused("close before an existing close", {"close", "2023/12/31"}, "before-a-close");
+  close_and_approve("2024/02/29");
+  refused("January deleted under an approved February", {"reopen", "2024/01/31"}, "there are later closes");
+}
+
+TEST_F(EvilTable, OfStocktakingsIsRefused) {
+  enter();
+  const std::string keys = company_.file().string() + ".keys";
+  std::filesystem::remove(keys);
+  std::filesystem::create_directory(keys);
+  refused("a stocktaking approved while no number can be issued", {"count", "approve", "C1"},
+          "no number is issued");
+  std::filesystem::remove(keys);
+  sql(
+      {"INSERT INTO STKTRANHD(TRANNO,TRANTYPE,TRANDT,DEPTNOFR,STATUSSN) "
+       "VALUES('X1','STK027CLOSE','2024-02-01 00:00:00','10',0)"});
+  refused("a stocktaking approved beside what a close has left", {"count", "approve", "C1"},
+          "an unfinished close has left");
+  sql({"DELETE FROM STKTRANHD WHERE TRANNO='X1'"});
+  ASSERT_EQ(run({"count", "approve", "C1"}), exit_done) << "stored, and said so";
+  EXPECT_TRUE(says("it is stored"));
+  table_.add_row({"a stocktaking approved", "ends with 0", "read back, it is stored"});
+  refused("the same approved again", {"count", "approve", "C1"}, "is approved already");
+}
+
+// Raw calls, which take no options of verbs.
+class EvilCalls : public EvilTable {
+ protected:
+  void refused_call(const char* evil, const Words& words, const char* told) {
+    const std::string before = state();
+    const ExitStatus status = client_.run(words);
+    EXPECT_NE(status, exit_done) << evil << "\n" << client_.all();
+    EXPECT_TRUE(says(told)) << evil << "\n" << client_.all();
+    EXPECT_EQ(state(), before) << evil;
+    table_.add_row({evil, "ends with " + std::to_string(status), told});
   }
 };
 
-TEST_F(Evil, OfDatesIsRefusedBeforeAnythingIsWritten) {
-  std::printf("| evil | what happens |\n|---|---|\n");
-  play({"close of the middle of a month", {"close", "2024/01/15"}, exit_failed, "because of: not-month-end"});
-  play(
-      {"close of 2030/12/31", {"close", "2030/12/31"}, exit_failed, "because of: in-future, month-left-out"});
-  play({"close of February without January",
-        {"close", "2024/02/29"},
-        exit_failed,
-        "because of: month-left-out"});
-  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
-  play(
-      {"close before an existing close", {"close", "2023/12/31"}, exit_failed, "because of: before-a-close"});
-  play({"closing a month twice", {"close", "2024/01/31"}, exit_failed, "because of: before-a-close"});
-  play({"February closed while January is unapproved",
-        {"close", "2024/02/29"},
-        exit_failed,
-        "because of: previous-unapproved"});
-}
-
-TEST_F(Evil, OfApprovingAndDeletingIsRefused) {
-  close_and_approve("2024/01/31");
-  play({"approving a close date that does not exist",
-        {"approve", "2024/03/31"},
-        exit_failed,
-        "there is no close of 2024/03/31"});
-  close_and_approve("2024/02/29");
-  play({"deleting January under an approved February",
-        {"reopen", "2024/01/31"},
-        exit_failed,
-        "there are later closes, up to that of 2024/02/29"});
-  play(
-      {"deleting a close that does not exist", {"reopen", "2024/03/31"}, exit_failed, "Nothing was deleted"});
-}
-
-TEST_F(Evil, OfASecondCloserIsToldWhoRuns) {
-  const Reader reader(company_.connection_string(), "MSACCESS");
-  make_own_tables(reader);
-  sql(
-      {"INSERT INTO TALLYRALOCK(LOCKKEY,WORKTEXT,OWNERID,OSUSER,HOSTNAME,PROCESSID,PROCESSSTART,SINCE) "
-       "VALUES('CLOSE','close 2024/01/31','ANNA','anna','" +
-       host_name() + "'," + std::to_string(this_process().id) + ",'','2024/03/05 09:00:00')"});
-  play({"two closers of one month",
-        {"close", "2024/01/31"},
-        exit_locked,
-        "is at work on close 2024/01/31 since"});
-  EXPECT_THROW(require_no_unfinished_close(reader), Refusal) << "nor is a stocktaking approved meanwhile";
-}
-
-TEST_F(Evil, OfACloseThatWasEndedHoldsUpStocktakings) {
-  sql(
-      {"INSERT INTO STKTRANHD(TRANNO,TRANTYPE,TRANDT,DEPTNOFR,STATUSSN) "
-       "VALUES('027CLOSE00000009','STK027CLOSE','2024-02-01 00:00:00','10 ',0)"});
-  const Reader reader(company_.connection_string(), "MSACCESS");
-  EXPECT_THROW(require_no_unfinished_close(reader), Refusal);
-  play({"a close ended by Ctrl-C, then anything else",
-        {"status"},
-        exit_done,
-        "approve no stocktaking before"});
-}
-
-TEST_F(Evil, OfAMisspeltDatabaseMakesNoFile) {
-  const std::string path = company_.file().string() + ".misspelt";
-  for (const std::string& db : {path, "DRIVER={SQLite3};Database=" + path}) {
-    ClientProgram misspelt({"--db", db});
-    for (const std::vector<std::string>& words :
-         {std::vector<std::string>{"status"}, {"CStockClose", "Delete", "2024/01/31"}}) {
-      EXPECT_EQ(misspelt.run(words), exit_wrong_usage);
-      EXPECT_NE(misspelt.error().find("no such file"), std::string::npos) << misspelt.error();
-      EXPECT_FALSE(std::filesystem::exists(path));
-    }
-  }
-  std::printf("| a misspelt database | no such file |\n");
-  ClientProgram nowhere;
-  EXPECT_EQ(nowhere.run({"status"}), exit_wrong_usage);
-  EXPECT_NE(nowhere.error().find("no database was given"), std::string::npos);
-  std::printf("| no --db | no database was given |\n");
+TEST_F(EvilCalls, AreToldOf) {
+  enter();
+  refused_call("updating what does not exist", {"CRevAddr", "Update", "A9", "ADDRNM=x"}, "no such row");
+  refused_call("deleting what does not exist", {"CRevAddr", "Delete", "A9"}, "no such row");
+  for (const char* number : {"QTY=1,5", "QTY=$5", "QTY=(5)"})
+    refused_call(number, {"CCheckDetail", "Update", "C1", "bolt-1", number}, "is no number");
+  client_ = ClientProgram();
+  refused_call("a misspelt database", {"status", "--db", company_.file().string() + "x"}, "no such file");
+  EXPECT_FALSE(std::filesystem::exists(company_.file().string() + "x"));
+#ifndef _WIN32
+  refused_call("a Windows path where there are none", {"status", "--db", "C:\\stock\\company.db"},
+               "is a Windows path");
+#endif
+  refused_call("no database", {"status"}, "no database was given");
 }
 
 }  // namespace

@@ -29,6 +29,8 @@ std::vector<std::string> CountingDatabase::calls() const {
 }
 
 stage::Reply CountingDatabase::answer(const std::string& statement) {
+  // A row that is looked for by its key is there.
+  if (statement.find(" Where CHECKNO=") != std::string::npos) return {{{{"N", 1}}}, 0};
   ++statements_;
   if (failures_ > 0) {
     --failures_;
