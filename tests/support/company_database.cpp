@@ -1,10 +1,8 @@
 #include "tests/support/company_database.h"
 
-#include <fstream>
-
 #include "automation/convert.h"
 #include "automation/create.h"
-#include "company/schema_script.h"
+#include "automation/folded_name.h"
 #include "frame/collaborators.h"
 #include "server/local_classes.h"
 #include "standins/ado/local_classes.h"
@@ -17,16 +15,14 @@ using automation::Object;
 using automation::Value;
 
 CompanyDatabase::CompanyDatabase(std::string system_database, int lock_wait)
-    : file_(folder_.file("company.db")), system_database_(std::move(system_database)) {
+    : engine_(CompanyEngine::create(lock_wait)),
+      connection_string_(engine_->connection_string()),
+      system_database_(std::move(system_database)) {
   server::register_classes();
   standins::ado::register_classes();
   standins::corvane::register_classes();
   standins::lexbank::register_classes();
-  // What a test writes need not survive a power cut.
-  connection_string_ = "DRIVER={SQLite3};Database=" + file_.generic_string() +
-                       ";SyncPragma=OFF;Timeout=" + std::to_string(lock_wait);
-  std::ofstream(file_, std::ios::app);  // a database without tables
-  run(samples::company::read_schema(TALLYRA_SCHEMA));
+  run(engine_->schema());
   run({"INSERT INTO USERRIGHTS VALUES('ADMIN','*',1,1,1,1,1,1,1,1)"});
 }
 
@@ -72,11 +68,24 @@ std::string CompanyDatabase::rows(const std::string& query) const {
   return text;
 }
 
+void CompanyDatabase::refuse(const std::string& name, const std::string& event, const std::string& table,
+                             const std::string& condition, const std::string& message) const {
+  engine_->make_trigger(name, event, table, condition, message);
+}
+
+void CompanyDatabase::allow(const std::string& name, const std::string& table) const {
+  run({"DROP TRIGGER " + name + (is_sqlite() ? "" : " ON " + table)});
+}
+
 void CompanyDatabase::grant(const std::string& user, const std::string& rights) const {
   std::string ones;
   for (std::size_t i = 0; i < rights.size(); ++i)
     if (i == 0 || rights[i] == ',') ones += ",1";
   run({"INSERT INTO USERRIGHTS(USERID,FUNCCODE," + rights + ") VALUES('" + user + "','*'" + ones + ")"});
+}
+
+bool names(std::string_view sentence, std::string_view name) {
+  return automation::folded(sentence).find(automation::folded(name)) != std::string::npos;
 }
 
 Object CompanyDatabase::client(std::string_view class_name, std::string_view user) const {

@@ -6,6 +6,7 @@
 #include <netinet/in.h>
 #include <pwd.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -68,6 +69,8 @@ pid_t spawn(const std::vector<std::string>& command, const std::string& log) {
   const bool is_unprivileged =
       user == nullptr ||
       (::setgroups(0, nullptr) == 0 && ::setgid(user->pw_gid) == 0 && ::setuid(user->pw_uid) == 0);
+  // A test that is ended leaves no server behind.
+  ::prctl(PR_SET_PDEATHSIG, SIGQUIT);
   if (is_unprivileged) ::execv(arguments[0], arguments.data());
   ::_exit(127);
 }
@@ -78,6 +81,24 @@ void run(const std::vector<std::string>& command, const std::string& log) {
     std::ifstream text(log);
     throw std::runtime_error(command.front() + ": " + std::string(std::istreambuf_iterator<char>(text), {}));
   }
+}
+
+std::vector<pid_t> children_of(pid_t process) {
+  const std::string number = std::to_string(process);
+  std::ifstream list("/proc/" + number + "/task/" + number + "/children");
+  std::vector<pid_t> children;
+  for (pid_t child = 0; list >> child;) children.push_back(child);
+  return children;
+}
+
+// What has ended and nobody has asked about yet is not.
+bool is_alive(pid_t process) {
+  std::ifstream status("/proc/" + std::to_string(process) + "/stat");
+  std::string number;
+  std::string name;
+  char state = 'X';
+  status >> number >> name >> state;
+  return status && state != 'Z' && state != 'X';
 }
 
 using Session = std::unique_ptr<PGconn, void (*)(PGconn*)>;
@@ -167,12 +188,17 @@ void PostgresqlServer::wait_until_ready() const {
   }
 }
 
-// Its processes make groups of their own, and end when they find the first one gone.
+// The first process stands still while the others are looked for, so that no more come.
 void PostgresqlServer::kill() {
   if (process_ == 0) return;
+  ::kill(process_, SIGSTOP);
+  const std::vector<pid_t> others = children_of(process_);
   ::kill(process_, SIGKILL);
+  for (const pid_t other : others) ::kill(other, SIGKILL);
   ::waitpid(process_, nullptr, 0);
   process_ = 0;
+  for (const pid_t other : others)
+    while (is_alive(other)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   std::error_code ignored;
   std::filesystem::remove(data() + "/postmaster.pid", ignored);
 }
@@ -205,6 +231,10 @@ std::string PostgresqlServer::new_database(const std::vector<std::string>& state
   templates_.emplace_back(script, original);
   administer("postgres", "CREATE DATABASE " + name + " OWNER tallyra TEMPLATE " + original);
   return name;
+}
+
+void PostgresqlServer::drop_database(const std::string& name) const {
+  administer("postgres", "DROP DATABASE " + name + " WITH (FORCE)");
 }
 
 std::string PostgresqlServer::connection_string(const std::string& database, std::string_view more) const {

@@ -33,6 +33,7 @@ class PostgresqlServer {
   // A new database, empty or with the tables that the statements make; owned by the user "tallyra", who may
   // nothing else. Databases of the same statements are copies of one.
   std::string new_database(const std::vector<std::string>& statements = {});
+  void drop_database(const std::string& name) const;
   // Without any check, as the server's own administrator. The first column of the first row; empty when there
   // is none.
   std::string administer(const std::string& database, const std::string& sql) const;

@@ -23,7 +23,8 @@ std::string FailedClose::documents() const {
 
 std::string FailedClose::left() const {
   std::string counts = company.rows(
-      "SELECT Sum(TRANTYPE='STK027CLOSE')||' departments, '||Sum(TRANTYPE='STKCLOSEALL')||' company, '||"
+      "SELECT Sum(CASE WHEN TRANTYPE='STK027CLOSE' THEN 1 ELSE 0 END)||' departments, '||"
+      "Sum(CASE WHEN TRANTYPE='STKCLOSEALL' THEN 1 ELSE 0 END)||' company, '||"
       "(SELECT Count(*) FROM STKCLOSEHD WHERE CLOSEDT='2024-02-29 00:00:00')||' record' "
       "FROM STKTRANHD WHERE TRANDT='2024-03-01 00:00:00' AND TRANTYPE LIKE 'STK%CLOSE%'");
   counts.pop_back();

@@ -54,9 +54,9 @@ TEST_P(PartCostSetOnSqlite, ASettingLivesItsWholeLifeAlsoUnderANegativeNumber) {
 }
 
 TEST_P(PartCostSetOnSqlite, AFailedStatementChangesNothing) {
-  company.run({"INSERT INTO PARTCOSTSET(MTYPESN,MTYPENM) VALUES(7,'Raw')",
-               "CREATE TRIGGER NO_NEW AFTER INSERT ON PARTCOSTSET BEGIN SELECT RAISE(ABORT,'settled'); END",
-               "CREATE TRIGGER KEPT AFTER DELETE ON PARTCOSTSET BEGIN SELECT RAISE(ABORT,'settled'); END"});
+  company.run({"INSERT INTO PARTCOSTSET(MTYPESN,MTYPENM) VALUES(7,'Raw')"});
+  company.refuse("NO_NEW", "INSERT", "PARTCOSTSET", "", "settled");
+  company.refuse("KEPT", "DELETE", "PARTCOSTSET", "", "settled");
   Fields setting{{"MTYPESN", 8}};
   const Object settings = company.client("CPartCostSet");
   for (const Outcome& outcome :

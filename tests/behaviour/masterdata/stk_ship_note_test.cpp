@@ -112,8 +112,7 @@ TEST_P(ShipNoteOnSqlite, AnEmptyNumberIsANumberAndAnApostropheBreaksTheStatement
 
 TEST_P(ShipNoteOnSqlite, AFailedInsertLeavesNothing) {
   Fields note{{"TRANNO", "T1"}, {"NOTES", "x"}};
-  company.run(
-      {"CREATE TRIGGER NO_NOTES AFTER INSERT ON STKSHIPNOTE BEGIN SELECT RAISE(ABORT,'no notes'); END"});
+  company.refuse("NO_NOTES", "INSERT", "STKSHIPNOTE", "", "no notes");
   const Outcome outcome = play("Insert", "T1", note);
   EXPECT_EQ(outcome.result, 0);
   EXPECT_NE(outcome.description.find("no notes"), std::string::npos) << outcome.description;

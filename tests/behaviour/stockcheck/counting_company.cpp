@@ -60,7 +60,8 @@ stage::Outcome CountingCompany::update(const char* number, const char* tag, cons
 std::string CountingCompany::posted_lines() const {
   return rows(
       "SELECT L.PARTNO, L.QTY, L.UPRICE FROM STKTRANHD H JOIN STKTRANDT L ON L.TRANNO=H.TRANNO "
-      "WHERE H.TRANTYPE='STKCHECKISS' ORDER BY L.rowid");
+      "WHERE H.TRANTYPE='STKCHECKISS' ORDER BY L." +
+      std::string(row_order()));
 }
 
 std::string CountingCompany::postings() const {
@@ -71,10 +72,11 @@ std::string CountingCompany::postings() const {
 }
 
 std::string CountingCompany::everything() const {
+  const std::string order = row_order();
   return rows("SELECT * FROM STKCHECKHD ORDER BY CHECKNO") +
          rows("SELECT * FROM STKCHECKDT ORDER BY CHECKNO, PARTNO") +
-         rows("SELECT * FROM STKTRANHD ORDER BY TRANNO, rowid") +
-         rows("SELECT * FROM STKTRANDT ORDER BY TRANNO, SN, PARTNO, rowid");
+         rows("SELECT * FROM STKTRANHD ORDER BY TRANNO, " + order) +
+         rows("SELECT * FROM STKTRANDT ORDER BY TRANNO, SN, PARTNO, " + order);
 }
 
 void expect_posted(const stage::Outcome& outcome) {

@@ -27,6 +27,10 @@ class Company : public testing::TestWithParam<const char*> {
 
   void given(const std::vector<std::string>& statements) const { database_.run(statements); }
   std::string rows(const std::string& query) const { return database_.rows(query); }
+  bool is_sqlite() const { return database_.is_sqlite(); }
+  void refuse(const char* event, const char* table, const char* condition, const char* message) const {
+    database_.refuse("REFUSED", event, table, condition, message);
+  }
   // TRANNO, SN, PARTNO and QTY of all lines in the order of document and number.
   std::string lines() const {
     return rows("Select TRANNO,SN,PARTNO,QTY From STKTRANDT Order By TRANNO,SN,PARTNO");

@@ -140,6 +140,7 @@ TEST_P(Requirement, CaresForCaseAsTheEngineDoes) {
   EXPECT_EQ(ask("leg"), quantity(2));
   EXPECT_EQ(ask("SCREW"), no_requirement);
 
+  if (!is_sqlite()) GTEST_SKIP() << "no comparison there that cares as little";
   // The same bills on tables that are compared without regard to case.
   for (const char* table : {"ASSMBOM", "PARTS"}) {
     const std::string name = table;

@@ -74,7 +74,7 @@ TEST_P(ReturnLines, MoveUpByTheThousand) {
 
 TEST_P(ReturnLines, StayWhereTheyWereWhenTheNewLineIsRefused) {
   given_lines(3);
-  given({"Create Trigger REFUSED Before Insert On STKTRANDT Begin Select Raise(Abort,'no more lines'); End"});
+  refuse("INSERT", "STKTRANDT", "", "no more lines");
   const Outcome outcome = insert(1, "NEW");
   EXPECT_EQ(outcome.result, 0);
   EXPECT_NE(outcome.description.find("no more lines"), std::string::npos);
@@ -135,9 +135,8 @@ TEST_P(ReturnLines, TakeANewNumberWithoutMovingTheOthers) {
 // The engine would keep the first of the two changes: without a transaction it stayed.
 TEST_P(ReturnLines, StayAsTheyWereWhenAChangeIsRefusedHalfWay) {
   given_lines(2);
-  given({"Update STKTRANDT Set SN=1 Where TRANNO='R1'",
-         "Create Trigger REFUSED After Update On STKTRANDT When New.PARTNO='P2' Begin "
-         "Select Raise(Fail,'no more changes'); End"});
+  given({"Update STKTRANDT Set SN=1 Where TRANNO='R1'"});
+  refuse("UPDATE", "STKTRANDT", "NEW.PARTNO='P2'", "no more changes");
   const std::string before = rows("Select SN,PARTNO,QTY From STKTRANDT Where TRANNO='R1' Order By PARTNO");
   EXPECT_EQ(before, "1|P1|-1\n1|P2|-1\n");
   Fields fields{{"QTY", -7}};

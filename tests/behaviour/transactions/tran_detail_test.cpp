@@ -79,7 +79,9 @@ TEST_P(TranDetail, OfAPurchaseReturnIsChangedByPartOnly) {
   Fields fields{{"QTY", 10}};
   const Outcome outcome = write_line(detail(), "Update", line(1, "A", "STK011PORTN"), fields);
   EXPECT_EQ(outcome, syntax_error);
-  EXPECT_NE(outcome.description.find("incomplete input"), std::string::npos) << outcome.description;
+  EXPECT_TRUE(behaviour::names(outcome.description, "incomplete input") ||
+              behaviour::names(outcome.description, "end of input"))
+      << outcome.description;
   EXPECT_EQ(quantities(), before);
   EXPECT_EQ(write_line(detail(), "Update", line(-1, "X", "STK011PORTN"), fields), done);
   EXPECT_EQ(quantities(), "T1|PO1|0|1\nT1|PO1|1|2\nT1|PO1|2|10\nT1|PO2|1|4\nT2|PO1|1|5\n");

@@ -102,12 +102,13 @@ TEST_P(TranHead, IsCreatedWithTheLinesOfAnotherUnderTheirNumbers) {
            "Where TRANNO='T3' Order By SN"),
       "PO1|2|B|RB||-3|0.1|0||CORA|CORA\n"
       "PO1|5|A|RA|MO1|2.5|0|1.25|n|CORA|CORA\n");
+  EXPECT_EQ(rows("Select Count(*) From STKTRANDT Where TRANNO='T1'"), "2\n");
+  if (!is_sqlite()) GTEST_SKIP() << "the dates are of a type of their own there";
   // The dates are dates to the engine, at the second of the copy.
   EXPECT_EQ(rows("Select Count(*) From STKTRANDT Where TRANNO='T3' And "
                  "ADDDT=strftime('%Y-%m-%d %H:%M:%S',ADDDT) And EDITDT>=ADDDT And "
                  "ADDDT>datetime('now','localtime','-1 minute')"),
             "2\n");
-  EXPECT_EQ(rows("Select Count(*) From STKTRANDT Where TRANNO='T1'"), "2\n");
 }
 
 TEST_P(TranHead, WritesNullTextsOfACopyAsEmptyOnes) {
@@ -148,7 +149,7 @@ TEST_P(TranHead, IsDeletedWithItsLinesAndItsNote) {
 }
 
 TEST_P(TranHead, IsKeptWholeWhenPartOfItCannotBeDeleted) {
-  given({"Create Trigger KEPT Before Delete On STKSHIPNOTE Begin Select Raise(Abort,'notes are kept'); End"});
+  refuse("DELETE", "STKSHIPNOTE", "", "notes are kept");
   const std::string found = lines();
   const Outcome outcome = delete_head(head(), "T2", "STK030SHIP");
   EXPECT_EQ(outcome.result, 0);
