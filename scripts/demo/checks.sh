@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
 # What the demo and the tests of the sample clients look at a company database with: queries of their own, and checks
-# whose failures are counted. To be sourced; works on $database.
+# whose failures are counted. To be sourced; works on $database. When the company is on a server, $classes is "server"
+# and $database a mirror of it, renewed when something was called since.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
-query() { sqlite3 -readonly "${2:-$database}" "$1"; }
-table() { sqlite3 -readonly -header -column "$database" "$1"; }
+renew_mirror() {
+  [ "${classes:-native}" = server ] && [ -e "$folder/called" ] || return 0
+  rm -f "$folder/called"
+  mirror stock "$folder/company.db"
+}
+query() { renew_mirror && sqlite3 -readonly "${2:-$database}" "$1"; }
+table() { renew_mirror && sqlite3 -readonly -header -column "$database" "$1"; }
 
 failed_checks=0
 # check NAME ACTUAL EXPECTED

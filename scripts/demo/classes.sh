@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # How the demo reaches the classes: natively, or through Tallyra.dll under Wine. To be sourced after wine.sh; works on
-# $database and in $folder, through what $classes says, native or dll.
+# $database and in $folder, through what $classes says: native, dll, or server, which is native with the company on the
+# server that $place leads to.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 client() {
   if [ "$classes" = dll ]; then
     wine_run build/windows/bin/tallyra-client.exe --db "$database" --user ADMIN "$@" | tr -d '\r'
   else
-    build/release/bin/tallyra-client --db "$database" --user ADMIN "$@"
+    touch "$folder/called"
+    build/release/bin/tallyra-client --db "${place:-$database}" --user ADMIN "$@"
   fi
 }
 

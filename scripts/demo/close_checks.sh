@@ -72,8 +72,14 @@ check_second_run() {
 check_undoing() {
   local after
   after=$(close_state)
-  sqlite3 "$database" ".backup '$folder/undone.db'"
-  database=$folder/undone.db call CStockClose Delete $month_2
+  if [ "$classes" = server ]; then
+    on_server -d postgres -c 'CREATE DATABASE undone TEMPLATE stock'
+    place=$(connection_to undone) call CStockClose Delete $month_2
+    mirror undone "$folder/undone.db"
+  else
+    sqlite3 "$database" ".backup '$folder/undone.db'"
+    database=$folder/undone.db call CStockClose Delete $month_2
+  fi
   check "deleting the close of $month_2 restores the state before it" "$(close_state "$folder/undone.db")" "$1"
   check "which is another state than after it" "$([ "$after" != "$1" ] && echo yes)" yes
 }

@@ -8,29 +8,9 @@ source "$repository/scripts/wine.sh"
 for part in checks classes documents; do source "$repository/scripts/demo/$part.sh"; done
 cd "$repository"
 
-# Every row of a table in an order of its own. Of the moments at which it was written only whether there are any.
-written_rows() {
-  local columns
-  columns=$(query "SELECT group_concat(CASE WHEN name IN ('ADDDT','EDITDT','STATUSDT')
-                                            THEN name||' IS NULL' ELSE name END)
-                   FROM pragma_table_info('$1')" "$2")
-  sqlite3 -readonly -quote "$2" "SELECT $columns FROM $1 WHERE ${3:-1} ORDER BY $columns"
-}
-# same WHAT NAME: whether both files that are called so are the same.
-same() {
-  check "$1" "$(diff "$folder/$2.native" "$folder/$2.dll" >"$folder/$2.diff" && echo same)" same
-}
+source "$repository/scripts/demo/same_rows.sh"
 
-say "What was printed and stored, against the native classes"
-cp "$native/printed.txt" "$folder/printed.native"
-cp "$folder/printed.txt" "$folder/printed.dll"
-same "each of the $(wc -l <"$native/printed.txt") printed lines is the same" printed
-for table in $(query "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY name" \
-  "$native/company.db"); do
-  written_rows $table "$native/company.db" >"$folder/$table.native"
-  written_rows $table "$folder/company.db" >"$folder/$table.dll"
-  same "$table is the same in all of its $(wc -l <"$folder/$table.native") rows" $table
-done
+same_story
 
 say "The documents once more, led through their life by the VBScript client"
 sqlite3 "$folder/before_documents.db" ".backup '$database'"
@@ -40,7 +20,7 @@ sample stock_document $document_prefix "$document_date" $document_department "$p
 check_documents
 for table in STKTRANHD STKTRANDT; do
   written_rows $table "$native/company.db" "TRANNO LIKE '$document_prefix-%'" >"$folder/documents.native"
-  written_rows $table "$database" "TRANNO LIKE '$document_prefix-%'" >"$folder/documents.dll"
+  written_rows $table "$database" "TRANNO LIKE '$document_prefix-%'" >"$folder/documents.other"
   same "their $(wc -l <"$folder/documents.native") rows in $table are the same" documents
 done
 if [ "$failed_checks" != 0 ]; then

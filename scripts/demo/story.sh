@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# story.sh native|dll FOLDER: what the demo shows, with the native classes or those of Tallyra.dll, on a database that
-# it makes in the folder. Prints the same with both.
+# story.sh native|dll|server FOLDER: what the demo shows, with the native classes or those of Tallyra.dll, on a database
+# that it makes in the folder; or with the native classes on the server that runs. Prints the same with each.
 source "$(dirname "$0")/../setup.sh"
 classes=$1 folder=$2 database=$2/company.db
 source "$repository/scripts/wine.sh"
+source "$repository/scripts/demo/server.sh"
 for chapter in checks classes documents issue purchase_return stocktaking counting month_end close_checks; do
   source "$repository/scripts/demo/$chapter.sh"
 done
@@ -11,12 +12,19 @@ cd "$repository"
 
 say "A company of 6 departments, 300 parts and 20,000 movement lines in three months"
 build/release/bin/tallyra-company --db "$database" --schema schema/sqlite.sql --force
+if [ "$classes" = server ]; then
+  place=$(connection_to stock)
+  on_server -d postgres -c "CREATE DATABASE stock TEMPLATE template0"
+  build/release/bin/tallyra-company --copy "$database" "$place" >"$folder/copied.txt"
+  touch "$folder/called"
+fi
 
 say "The month end of January"
 close_month $month_1
 approve_month $month_1
 
 choose_orders
+renew_mirror
 sqlite3 "$database" ".backup '$folder/before_documents.db'"
 say "A stock document's life: a material issue for production order $production_order and a copy of it"
 show_issue
