@@ -3,11 +3,16 @@
 #include <cstdlib>
 #include <random>
 
-#include "automation/create.h"
-#include "automation/object.h"
 #include "standins/ado/local_classes.h"
 #include "standins/corvane/connection_string.h"
 #include "tests/support/test_folder.h"
+
+#ifndef _WIN32
+#include <stdexcept>
+
+#include "standins/ado/postgresql/connection_options.h"
+#include "standins/ado/postgresql/wire.h"
+#endif
 
 namespace tallyra::tests {
 namespace {
@@ -23,6 +28,7 @@ class SqliteDatabase : public EmptyDatabase {
   std::unique_ptr<TestFolder> folder_;
 };
 
+#ifndef _WIN32
 std::string with_database(const std::string& connection_string, const std::string& name) {
   standins::corvane::ConnectionString parts(connection_string);
   parts.set("Database", name);
@@ -44,16 +50,19 @@ class PostgresqlDatabase : public EmptyDatabase {
   }
 
  private:
+  // Past the guard of ADO's connection, to which another database is none of a client's.
   void on_server(const std::string& statement) const {
-    const automation::Object connection = automation::create("ADODB.Connection");
-    connection.call("Open", server_);
-    connection.call("Execute", statement);
-    connection.call("Close");
+    using namespace standins::ado;
+    Wire wire(read_postgresql_options(read_connection_string(server_, {}, {}, 0)));
+    wire.add(statement);
+    const Result& result = wire.exchange().front();
+    if (!succeeded(result)) throw std::runtime_error(PQresultErrorMessage(result.get()));
   }
 
   std::string server_;
   std::string name_;
 };
+#endif
 
 std::unique_ptr<EmptyDatabase> empty_sqlite() {
   standins::ado::register_classes();
@@ -61,11 +70,15 @@ std::unique_ptr<EmptyDatabase> empty_sqlite() {
 }
 
 std::unique_ptr<EmptyDatabase> empty_postgresql() {
+#ifdef _WIN32
+  return nullptr;
+#else
   const char* const server = std::getenv("TALLYRA_POSTGRES");
   if (!server) return nullptr;
   standins::ado::register_classes();
   return std::make_unique<PostgresqlDatabase>(server,
                                               "tallyra_test_" + std::to_string(std::random_device()()));
+#endif
 }
 
 }  // namespace
