@@ -6,8 +6,8 @@
 # With --dll the same happens twice, with the native classes and with those of Tallyra.dll under Wine, where VBScript
 # clients close the months and take stock. Both have to print the same and to leave the same database.
 #
-# With --postgres it happens twice too, on the embedded database and on a PostgreSQL server of the demo's own, which runs
-# in a temporary folder and is gone afterwards. Both have to print the same and to store the same rows.
+# With --postgres it happens twice too, on the embedded database and on a PostgreSQL server of the demo's own, which
+# runs in a temporary folder and is gone afterwards. Both have to print the same and to store the same rows.
 source "$(dirname "$0")/setup.sh"
 
 case "${1:-}" in

@@ -10,7 +10,8 @@ written_rows() {
   columns=$(query "SELECT group_concat(CASE WHEN name IN ('ADDDT','EDITDT','STATUSDT')
                                             THEN name||' IS NULL'
                                             WHEN type='DOUBLE' AND '${digits:-}'<>''
-                                            THEN 'iif('||name||' IS NULL,NULL,printf(''%.${digits:-}g'','||name||'))' ELSE name END)
+                                            THEN 'iif('||name||' IS NULL,NULL,'
+                                                 ||'printf(''%.${digits:-}g'','||name||'))' ELSE name END)
                    FROM pragma_table_info('$1')" "$2")
   sqlite3 -readonly -quote "$2" "SELECT $columns FROM $1 WHERE ${3:-1} ORDER BY $columns"
 }

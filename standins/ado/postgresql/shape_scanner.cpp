@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 #include "automation/folded_name.h"
+#include "standins/ado/postgresql/shape_characters.h"
 
 namespace tallyra::standins::ado {
 namespace {
@@ -12,34 +12,12 @@ namespace {
 using automation::equals_folded;
 
 constexpr std::size_t most_literals = 512;
-constexpr std::size_t most_digits = 9;
-
-constexpr auto name_byte = [] {
-  std::array<bool, 256> table{};
-  for (int c = 0; c < 256; ++c)
-    table[static_cast<std::size_t>(c)] =
-        (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c >= 0x80;
-  return table;
-}();
-
-bool is_name_byte(char c) {
-  return name_byte[static_cast<unsigned char>(c)];
-}
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
 
 template <std::size_t N>
 bool is_one_of(const std::array<std::string_view, N>& words, std::string_view word) {
   return std::ranges::any_of(words, [&](std::string_view entry) { return equals_folded(entry, word); });
 }
 
-// Behind them a comparison has its whole right side.
-constexpr auto words_behind_value =
-    std::to_array<std::string_view>({"and", "or", "where", "order", "limit", "group"});
 // Words before a parenthesis, and functions, that change nothing.
 constexpr auto harmless_before_parenthesis = std::to_array<std::string_view>(
     {"from",  "where", "and",   "or",    "not",   "in",     "on",    "join", "select", "as",    "exists",
@@ -78,97 +56,6 @@ Repeat ShapeScanner::repeat() const {
 std::size_t ShapeScanner::skip_blanks(std::size_t from) const {
   while (from < sql_.size() && is_blank(sql_[from])) ++from;
   return from;
-}
-
-// Copies what stands before `begin`.
-void ShapeScanner::leave(std::size_t begin) {
-  shape_.text_.append(sql_, copied_, begin - copied_);
-  copied_ = begin;
-}
-
-// The literal from `begin` to here, whose value lies at the end of the data, becomes a parameter.
-void ShapeScanner::bind(std::size_t begin, LiteralKind kind) {
-  leave(begin);
-  copied_ = here_;
-  shape_.kinds_.push_back(kind);
-  std::array<char, 16> number{};
-  const auto end = std::to_chars(number.data(), number.data() + number.size(), shape_.kinds_.size()).ptr;
-  shape_.text_.append(1, '$').append(number.data(), end);
-  before_ = Before::other;
-}
-
-bool ShapeScanner::is_value_place() const {
-  return before_ == Before::comparison || before_ == Before::value_place;
-}
-
-bool ShapeScanner::ends_value(std::size_t from) const {
-  from = skip_blanks(from);
-  const char c = at(from);
-  if (in_values_) return c == ',' || c == ')';
-  if (from == sql_.size() || c == ',' || c == ')') return true;
-  std::size_t end = from;
-  while (end < sql_.size() && is_name_byte(sql_[end])) ++end;
-  return is_one_of(words_behind_value, sql_.substr(from, end - from));
-}
-
-bool ShapeScanner::text() {
-  const std::size_t begin = here_;
-  if (begin > 0 && (is_name_byte(sql_[begin - 1]) || sql_[begin - 1] == '&')) return false;
-  const std::size_t value = shape_.data_.size();
-  for (std::size_t from = begin + 1;;) {
-    const std::size_t quote = sql_.find('\'', from);
-    if (quote == std::string_view::npos) return false;
-    shape_.data_.append(sql_, from, quote - from);
-    here_ = quote + 1;
-    if (at(here_) != '\'') break;
-    shape_.data_ += '\'';
-    from = here_ + 1;
-  }
-  if (is_value_place() && ends_value(here_)) {
-    shape_.data_ += '\0';
-    shape_.begins_.push_back(value);
-    bind(begin, LiteralKind::text);
-    return true;
-  }
-  shape_.data_.resize(value);
-  plain_ = plain_ && !in_values_;
-  before_ = Before::other;
-  return true;
-}
-
-// Digits with a point, an exponent and a minus sign before them. The sign is one only where no operand stands
-// before it.
-bool ShapeScanner::number() {
-  const std::size_t begin = here_;
-  const bool is_value = is_value_place();
-  if (sql_[here_] == '-') ++here_;
-  const std::size_t digits = here_;
-  while (is_digit(at(here_))) ++here_;
-  LiteralKind kind = here_ - digits <= most_digits ? LiteralKind::integer : LiteralKind::decimal;
-  const bool too_long = kind == LiteralKind::decimal;
-  if (at(here_) == '.') {
-    kind = LiteralKind::decimal;
-    for (++here_; is_digit(at(here_));) ++here_;
-  }
-  if (at(here_) == 'e' || at(here_) == 'E') {
-    const std::size_t sign = here_ + 1;
-    const std::size_t exponent = at(sign) == '+' || at(sign) == '-' ? sign + 1 : sign;
-    if (!is_digit(at(exponent))) return false;
-    kind = LiteralKind::decimal;
-    for (here_ = exponent; is_digit(at(here_));) ++here_;
-  }
-  const bool whole_number_too_long =
-      too_long && sql_.substr(begin, here_ - begin).find_first_of(".eE") == std::string_view::npos;
-  if (is_name_byte(at(here_)) || at(here_) == '.' || at(here_) == '$') return false;
-  if (is_value && !whole_number_too_long && ends_value(here_)) {
-    shape_.begins_.push_back(shape_.data_.size());
-    shape_.data_.append(sql_, begin, here_ - begin).append(1, '\0');
-    bind(begin, kind);
-    return true;
-  }
-  plain_ = plain_ && !in_values_;
-  before_ = Before::other;
-  return true;
 }
 
 bool ShapeScanner::word() {
