@@ -1,6 +1,7 @@
 #include "tests/support/empty_database.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <random>
 
 #include "standins/ado/local_classes.h"
@@ -22,7 +23,9 @@ class SqliteDatabase : public EmptyDatabase {
   explicit SqliteDatabase(std::unique_ptr<TestFolder> folder)
       : EmptyDatabase("DRIVER={SQLite3};Database=" + folder->file("empty.db") +
                       ";SyncPragma=OFF;Timeout=2000"),
-        folder_(std::move(folder)) {}
+        folder_(std::move(folder)) {
+    std::ofstream(folder_->file("empty.db"), std::ios::app);
+  }
 
  private:
   std::unique_ptr<TestFolder> folder_;

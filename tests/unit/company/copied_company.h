@@ -26,7 +26,7 @@ class CopiedCompany {
          "INSERT INTO STKTRANDT(TRANNO,PARTNO,SN,QTY,UPRICE) VALUES('T1','a ',0,-0.125,1234567.891)",
          "INSERT INTO STKTRANDT(TRANNO,PARTNO,SN,QTY,UPRICE) VALUES('T1','a ',0,-0.125,1234567.891)",
          "INSERT INTO USERRIGHTS(USERID,FUNCCODE,CANINSERT) VALUES('ADMIN','*',1)"});
-    const company::AdoConnection counters(sqlite(path() + ".keys"));
+    const company::AdoConnection counters(sqlite(path() + ".keys") + ";NoCreat=0");
     for (const char* statement :
          {"CREATE TABLE TABLEKEYS(SERIES VARCHAR(40) NOT NULL PRIMARY KEY,LASTNO INTEGER NOT "
           "NULL)",

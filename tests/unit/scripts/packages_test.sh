@@ -3,7 +3,8 @@
 source "$(dirname "$0")/machine.sh"
 
 all="build-essential cmake ninja-build libgtest-dev libcli11-dev nlohmann-json3-dev
-     unixodbc-dev unixodbc odbcinst libsqliteodbc sqlite3 universal-ctags"
+     unixodbc-dev unixodbc odbcinst libsqliteodbc sqlite3 libsqlite3-dev libpq-dev postgresql-15
+     odbc-postgresql universal-ctags"
 everything=$(printf '%s:amd64 ' $all)
 without() { sed "s/\b$1:amd64//" <<<"$everything"; }
 
