@@ -105,7 +105,8 @@ using Session = std::unique_ptr<PGconn, void (*)(PGconn*)>;
 
 Session open_session(const std::string& folder, int port, const std::string& database) {
   const std::string where = "host=" + folder + " port=" + std::to_string(port) + " dbname=" + database +
-                            " user=" + std::string(administrator) + " connect_timeout=5";
+                            " user=" + std::string(administrator) +
+                            " connect_timeout=5 options='-c client_min_messages=warning'";
   return {PQconnectdb(where.c_str()), PQfinish};
 }
 
