@@ -7,8 +7,11 @@
 namespace tallyra::client {
 namespace {
 
+// Lines stay as short as those of any script.
 void append_word(std::string& words, std::string_view word) {
-  if (!words.empty()) words += ' ';
+  constexpr std::size_t line_width = 80;
+  const std::size_t line_begin = words.rfind('\n') + 1;
+  if (!words.empty()) words += words.size() - line_begin > line_width ? "\n      " : " ";
   words += word;
 }
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Writes what is made from descriptions into the files that it is kept in. From the classes (server/classes): the
 # interface description and the slots of Tallyra.dll, the list of the console client, the tables of the reference. From
-# the tables (schema/): the create scripts of the engines. From the verbs of the console client (client/verbs): its manual
-# page and its completion for bash. Commit what has changed; tests fail until then.
+# the tables (schema/): the create scripts of the engines. From the verbs of the console client (client/verbs): its
+# manual page and its completion for bash. Commit what has changed; tests fail until then.
 source "$(dirname "$0")/setup.sh"
 cd "$repository"
 
