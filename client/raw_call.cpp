@@ -14,6 +14,7 @@
 #include "client/report_json.h"
 #include "client/report_text.h"
 #include "client/value_text.h"
+#include "client/wait_notice.h"
 
 namespace tallyra::client {
 namespace {
@@ -25,6 +26,8 @@ bool is_month_close(const Call& call) {
 
 Outcome run_with_progress(const CallRequest& request, const Console& console) {
   std::optional<CloseProgress> progress;
+  std::optional<WaitNotice> notice;
+  if (!is_month_close(request.call)) notice.emplace(console);
   if (is_month_close(request.call) && request.progress.value_or(console.error_is_terminal)) {
     CloseProgressSettings settings;
     settings.connection_string = request.session.connection_string.value_or("");

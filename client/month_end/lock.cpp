@@ -9,6 +9,7 @@
 #include "client/refusal.h"
 #include "client/value_text.h"
 #include "client/verbs/context.h"
+#include "client/wait_notice.h"
 
 namespace tallyra::client {
 namespace {
@@ -95,6 +96,7 @@ std::optional<LockHolder> lock_holder(const Reader& reader) {
 CloseLock::CloseLock(VerbContext& context, const std::string& work)
     : context_(context), self_(this_holder(context, work)) {
   require_own_tables(context);
+  const WaitNotice notice(context.console());
   constexpr int most_attempts = 3;
   for (int attempt = 1;; ++attempt) {
     if (const auto holder = lock_holder(context.reader())) take_from(context, *holder);

@@ -8,6 +8,7 @@
 #include "automation/folded_name.h"
 #include "client/refusal.h"
 #include "client/usage_error.h"
+#include "client/wait_notice.h"
 
 namespace tallyra::client {
 
@@ -31,6 +32,7 @@ const Reader& VerbContext::reader() {
 
 Outcome VerbContext::call(const Call& call) const {
   session();
+  const WaitNotice notice(console_);
   return run_call(call, session_);
 }
 
