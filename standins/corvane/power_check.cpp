@@ -27,6 +27,7 @@ const automation::MemberTable<PowerCheck>& PowerCheck::members() {
       {15, "GetUpdateSQL", method<&PowerCheck::update_sql>},
       {16, "ErrNumber", property<&PowerCheck::err_number>},
       {17, "ErrDescription", property<&PowerCheck::err_description>},
+      {18, "RightsTable", property<&PowerCheck::rights_table>},
   };
   return table;
 }

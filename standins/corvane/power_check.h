@@ -25,6 +25,9 @@ class PowerCheck : public automation::Implements<PowerCheck> {
   void set_user(const automation::Value& user);
   void set_database_kind(const automation::Value& kind);
 
+  // The name of the table in which the rights stand: who may write there tells a library that keeps them
+  // elsewhere from this one by it.
+  automation::Value rights_table() { return std::string(rights_table_name); }
   // 1 when there is any right under the function code, else 0. Raises what the database raises.
   automation::Value power_check(automation::Arguments arguments);
   template <std::int32_t Rights::*Right>

@@ -6,6 +6,8 @@
 
 namespace tallyra::standins::corvane {
 
+inline constexpr std::string_view rights_table_name = "USERRIGHTS";
+
 // What a user may do under one function code: 1 for a right, 0 for none.
 struct Rights {
   std::int32_t can_insert = 0;

@@ -41,6 +41,11 @@ TEST(Rights, AreNoneBeforeTheFirstCheck) {
   EXPECT_EQ(rights(database.power_check("ANNA")), "00000000");
 }
 
+TEST(Rights, AreKeptInATableThatTheLibraryNames) {
+  const CompanyDatabase database;
+  EXPECT_EQ(database.power_check("ANNA").get("RightsTable"), Value("USERRIGHTS"));
+}
+
 TEST(Rights, EachColumnReachesItsOwnMember) {
   const CompanyDatabase database;
   const char* columns[] = {"CANINSERT",     "CANUPDATE", "CANDELETE",   "CANAPPROVED",
