@@ -6,6 +6,7 @@
 
 #include "automation/apartment.h"
 #include "automation/error.h"
+#include "automation/folded_name.h"
 #include "client/catalogue.h"
 #include "client/configuration.h"
 #include "client/failure.h"
@@ -47,7 +48,8 @@ ExitStatus run_verb(const Verb& verb, const std::vector<std::string>& words, con
   require_arguments(verb, read.arguments.size());
   const automation::Apartment apartment;
   const Configuration configured = read_configuration(read.value("--config"), environment);
-  Session session = session_of(said_by(read), configured);
+  const auto missing = verb.makes_database ? MissingFile::allowed : MissingFile::refused;
+  Session session = session_of(said_by(read), configured, missing);
   VerbContext context(std::move(read), std::move(session), console);
   return verb.run(context);
 }
@@ -64,11 +66,17 @@ ExitStatus run_words(const std::vector<std::string>& words, const Console& conso
   return run_verb(*found.verb, others, console, environment);
 }
 
+bool begins_a_verb(std::string_view word) {
+  return std::ranges::any_of(verbs(), [&](const Verb* verb) {
+    return automation::equals_folded(verb->name.substr(0, verb->name.find(' ')), word);
+  });
+}
+
 // The verb or class that the first word may have meant, where it is neither.
 std::string meant_instead(const std::vector<std::string>& words) {
   const std::size_t first = first_plain_word(words);
   if (first == words.size() || words[first].find('.') != std::string::npos) return {};
-  if (find_class(words[first])) return {};
+  if (find_class(words[first]) || begins_a_verb(words[first])) return {};
   return resembling_word(words[first]);
 }
 

@@ -84,13 +84,13 @@ Configuration read_configuration(const std::optional<std::string>& file, const E
   return result;
 }
 
-Session session_of(const Configuration& command_line, const Configuration& configured) {
+Session session_of(const Configuration& command_line, const Configuration& configured, MissingFile missing) {
   const auto first = [&](std::optional<Setting> Configuration::*member) {
     return command_line.*member ? command_line.*member : configured.*member;
   };
   Session session;
   if (const auto db = first(&Configuration::db))
-    session.connection_string = connection_string_for(db->value, db->origin);
+    session.connection_string = connection_string_for(db->value, db->origin, missing);
   if (const auto user = first(&Configuration::user)) session.user = user->value;
   if (const auto language = first(&Configuration::language)) session.language = language->value;
   if (const auto kind = first(&Configuration::kind)) {

@@ -34,6 +34,7 @@ std::string usual_configuration_file(const Environment& environment);
 
 // Puts what the command line has said before what is configured. Throws UsageError for a database that does
 // not exist and a kind that is none.
-Session session_of(const Configuration& command_line, const Configuration& configured);
+Session session_of(const Configuration& command_line, const Configuration& configured,
+                   MissingFile missing = MissingFile::refused);
 
 }  // namespace tallyra::client

@@ -26,11 +26,12 @@ bool is_connection_string(std::string_view text) {
 }
 
 // Throws UsageError when what is named is no file that can be read.
-void require_file(const std::string& path, const std::string& named_as) {
+void require_file(const std::string& path, const std::string& named_as, MissingFile missing) {
   std::error_code error;
   const auto file = file_path(path);
   if (std::filesystem::is_directory(file, error))
     throw UsageError(named_as + ": that is a directory; give the file of the database in it");
+  if (missing == MissingFile::allowed && !std::filesystem::exists(file, error)) return;
   if (!std::filesystem::exists(file, error))
     throw UsageError(named_as +
                      ": no such file; give the path of an SQLite file or a connection string such as "
@@ -40,16 +41,17 @@ void require_file(const std::string& path, const std::string& named_as) {
 
 }  // namespace
 
-std::string connection_string_for(std::string_view db, std::string_view origin) {
+std::string connection_string_for(std::string_view db, std::string_view origin, MissingFile missing) {
   const std::string named_as = std::string(origin) + " '" + shown_connection(db) + "'";
   if (is_connection_string(db)) {
-    if (const auto file = sqlite_file(db); file && *file != ":memory:") require_file(*file, named_as);
+    if (const auto file = sqlite_file(db); file && *file != ":memory:")
+      require_file(*file, named_as, missing);
     return std::string(db);
   }
   if (db.find_first_of(";{}") != std::string_view::npos)
     throw UsageError(named_as + ": the path of a database file cannot have ';', '{' or '}' in it");
   const std::string path = driver_path(std::string(db));
-  require_file(std::string(db), named_as);
+  require_file(std::string(db), named_as, missing);
   return "DRIVER={SQLite3};Database=" + path;
 }
 

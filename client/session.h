@@ -18,11 +18,15 @@ struct Session {
   bool kind_given = false;
 };
 
+// Whether the file of an SQLite database may be missing: for who makes it, it may.
+enum class MissingFile { refused, allowed };
+
 // The connection string for --db: a text that begins with a keyword and '=' is one already, anything else is
 // the path of an SQLite file. Throws UsageError when there is no such file, also when a connection string for
 // SQLite names it: the engine would make an empty one. `origin` says in its text where the database was
 // named.
-std::string connection_string_for(std::string_view db, std::string_view origin = "--db");
+std::string connection_string_for(std::string_view db, std::string_view origin = "--db",
+                                  MissingFile missing = MissingFile::refused);
 
 // Sets ConnectionString, UserID, Language and SystemDatabase, in this order. Throws UsageError when the class
 // has no property for a value that was given; the default database kind is set only where there is one.

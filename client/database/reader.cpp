@@ -83,8 +83,8 @@ Reader::~Reader() {
   }
 }
 
-std::vector<std::string> Reader::each_row(const std::string& query,
-                                          const std::function<void(const Row&)>& take) const {
+std::vector<std::string> Reader::walk(const std::string& query,
+                                      const std::function<bool(const Row&)>& take) const {
   const OpenRows open(query, connection_);
   const std::vector<Column> columns = columns_of(open.object());
   const BoundMember at_end(open.object(), "EOF");
@@ -92,12 +92,29 @@ std::vector<std::string> Reader::each_row(const std::string& query,
   Row row(columns.size());
   while (!automation::to_boolean(at_end.get())) {
     for (std::size_t i = 0; i < columns.size(); ++i) row[i] = columns[i].value.get();
-    take(row);
+    if (!take(row)) break;
     move_next.call();
   }
   std::vector<std::string> names;
   for (const Column& column : columns) names.push_back(column.name);
   return names;
+}
+
+std::vector<std::string> Reader::each_row(const std::string& query,
+                                          const std::function<void(const Row&)>& take) const {
+  return walk(query, [&](const Row& row) {
+    take(row);
+    return true;
+  });
+}
+
+Rows Reader::first_rows(const std::string& query, std::size_t most) const {
+  Rows result;
+  result.columns = walk(query, [&](const Row& row) {
+    if (result.rows.size() < most) result.rows.push_back(row);
+    return result.rows.size() < most;
+  });
+  return result;
 }
 
 Rows Reader::rows(const std::string& query) const {
@@ -135,11 +152,11 @@ std::vector<std::string> Reader::numeric_columns(const std::string& table, std::
   return names;
 }
 
-std::string Reader::engine() const {
+std::string Reader::property(const char* name) const {
   try {
     const Object properties = automation::to_object(connection_.get("Properties"));
-    const Object property = automation::to_object(properties.call("Item", "DBMS Name"));
-    return automation::to_text(property.get("Value"));
+    const Object found = automation::to_object(properties.call("Item", name));
+    return automation::to_text(found.get("Value"));
   } catch (const automation::Error&) {
     return {};
   }

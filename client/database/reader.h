@@ -30,6 +30,8 @@ class Reader {
   ~Reader();
 
   Rows rows(const std::string& query) const;
+  // No more than the first `most` of them; the others are not fetched.
+  Rows first_rows(const std::string& query, std::size_t most) const;
   // Hands over row by row: no more than one is held. The query is over when it returns, by an exception too.
   // Returns the names of the columns.
   std::vector<std::string> each_row(const std::string& query,
@@ -41,7 +43,9 @@ class Reader {
   // The columns of a table that hold numbers. `key` is a column that is never Null.
   std::vector<std::string> numeric_columns(const std::string& table, std::string_view key) const;
   // The name of the engine as its driver gives it, "SQLite", "PostgreSQL", "" when it gives none.
-  std::string engine() const;
+  std::string engine() const { return property("DBMS Name"); }
+  // What the driver says under a name of ADO's, "" when it says nothing.
+  std::string property(const char* name) const;
 
   // Changes the tables of the client's own, and those of the rights; never one that a class keeps.
   void execute(const std::string& statement) const;
@@ -56,6 +60,9 @@ class Reader {
   std::string time_literal(automation::Date date) const;
 
  private:
+  // Until `take` says that it wants no more.
+  std::vector<std::string> walk(const std::string& query, const std::function<bool(const Row&)>& take) const;
+
   automation::Object connection_;
   std::string kind_;
 };

@@ -1,9 +1,6 @@
-#include <algorithm>
-#include <charconv>
-
-#include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
+#include "client/verbs/limit.h"
 
 // Who has done what: the journal, latest first.
 namespace tallyra::client {
@@ -19,18 +16,6 @@ constexpr std::string_view examples[] = {
     "log --db stock.db",
     "log --db stock.db --action close --from 2024/01/01 --csv",
 };
-
-std::size_t limit_of(const VerbContext& context) {
-  constexpr std::size_t usual_limit = 50;
-  const auto word = context.words().value("--limit");
-  if (!word) return usual_limit;
-  std::size_t limit = 0;
-  const char* const end = word->data() + word->size();
-  if (const auto [stopped, error] = std::from_chars(word->data(), end, limit);
-      error != std::errc{} || stopped != end)
-    throw UsageError("--limit '" + *word + "': write a whole number");
-  return limit;
-}
 
 std::string condition_of(const VerbContext& context) {
   std::string condition = " Where SEQNO>0";
@@ -56,7 +41,8 @@ ExitStatus run(VerbContext& context) {
                {"host"},
                number_column("process")},
               {}};
-  const std::size_t limit = limit_of(context);
+  constexpr std::size_t usual_limit = 50;
+  const std::size_t limit = limit_of(context, usual_limit);
   const std::string condition = condition_of(context);
   if (context.reader().has_table("TALLYRAJOURNAL"))
     table.rows = context.reader()

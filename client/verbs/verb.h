@@ -26,6 +26,7 @@ struct Verb {
   std::size_t most_arguments = 0;
   // Results go to the context; throws UsageError, Refusal and automation::Error.
   ExitStatus (*run)(VerbContext&) = nullptr;
+  bool makes_database = false;  // the file of the database may be missing
 };
 
 // All of them, in the order of the help.

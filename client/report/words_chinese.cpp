@@ -1,0 +1,47 @@
+#include "client/report/words.h"
+
+namespace tallyra::client {
+
+const ReportWords chinese_words{
+    .code = "zh-CN",
+    .decimal_point = ".",
+    .group_separator = ",",
+    .title = "月结库存报告",
+    .approved = "已审核",
+    .not_approved = "未审核",
+    .closed_by = "结账人",
+    .closed_at = "时间",
+    .previous_close = "上次月结",
+    .no_previous_close = "这是第一次月结。",
+    .quantity = "数量",
+    .value = "金额",
+    .department = "部门",
+    .departments = "部门",
+    .material_type = "物料类别",
+    .no_material_type = "无物料类别",
+    .part = "料号",
+    .parts = "物料",
+    .name = "名称",
+    .total = "合计",
+    .document = "单据",
+    .stocktaking = "盘点单",
+    .date = "日期",
+    .lines = "行数",
+    .before = "上期",
+    .now = "本期",
+    .change = "变动",
+    .change_of_value = "金额变动",
+    .value_by_department = "各部门金额",
+    .quantity_by_department = "各部门数量",
+    .by_department_and_type = "按部门和物料类别",
+    .by_material_type = "按物料类别",
+    .largest_changes = "与上次月结相比变动最大的物料",
+    .stocktaking_differences = "盘点差异",
+    .parts_without_cost = "无成本的物料",
+    .value_note = "金额为数量乘以月结给出的单位成本。",
+    .no_changes = "没有变动。",
+    .no_stocktakings = "本期没有盘点过账。",
+    .all_have_costs = "所有库存物料都有成本。",
+};
+
+}  // namespace tallyra::client

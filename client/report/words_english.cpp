@@ -1,0 +1,47 @@
+#include "client/report/words.h"
+
+namespace tallyra::client {
+
+const ReportWords english_words{
+    .code = "en",
+    .decimal_point = ".",
+    .group_separator = ",",
+    .title = "Stock at the close of",
+    .approved = "approved",
+    .not_approved = "not approved",
+    .closed_by = "Closed by",
+    .closed_at = "at",
+    .previous_close = "Previous close",
+    .no_previous_close = "This is the first close.",
+    .quantity = "Quantity",
+    .value = "Value",
+    .department = "Department",
+    .departments = "Departments",
+    .material_type = "Material type",
+    .no_material_type = "without a material type",
+    .part = "Part",
+    .parts = "Parts",
+    .name = "Name",
+    .total = "Total",
+    .document = "Document",
+    .stocktaking = "Stocktaking",
+    .date = "Date",
+    .lines = "Lines",
+    .before = "Before",
+    .now = "Now",
+    .change = "Change",
+    .change_of_value = "Change of value",
+    .value_by_department = "Value by department",
+    .quantity_by_department = "Quantity by department",
+    .by_department_and_type = "By department and material type",
+    .by_material_type = "By material type",
+    .largest_changes = "Largest changes since the previous close",
+    .stocktaking_differences = "Differences of stocktakings",
+    .parts_without_cost = "Parts without a cost",
+    .value_note = "A value is the quantity times the unit cost that the close has given to the part.",
+    .no_changes = "Nothing has changed.",
+    .no_stocktakings = "No stocktaking was posted in this period.",
+    .all_have_costs = "Every part in stock has a cost.",
+};
+
+}  // namespace tallyra::client

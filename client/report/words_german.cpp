@@ -1,0 +1,47 @@
+#include "client/report/words.h"
+
+namespace tallyra::client {
+
+const ReportWords german_words{
+    .code = "de",
+    .decimal_point = ",",
+    .group_separator = ".",
+    .title = "Bestand zum Abschluss vom",
+    .approved = "genehmigt",
+    .not_approved = "nicht genehmigt",
+    .closed_by = "Abgeschlossen von",
+    .closed_at = "am",
+    .previous_close = "Voriger Abschluss",
+    .no_previous_close = "Dies ist der erste Abschluss.",
+    .quantity = "Menge",
+    .value = "Wert",
+    .department = "Abteilung",
+    .departments = "Abteilungen",
+    .material_type = "Materialart",
+    .no_material_type = "ohne Materialart",
+    .part = "Teil",
+    .parts = "Teile",
+    .name = "Bezeichnung",
+    .total = "Summe",
+    .document = "Beleg",
+    .stocktaking = "Inventur",
+    .date = "Datum",
+    .lines = "Zeilen",
+    .before = "Vorher",
+    .now = "Jetzt",
+    .change = "Änderung",
+    .change_of_value = "Wertänderung",
+    .value_by_department = "Wert nach Abteilungen",
+    .quantity_by_department = "Menge nach Abteilungen",
+    .by_department_and_type = "Nach Abteilung und Materialart",
+    .by_material_type = "Nach Materialart",
+    .largest_changes = "Größte Änderungen seit dem vorigen Abschluss",
+    .stocktaking_differences = "Inventurdifferenzen",
+    .parts_without_cost = "Teile ohne Kosten",
+    .value_note = "Ein Wert ist die Menge mal den Stückkosten, die der Abschluss dem Teil gegeben hat.",
+    .no_changes = "Nichts hat sich geändert.",
+    .no_stocktakings = "In diesem Zeitraum wurde keine Inventur gebucht.",
+    .all_have_costs = "Jedes Teil auf Lager hat Kosten.",
+};
+
+}  // namespace tallyra::client

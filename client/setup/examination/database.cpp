@@ -1,0 +1,92 @@
+#include <algorithm>
+#include <exception>
+
+#include "automation/clock.h"
+#include "automation/convert.h"
+#include "automation/error.h"
+#include "automation/folded_name.h"
+#include "client/database/connection_text.h"
+#include "client/database/own_tables.h"
+#include "client/setup/examination/examination.h"
+
+// The database itself: whether it opens, can be written to and lets others in.
+namespace tallyra::client {
+namespace {
+
+std::string error_text(const automation::Error& error) {
+  return "error " + std::to_string(error.number()) + ": " + std::string(error.description());
+}
+
+void examine_sqlite(const std::string& connection_string, const Reader& reader, Observations& seen) {
+  std::string mode;
+  reader.each_row("Pragma journal_mode", [&](const Row& row) { mode = automation::to_text(row.at(0)); });
+  if (automation::equals_folded(mode, "wal"))
+    seen.push_back(
+        {Health::good, "journal of SQLite", "WAL: readers and the writer do not wait for each other"});
+  else
+    seen.push_back({Health::doubtful, "journal of SQLite",
+                    mode + ": readers and the writer wait for each other",
+                    "put JournalMode=WAL into the connection string once"});
+  const bool says = automation::folded(connection_string).find("timeout=") != std::string::npos;
+  seen.push_back({Health::good, "waiting for a lock",
+                  says ? "as Timeout in the connection string says, in milliseconds"
+                       : "100 seconds, as no Timeout stands in the connection string"});
+}
+
+// One that changes no row; it takes the lock of a writer all the same.
+constexpr const char* harmless_update = "Update STKCLOSEHD Set NOTES=NOTES Where CLOSEDT<>CLOSEDT";
+
+}  // namespace
+
+void examine_database(VerbContext& context, Observations& seen) {
+  const std::string& connection_string = *context.session().connection_string;
+  const Reader& reader = context.reader();
+  const std::string engine = reader.engine();
+  const std::string name = reader.property("DBMS Version");
+  seen.push_back({Health::good, "database", shown_connection(connection_string)});
+  seen.push_back({Health::good, "engine",
+                  (engine.empty() ? std::string("does not say its name") : engine) + " " + name});
+  const std::string driver = reader.property("Driver Name") + " " + reader.property("Driver Version");
+  seen.push_back({Health::good, "driver", driver == " " ? "does not say its name" : driver});
+  if (engine == "SQLite") examine_sqlite(connection_string, reader, seen);
+}
+
+void examine_writing(const Reader& reader, Observations& seen) {
+  const std::string advice =
+      "give the user of the connection string the right to write, for SQLite to the file and its folder; or "
+      "wait "
+      "for the one who holds the lock";
+  try {
+    reader.begin();
+    reader.execute(harmless_update);
+    reader.roll_back();
+    seen.push_back(
+        {Health::good, "transactions and writing", "a transaction began, wrote and was rolled back"});
+  } catch (const automation::Error& error) {
+    reader.roll_back();
+    seen.push_back({Health::bad, "transactions and writing", error_text(error), advice});
+  }
+  if (has_own_tables(reader))
+    seen.push_back({Health::good, "lock and journal", "this program has its tables"});
+  else
+    seen.push_back({Health::doubtful, "lock and journal", "this program has no tables in the database yet",
+                    "'upgrade' makes them, and so does the first close, after asking"});
+}
+
+void examine_clock(const Reader& reader, Observations& seen) {
+  const automation::Date now = automation::now();
+  const std::string text = automation::to_text(automation::Value(now));
+  std::optional<automation::Date> latest;
+  reader.each_row("Select Max(ADDDT) As N From STKTRANHD", [&](const Row& row) {
+    if (!row.at(0).is_null()) latest = automation::to_date(row[0]);
+  });
+  if (!latest || latest->serial < automation::add_days(now, 1).serial)
+    seen.push_back({Health::good, "clock", text});
+  else
+    seen.push_back(
+        {Health::doubtful, "clock",
+         text + ", yet a document was entered at " + automation::to_text(automation::Value(*latest)),
+         "set the clock of this machine, or look for the machine whose clock was wrong"});
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,50 @@
+#include "automation/error.h"
+#include "client/setup/examination/examination.h"
+#include "client/setup/functions.h"
+#include "client/setup/rights_library.h"
+
+// Whether the user of the session may do anything.
+namespace tallyra::client {
+namespace {
+
+std::size_t functions_allowed(const RightsLibrary& library) {
+  std::size_t allowed = 0;
+  for (const FunctionCode& function : function_codes())
+    for (const bool flag : library.rights(std::string(function.code)))
+      if (flag) {
+        ++allowed;
+        break;
+      }
+  return allowed;
+}
+
+Observation look_at(VerbContext& context) {
+  const std::string user = context.user();
+  const RightsLibrary library(context.session(), user);
+  const std::size_t allowed = functions_allowed(library);
+  if (allowed != 0)
+    return {Health::good, "rights of " + user,
+            "something under " + std::to_string(allowed) + " of " + std::to_string(function_codes().size()) +
+                " functions"};
+  return {Health::bad, "rights of " + user, "none",
+          library.table() ? "'grant " + user + " * all' lets him do everything"
+                          : "have them granted in the suite that keeps the rights"};
+}
+
+}  // namespace
+
+void examine_rights(VerbContext& context, Observations& seen) {
+  if (context.user().empty()) {
+    seen.push_back({Health::doubtful, "rights", "no user was named", "name one with --user or TALLYRA_USER"});
+    return;
+  }
+  try {
+    seen.push_back(look_at(context));
+  } catch (const automation::Error& error) {
+    seen.push_back({Health::bad, "rights of " + context.user(),
+                    "error " + std::to_string(error.number()) + ": " + std::string(error.description()),
+                    "see to the table of the rights, or to the library that keeps them"});
+  }
+}
+
+}  // namespace tallyra::client

@@ -1,0 +1,62 @@
+#include <algorithm>
+
+#include "client/setup/examination/examination.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
+#include "client/version.h"
+
+// Whether everything is there that the classes need.
+namespace tallyra::client {
+namespace {
+
+constexpr std::string_view examples[] = {"doctor --db stock.db --user ADMIN", "doctor --db stock.db --json"};
+
+const char* word_of(Health health) {
+  switch (health) {
+    case Health::good: return "good";
+    case Health::doubtful: return "doubtful";
+    case Health::bad: break;
+  }
+  return "BAD";
+}
+
+std::size_t count(const Observations& seen, Health health) {
+  return static_cast<std::size_t>(std::ranges::count(seen, health, &Observation::health));
+}
+
+ExitStatus run(VerbContext& context) {
+  Observations seen{{Health::good, "program", std::string(version_text())}};
+  while (!seen.front().found.empty() && seen.front().found.back() == '\n') seen.front().found.pop_back();
+  for (Observation& observation : examine(context)) seen.push_back(std::move(observation));
+  Table table{"doctor", "", {{"state"}, {"what"}, {"found"}, {"to do"}}, {}};
+  for (const Observation& observation : seen)
+    table.rows.push_back(
+        {word_of(observation.health), observation.what, observation.found, observation.advice});
+  context.print(table);
+  const std::size_t bad = count(seen, Health::bad);
+  const std::size_t doubtful = count(seen, Health::doubtful);
+  context.tell(bad == 0 && doubtful == 0
+                   ? "All is well."
+                   : std::to_string(bad) + " bad, " + std::to_string(doubtful) + " doubtful.");
+  return bad == 0 ? exit_done : exit_failed;
+}
+
+}  // namespace
+
+const Verb doctor_verb{
+    .name = "doctor",
+    .arguments = "",
+    .summary = "whether everything is there that the classes need",
+    .help =
+        "Looks at the libraries and which of them answers, at the database with its engine, driver and\n"
+        "settings, at every table and column that the classes name, at the rights of the user, at\n"
+        "transactions and the clock; a line each, with what to do about what is wrong. Nothing is changed.\n"
+        "It ends with 1 when something is bad.",
+    .options = {},
+    .examples = examples,
+    .least_arguments = 0,
+    .most_arguments = 0,
+    .run = run,
+};
+
+}  // namespace tallyra::client

@@ -1,0 +1,84 @@
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "client/file_path.h"
+#include "client/refusal.h"
+#include "client/report/page.h"
+#include "client/verbs/all_verbs.h"
+#include "client/verbs/context.h"
+
+// What a close has come to, as a page to read, print and pass on.
+namespace tallyra::client {
+namespace {
+
+constexpr Option options[] = {
+    {"--output", "FILE",
+     "where the page goes; report-YYYY-MM-DD.html here when nothing is said, - to print it"},
+};
+constexpr std::string_view examples[] = {
+    "report 2024/01/31 --db stock.db",
+    "report 2024/01/31 --db stock.db --language DE --output january.html",
+    "report 2024/01/31 --db stock.db --json",
+};
+
+std::string usual_file(automation::Date date) {
+  std::string day = day_text(date);
+  for (char& c : day)
+    if (c == '/') c = '-';
+  return "report-" + day + ".html";
+}
+
+void write_file(const VerbContext& context, const std::string& path, const std::string& page) {
+  const auto file = file_path(path);
+  std::error_code error;
+  if (std::filesystem::is_directory(file, error)) throw Refusal("'" + path + "' is a directory, no file");
+  if (std::filesystem::exists(file, error) &&
+      !context.confirm("'" + path + "' is there already. Replace it?"))
+    throw Refusal("nothing was written");
+  std::ofstream out(file, std::ios::binary);
+  out << page;
+  out.close();
+  if (!out) throw Refusal("'" + path + "' cannot be written");
+  context.tell("The report is in " + path + ".");
+}
+
+ExitStatus run(VerbContext& context) {
+  const automation::Date date = date_of(context.argument(0));
+  const auto records = close_records(context.reader());
+  const CloseRecord* const record = find_record(records, date);
+  if (!record)
+    throw Refusal("there is no close of " + day_text(date) + " to report on; 'status' shows those there are");
+  const MonthReport report = read_report(context.reader(), records, *record);
+  if (context.format() != OutputFormat::text) {
+    context.print(report_tables(report));
+    return exit_done;
+  }
+  const std::string page = report_page(report, words_for(context.session().language.value_or("")));
+  const std::string file = context.words().value("--output").value_or(usual_file(date));
+  if (file == "-")
+    context.console().out << page;
+  else
+    write_file(context, file, page);
+  return exit_done;
+}
+
+}  // namespace
+
+const Verb report_verb{
+    .name = "report",
+    .arguments = "DATE",
+    .summary = "what a close has come to, as a page to read and print",
+    .help =
+        "Writes one HTML page about the close of DATE, which needs nothing beside itself: quantities and\n"
+        "values by department and material type, the largest changes since the close before, what\n"
+        "stocktakings have posted, parts without a cost. Its texts are in the language of the session:\n"
+        "English, German or Chinese. With --csv or --json the same figures are printed as tables.",
+    .options = options,
+    .examples = examples,
+    .least_arguments = 1,
+    .most_arguments = 1,
+    .run = run,
+};
+
+}  // namespace tallyra::client

@@ -1,0 +1,172 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "automation/local/local_classes.h"
+#include "automation/member_table.h"
+#include "client/database/reader.h"
+#include "client/setup/functions.h"
+#include "frame/schema/codes.h"
+#include "tests/support/client_program.h"
+#include "tests/support/company_database.h"
+
+// From no database to one in which somebody may work.
+namespace tallyra::client {
+namespace {
+
+// Registers all classes; its own database is not used.
+class NewDatabase : public testing::Test {
+ protected:
+  ExitStatus run(std::vector<std::string> words) {
+    words.insert(words.end(), {"--db", file_});
+    return client_.run(std::move(words));
+  }
+  ExitStatus enters_an_address(const char* user) {
+    return run({"CRevAddr", "Insert", "A1", "ADDRNO=A1", "--user", user});
+  }
+  bool says(const std::string& text) const { return client_.all().find(text) != std::string::npos; }
+
+  behaviour::CompanyDatabase registered_;
+  tests::TestFolder folder_;
+  std::string file_ = folder_.file("new.db");
+  ClientProgram client_;
+};
+
+TEST_F(NewDatabase, IsMadeOnceAndSaysWhomToGrantWhat) {
+  EXPECT_EQ(run({"status"}), exit_wrong_usage) << "no other verb makes a file";
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  ASSERT_EQ(run({"init", "--user", "ANNA"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("tallyra-client grant ANNA '*' all")) << client_.all();
+  EXPECT_EQ(run({"init"}), exit_failed);
+  EXPECT_TRUE(says("of the tables already")) << client_.all();
+  EXPECT_EQ(run({"upgrade"}), exit_done);
+  EXPECT_TRUE(says("nothing was missing")) << client_.all();
+  EXPECT_EQ(run({"log", "--csv"}), exit_done);
+  EXPECT_TRUE(says("init,,done,")) << client_.out();
+}
+
+TEST_F(NewDatabase, IsNotMadeInAFolderThatIsNotThere) {
+  file_ = folder_.file("nowhere/new.db");
+  EXPECT_EQ(run({"init"}), exit_failed);
+  EXPECT_TRUE(says("there is no folder")) << client_.all();
+  EXPECT_EQ(run({"upgrade"}), exit_wrong_usage);
+}
+
+TEST_F(NewDatabase, LetsDoWhatIsGrantedAndNoMore) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  EXPECT_EQ(enters_an_address("ANNA"), exit_failed);
+  ASSERT_EQ(run({"grant", "ANNA", "crevaddr", "insert", "Delete"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("ANNA may now insert, delete under STK028ADDR.")) << client_.all();
+  EXPECT_EQ(enters_an_address("ANNA"), exit_done) << client_.all();
+  ASSERT_EQ(run({"revoke", "ANNA", "STK028ADDR", "insert"}), exit_done);
+  EXPECT_EQ(run({"CRevAddr", "Insert", "A2", "ADDRNO=A2", "--user", "ANNA"}), exit_failed);
+  EXPECT_EQ(run({"CRevAddr", "Delete", "A1", "--user", "ANNA"}), exit_done) << client_.all();
+}
+
+TEST_F(NewDatabase, KeepsWhatIsGrantedForAllFunctionsBesideARowOfOne) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  ASSERT_EQ(run({"grant", "ANNA", "*", "insert", "update"}), exit_done) << client_.all();
+  ASSERT_EQ(run({"grant", "ANNA", "CStockClose", "approve"}), exit_done);
+  EXPECT_TRUE(says("ANNA may now insert, update, approve under STK027CLOSE")) << client_.all();
+  ASSERT_EQ(run({"revoke", "ANNA", "CRevAddr", "all"}), exit_done);
+  ASSERT_EQ(run({"rights", "ANNA", "--csv"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("\nSTK027CLOSE,month closes,yes,yes,-,yes,-,-,-,-\n")) << client_.out();
+  EXPECT_TRUE(says("\nSTK028ADDR,receiving addresses,-,-,-,-,-,-,-,-\n")) << client_.out();
+  EXPECT_TRUE(says("\nSTK024MRPL,transfers,yes,yes,-,-,-,-,-,-\n")) << client_.out();
+}
+
+TEST_F(NewDatabase, LosesARowThatTakesNothingAway) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  ASSERT_EQ(run({"grant", "ANNA", "*", "all"}), exit_done);
+  ASSERT_EQ(run({"rights", "--csv"}), exit_done);
+  EXPECT_TRUE(says("\nANNA,*,yes,yes,yes,yes,yes,yes,yes,yes\n")) << client_.out();
+  ASSERT_EQ(run({"revoke", "ANNA", "*", "all"}), exit_done);
+  ASSERT_EQ(run({"rights", "--csv"}), exit_done);
+  EXPECT_FALSE(says("ANNA")) << client_.out();
+  EXPECT_TRUE(says("Nobody may do anything")) << client_.error();
+}
+
+TEST_F(NewDatabase, TakesWrongWordsForWrongUsage) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  EXPECT_EQ(run({"grant", "ANNA", "CStokClose", "insert"}), exit_wrong_usage);
+  EXPECT_TRUE(says("did you mean 'CStockClose'?")) << client_.all();
+  EXPECT_EQ(run({"grant", "ANNA", "*", "aprove"}), exit_wrong_usage);
+  EXPECT_TRUE(says("did you mean 'approve'?")) << client_.all();
+  EXPECT_EQ(run({"grant", "O'HARA", "*", "all"}), exit_wrong_usage);
+  EXPECT_EQ(run({"grant", "ANNA", "*"}), exit_wrong_usage);
+}
+
+TEST_F(NewDatabase, IsWellInTheEyesOfTheDoctor) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  ASSERT_EQ(run({"grant", "ANNA", "*", "all"}), exit_done);
+  EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_done) << client_.all();
+  EXPECT_FALSE(says("\nBAD,")) << client_.out();
+  for (const char* what :
+       {"library Tallyra,\"10 classes", "place of the rights,table USERRIGHTS", "engine,SQLite",
+        "transactions and writing", "clock", "lock and journal,this program has"})
+    EXPECT_TRUE(says(what)) << what << "\n" << client_.out();
+}
+
+TEST_F(NewDatabase, IsNotWellWithoutATableAColumnOrARight) {
+  registered_.run({"ALTER TABLE STKTRANDT DROP COLUMN VQTY", "DROP TABLE REVADDR"});
+  file_ = registered_.file().string();
+  EXPECT_EQ(run({"doctor", "--user", "NOBODY", "--csv"}), exit_failed);
+  EXPECT_TRUE(says("\nBAD,table REVADDR,missing")) << client_.out();
+  EXPECT_TRUE(says("\nBAD,table STKTRANDT,lacks STKTRANDT.VQTY")) << client_.out();
+  EXPECT_TRUE(says("\nBAD,rights of NOBODY,none,'grant NOBODY * all'")) << client_.out();
+  ASSERT_EQ(run({"upgrade"}), exit_done) << client_.all();
+  EXPECT_EQ(run({"doctor", "--user", "ADMIN", "--csv"}), exit_done) << client_.all();
+}
+
+TEST_F(NewDatabase, CannotBeWrittenToWhileAnotherOneWrites) {
+  file_ = "DRIVER={SQLite3};Timeout=50;Database=" + registered_.file().string();
+  const Reader other(registered_.connection_string(), "MSACCESS");
+  other.begin();
+  other.execute("Update USERRIGHTS Set OWNER=OWNER");
+  EXPECT_EQ(run({"doctor", "--user", "ADMIN", "--csv"}), exit_failed);
+  EXPECT_TRUE(says("\nBAD,transactions and writing,")) << client_.all();
+  other.roll_back();
+}
+
+TEST(FunctionCodes, AreThoseThatTheClassesAskFor) {
+  using namespace frame::schema;
+  for (const char* code :
+       {function_code::purchase_return, function_code::stocktaking, function_code::month_close,
+        function_code::receiving_address, function_code::shipping_note, function_code::stock_controller,
+        function_code::part_cost})
+    EXPECT_EQ(client::function_code(code), code);
+  for (const auto type : document_type::all) {
+    if (type == document_type::company_document || type == document_type::posting) continue;
+    EXPECT_EQ(client::function_code(type), type);
+  }
+}
+
+// A library that answers for rights and says nothing about where it keeps them.
+class OtherPowerCheck : public automation::Implements<OtherPowerCheck> {
+ public:
+  static const automation::MemberTable<OtherPowerCheck>& members() {
+    using automation::property;
+    using automation::write_only;
+    static const automation::MemberTable<OtherPowerCheck> table{
+        {1, "Language", write_only<&OtherPowerCheck::ignore>},
+        {2, "ConnectionString", write_only<&OtherPowerCheck::ignore>},
+        {3, "UserID", write_only<&OtherPowerCheck::ignore>},
+        {4, "SystemDatabase", write_only<&OtherPowerCheck::ignore>},
+    };
+    return table;
+  }
+  void ignore(const automation::Value&) {}
+};
+
+TEST_F(NewDatabase, GrantsNothingWhereRightsAreKeptElsewhere) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  automation::local::register_class("Corvane.CPowerCheck",
+                                    [] { return automation::make_object<OtherPowerCheck>(); });
+  EXPECT_EQ(run({"grant", "ANNA", "*", "all"}), exit_failed);
+  EXPECT_TRUE(says("keeps rights in a place of its own")) << client_.all();
+  EXPECT_EQ(run({"revoke", "ANNA", "*", "all"}), exit_failed);
+  EXPECT_EQ(run({"rights"}), exit_failed);
+}
+
+}  // namespace
+}  // namespace tallyra::client
