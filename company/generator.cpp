@@ -33,9 +33,9 @@ void fill(const Options& options, Database& database, const Progress& progress) 
   write_masters(masters, entered, database);
   write_settings(masters, entered, database);
   Ledger ledger(masters, options, random, database);
-  const Desk desk{masters, random, ledger, database};
-  write_movements(options, desk, progress);
-  write_stocktaking(desk);
+  const Generation generation{masters, random, ledger, database};
+  write_movements(options, generation, progress);
+  write_stocktaking(generation);
 }
 
 std::vector<TableCount> count_rows(Database& database) {

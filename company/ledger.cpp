@@ -9,6 +9,25 @@ namespace {
 
 constexpr int day_starts = 7 * 3600, day_ends = 18 * 3600;
 
+const std::initializer_list<Column> header_columns = {
+    {"TRANNO", Kind::text},      {"TRANTYPE", Kind::text}, {"REFERENCE", Kind::text},
+    {"TRANDT", Kind::text},      {"DEPTNOFR", Kind::text}, {"DEPTNMFR", Kind::text},
+    {"DEPTNOTO", Kind::text},    {"DEPTNMTO", Kind::text}, {"STATUS", Kind::text},
+    {"STATUSSN", Kind::integer}, {"STATUSBY", Kind::text}, {"STATUSDT", Kind::text},
+    {"MAKEBY", Kind::text},      {"NOTES", Kind::text},    {"ADDBY", Kind::text},
+    {"ADDDT", Kind::text},       {"EDITBY", Kind::text},   {"EDITDT", Kind::text}};
+
+const std::initializer_list<Column> line_columns = {
+    {"TRANNO", Kind::text},    {"REFERENCE", Kind::text}, {"SN", Kind::integer}, {"PARTNO", Kind::text},
+    {"REFPARTNO", Kind::text}, {"MONO", Kind::text},      {"QTY", Kind::number}, {"VQTY", Kind::number},
+    {"UPRICE", Kind::number},  {"NOTES", Kind::text},     {"ADDBY", Kind::text}, {"ADDDT", Kind::text},
+    {"EDITBY", Kind::text},    {"EDITDT", Kind::text}};
+
+const std::initializer_list<Column> note_columns = {
+    {"TRANNO", Kind::text},  {"TRANTYPE", Kind::text}, {"NOTEDT", Kind::text},
+    {"CARRIER", Kind::text}, {"NOTES", Kind::text},    {"ADDBY", Kind::text},
+    {"ADDDT", Kind::text},   {"EDITBY", Kind::text},   {"EDITDT", Kind::text}};
+
 struct Status {
   int number;
   std::string_view word;
@@ -34,50 +53,9 @@ Ledger::Ledger(const Masters& masters, const Options& options, Random& random, D
     : masters_(masters),
       random_(random),
       stock_(options.departments, options.parts),
-      headers_(database, "STKTRANHD",
-               {{"TRANNO", Kind::text},
-                {"TRANTYPE", Kind::text},
-                {"REFERENCE", Kind::text},
-                {"TRANDT", Kind::text},
-                {"DEPTNOFR", Kind::text},
-                {"DEPTNMFR", Kind::text},
-                {"DEPTNOTO", Kind::text},
-                {"DEPTNMTO", Kind::text},
-                {"STATUS", Kind::text},
-                {"STATUSSN", Kind::integer},
-                {"STATUSBY", Kind::text},
-                {"STATUSDT", Kind::text},
-                {"MAKEBY", Kind::text},
-                {"NOTES", Kind::text},
-                {"ADDBY", Kind::text},
-                {"ADDDT", Kind::text},
-                {"EDITBY", Kind::text},
-                {"EDITDT", Kind::text}}),
-      lines_(database, "STKTRANDT",
-             {{"TRANNO", Kind::text},
-              {"REFERENCE", Kind::text},
-              {"SN", Kind::integer},
-              {"PARTNO", Kind::text},
-              {"REFPARTNO", Kind::text},
-              {"MONO", Kind::text},
-              {"QTY", Kind::number},
-              {"VQTY", Kind::number},
-              {"UPRICE", Kind::number},
-              {"NOTES", Kind::text},
-              {"ADDBY", Kind::text},
-              {"ADDDT", Kind::text},
-              {"EDITBY", Kind::text},
-              {"EDITDT", Kind::text}}),
-      notes_(database, "STKSHIPNOTE",
-             {{"TRANNO", Kind::text},
-              {"TRANTYPE", Kind::text},
-              {"NOTEDT", Kind::text},
-              {"CARRIER", Kind::text},
-              {"NOTES", Kind::text},
-              {"ADDBY", Kind::text},
-              {"ADDDT", Kind::text},
-              {"EDITBY", Kind::text},
-              {"EDITDT", Kind::text}}) {
+      headers_(database, "STKTRANHD", header_columns),
+      lines_(database, "STKTRANDT", line_columns),
+      notes_(database, "STKSHIPNOTE", note_columns) {
   const auto parts = static_cast<std::size_t>(options.parts);
   const int check_month = std::min(options.months, 2) - 1;
   book = {1, last_day(options.start + std::chrono::months{check_month}), std::vector<double>(parts),

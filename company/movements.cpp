@@ -16,12 +16,13 @@ namespace {
 constexpr int most_lines_per_document = 12;
 constexpr int opening_percent = 8;  // of all lines, spent on filling the stores
 
-class Desks {
+class Trade {
  public:
-  explicit Desks(Desk desk) : desk_(desk), purchasing_(desk), production_(desk), sales_(desk) {}
+  explicit Trade(Generation generation)
+      : generation_(generation), purchasing_(generation), production_(generation), sales_(generation) {}
 
   void open(const Task& task) {
-    if (desk_.random.chance(60)) {
+    if (generation_.random.chance(60)) {
       purchasing_.receive(task);
     } else {
       production_.receive(task);
@@ -35,7 +36,7 @@ class Desks {
  private:
   // Shares of a hundred documents.
   int write_some(const Task& task) {
-    const int place = desk_.random.below(100);
+    const int place = generation_.random.below(100);
     if (place < 25) return purchasing_.receive(task);
     if (place < 28) return purchasing_.send_back(task);
     if (place < 29) return purchasing_.receive_replacement(task);
@@ -50,25 +51,25 @@ class Desks {
   }
 
   int move_between_departments(const Task& task) {
-    const int departments = static_cast<int>(desk_.masters.departments.size());
-    Stock& stock = desk_.ledger.stock();
+    const int departments = static_cast<int>(generation_.masters.departments.size());
+    Stock& stock = generation_.ledger.stock();
     Document document{&transfer, task.day, task.department, -1, "", "", {}};
-    document.target = (task.department + desk_.random.between(1, departments - 1)) % departments;
-    const int wanted = desk_.random.between(1, task.max_lines);
+    document.target = (task.department + generation_.random.between(1, departments - 1)) % departments;
+    const int wanted = generation_.random.between(1, task.max_lines);
     for (int tries = 0; tries < 12 && static_cast<int>(document.lines.size()) < wanted; ++tries) {
-      const int part = stock.any_part(task.department, desk_.random.chance(50), desk_.random);
+      const int part = stock.any_part(task.department, generation_.random.chance(50), generation_.random);
       if (part < 0 || document.holds(part)) continue;
       const double half = std::ceil(stock.of(task.department, part) / 2);
-      const double quantity =
-          std::min({lot(desk_.part(part), 1, 30, desk_.random), half, stock.of(task.department, part)});
-      document.lines.push_back({part, quantity, standard_price(desk_.part(part)), "", ""});
+      const double quantity = std::min(
+          {lot(generation_.part(part), 1, 30, generation_.random), half, stock.of(task.department, part)});
+      document.lines.push_back({part, quantity, standard_price(generation_.part(part)), "", ""});
     }
     if (document.lines.empty()) return 0;
-    desk_.ledger.write(document);
+    generation_.ledger.write(document);
     return static_cast<int>(document.lines.size());
   }
 
-  Desk desk_;
+  Generation generation_;
   Purchasing purchasing_;
   Production production_;
   Sales sales_;
@@ -81,24 +82,24 @@ int month_of(Day day, std::chrono::year_month start) {
 
 }  // namespace
 
-void write_movements(const Options& options, Desk desk, const Progress& progress) {
-  Desks desks(desk);
+void write_movements(const Options& options, Generation generation, const Progress& progress) {
+  Trade trade(generation);
   const auto days = booking_days(options.start, options.months);
   const auto opening = static_cast<std::int64_t>(options.lines) * opening_percent / 100;
   for (std::size_t day = 0; day < days.size(); ++day) {
     const auto due = static_cast<std::int64_t>(options.lines) * static_cast<std::int64_t>(day + 1) /
                      static_cast<std::int64_t>(days.size());
-    while (desk.ledger.lines_written() < due) {
-      const int left = options.lines - desk.ledger.lines_written();
-      const Task task{days[day], month_of(days[day], options.start), desk.random.below(options.departments),
-                      std::min(left, most_lines_per_document)};
-      if (desk.ledger.lines_written() < opening) {
-        desks.open(task);
+    while (generation.ledger.lines_written() < due) {
+      const int left = options.lines - generation.ledger.lines_written();
+      const Task task{days[day], month_of(days[day], options.start),
+                      generation.random.below(options.departments), std::min(left, most_lines_per_document)};
+      if (generation.ledger.lines_written() < opening) {
+        trade.open(task);
       } else {
-        desks.work(task);
+        trade.work(task);
       }
     }
-    progress(desk.ledger.lines_written());
+    progress(generation.ledger.lines_written());
   }
 }
 

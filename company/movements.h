@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "company/books.h"
+#include "company/generation.h"
 #include "company/options.h"
 
 namespace tallyra::samples::company {
@@ -12,6 +12,6 @@ using Progress = std::function<void(int lines)>;
 
 // Writes exactly `options.lines` movement lines, spread evenly over the booking days: first deliveries that
 // fill the stores, then all kinds of documents as they occur in a company.
-void write_movements(const Options& options, Desk desk, const Progress& progress);
+void write_movements(const Options& options, Generation generation, const Progress& progress);
 
 }  // namespace tallyra::samples::company

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "company/books.h"
+#include "company/generation.h"
 #include "company/returnable.h"
 
 namespace tallyra::samples::company {
@@ -13,7 +13,7 @@ namespace tallyra::samples::company {
 // Production orders with their material lists, the issues and returns of material, and what is made.
 class Production {
  public:
-  explicit Production(Desk desk);
+  explicit Production(Generation generation);
 
   // Issues material: what a running order still lacks, or the material of a new order.
   int issue(const Task& task);
@@ -43,7 +43,7 @@ class Production {
   int issue_all(Order order, const Task& task);
   int write_issue(Document& document, const std::string& order);
 
-  Desk desk_;
+  Generation generation_;
   Insert headers_;
   Insert details_;
   int last_number_ = 0;

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "company/books.h"
+#include "company/generation.h"
 #include "company/returnable.h"
 
 namespace tallyra::samples::company {
@@ -12,7 +12,7 @@ namespace tallyra::samples::company {
 // Purchase orders, receipts against them, returns to the supplier and the replacements for returned goods.
 class Purchasing {
  public:
-  explicit Purchasing(Desk desk);
+  explicit Purchasing(Generation generation);
 
   // Receives what is still due of an open order, or orders anew and receives all or part of it.
   int receive(const Task& task);
@@ -41,7 +41,7 @@ class Purchasing {
   void write_order(const Order& order, const Task& task, int status);
   int deliver(Order& order, const Task& task);
 
-  Desk desk_;
+  Generation generation_;
   Insert headers_;
   Insert lines_;
   int last_number_ = 0;

@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "company/naming.h"
+#include "company/order_number.h"
 #include "company/prices.h"
 
 namespace tallyra::samples::company {
 
-Sales::Sales(Desk desk)
-    : desk_(desk),
-      headers_(desk.database, "SOHD",
+Sales::Sales(Generation generation)
+    : generation_(generation),
+      headers_(generation.database, "SOHD",
                {{"SONO", Kind::text},
                 {"SODT", Kind::text},
                 {"CUSTNO", Kind::text},
@@ -17,12 +18,12 @@ Sales::Sales(Desk desk)
                 {"ADDBY", Kind::text},
                 {"ADDDT", Kind::text}}),
       materials_(
-          desk.database, "SODTBOM",
+          generation.database, "SODTBOM",
           {{"SONO", Kind::text}, {"SN", Kind::integer}, {"PARTNO", Kind::text}, {"SOQTY", Kind::number}}) {}
 
 int Sales::ship(const Task& task) {
-  Stock& stock = desk_.ledger.stock();
-  const int customer = desk_.random.below(desk_.masters.customers);
+  Stock& stock = generation_.ledger.stock();
+  const int customer = generation_.random.below(generation_.masters.customers);
   Document document{&shipment,
                     task.day,
                     task.department,
@@ -30,30 +31,30 @@ int Sales::ship(const Task& task) {
                     numbered("C", 2001 + customer),
                     numbered("Customer ", customer + 1),
                     {}};
-  const int wanted = desk_.random.between(1, task.max_lines);
+  const int wanted = generation_.random.between(1, task.max_lines);
   for (int tries = 0; tries < 24 && static_cast<int>(document.lines.size()) < wanted; ++tries) {
-    const int part = stock.any_part(task.department, true, desk_.random);
+    const int part = stock.any_part(task.department, true, generation_.random);
     if (part < 0) break;
     // Semi-finished parts leave the house as spare parts only.
-    const bool spare = desk_.part(part).material_type == semi_finished;
-    if (document.holds(part) || (spare && !desk_.random.chance(30))) continue;
+    const bool spare = generation_.part(part).material_type == semi_finished;
+    if (document.holds(part) || (spare && !generation_.random.chance(30))) continue;
     const double quantity =
-        std::min(lot(desk_.part(part), 1, 15, desk_.random), stock.of(task.department, part));
-    document.lines.push_back({part, -quantity, standard_price(desk_.part(part)), "", ""});
+        std::min(lot(generation_.part(part), 1, 15, generation_.random), stock.of(task.department, part));
+    document.lines.push_back({part, -quantity, standard_price(generation_.part(part)), "", ""});
   }
   return write(document, shipments_);
 }
 
 int Sales::issue_material(const Task& task) {
-  Stock& stock = desk_.ledger.stock();
+  Stock& stock = generation_.ledger.stock();
   Document document{&sales_issue, task.day, task.department, -1, "", "", {}};
-  const int wanted = desk_.random.between(1, task.max_lines);
+  const int wanted = generation_.random.between(1, task.max_lines);
   for (int tries = 0; tries < 12 && static_cast<int>(document.lines.size()) < wanted; ++tries) {
-    const int part = stock.any_part(task.department, desk_.random.chance(30), desk_.random);
+    const int part = stock.any_part(task.department, generation_.random.chance(30), generation_.random);
     if (part < 0 || document.holds(part)) continue;
     const double quantity =
-        std::min(lot(desk_.part(part), 1, 25, desk_.random), stock.of(task.department, part));
-    document.lines.push_back({part, -quantity, standard_price(desk_.part(part)), "", ""});
+        std::min(lot(generation_.part(part), 1, 25, generation_.random), stock.of(task.department, part));
+    document.lines.push_back({part, -quantity, standard_price(generation_.part(part)), "", ""});
   }
   return write(document, issues_);
 }
@@ -61,19 +62,19 @@ int Sales::issue_material(const Task& task) {
 int Sales::write(Document& document, EarlierDocuments& written) {
   if (document.lines.empty()) return 0;
   const std::string order = order_number("SO", document.day, last_number_);
-  const std::string at = timestamp(document.day - std::chrono::days{desk_.random.between(1, 15)});
-  const std::string customer = document.partner.empty()
-                                   ? numbered("C", 2001 + desk_.random.below(desk_.masters.customers))
-                                   : document.partner;
-  const int status = desk_.random.chance(4) ? 0 : 1;
-  headers_.row(order, at, customer, status, desk_.ledger.next_user(), at);
+  const std::string at = timestamp(document.day - std::chrono::days{generation_.random.between(1, 15)});
+  const std::string customer =
+      document.partner.empty() ? numbered("C", 2001 + generation_.random.below(generation_.masters.customers))
+                               : document.partner;
+  const int status = generation_.random.chance(4) ? 0 : 1;
+  headers_.row(order, at, customer, status, generation_.ledger.next_user(), at);
   int sn = 0;
   for (Line& line : document.lines) {
     line.reference = order;
-    const double open = desk_.random.chance(15) ? 5 : 0;  // still to come
-    materials_.row(order, ++sn, desk_.part(line.part).number, open - line.quantity);
+    const double open = generation_.random.chance(15) ? 5 : 0;  // still to come
+    materials_.row(order, ++sn, generation_.part(line.part).number, open - line.quantity);
   }
-  desk_.ledger.write(document);
+  generation_.ledger.write(document);
   written.add({order, document.department, document.partner, document.partner_name, document.lines});
   return sn;
 }
@@ -87,7 +88,7 @@ int Sales::take_material_back(const Task& task) {
 }
 
 int Sales::give_back(EarlierDocuments& from, const DocumentType& type, const Task& task) {
-  const auto earlier = from.take(desk_.random);
+  const auto earlier = from.take(generation_.random);
   if (!earlier) return 0;
   Document document{&type, task.day, earlier->department, -1, earlier->partner, earlier->partner_name, {}};
   for (const Line& line : earlier->lines) {
@@ -96,7 +97,7 @@ int Sales::give_back(EarlierDocuments& from, const DocumentType& type, const Tas
     document.lines.push_back({line.part, quantity, line.price, earlier->reference, ""});
   }
   if (document.lines.empty()) return 0;
-  desk_.ledger.write(document);
+  generation_.ledger.write(document);
   return static_cast<int>(document.lines.size());
 }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "company/books.h"
+#include "company/generation.h"
 #include "company/returnable.h"
 
 namespace tallyra::samples::company {
@@ -11,7 +11,7 @@ namespace tallyra::samples::company {
 // order.
 class Sales {
  public:
-  explicit Sales(Desk desk);
+  explicit Sales(Generation generation);
 
   // Ships goods made here to a customer.
   int ship(const Task& task);
@@ -27,7 +27,7 @@ class Sales {
   int write(Document& document, EarlierDocuments& written);
   int give_back(EarlierDocuments& from, const DocumentType& type, const Task& task);
 
-  Desk desk_;
+  Generation generation_;
   Insert headers_;
   Insert materials_;
   int last_number_ = 0;

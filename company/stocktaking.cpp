@@ -42,11 +42,11 @@ double counted(double movement, Random& random) {
 
 }  // namespace
 
-void write_stocktaking(const Desk& desk) {
-  const BookMovement& book = desk.ledger.book;
+void write_stocktaking(const Generation& generation) {
+  const BookMovement& book = generation.ledger.book;
   const std::string number = "CK" + short_month(book.until) + "0001";
   const std::string at = timestamp(book.until, 16 * 3600);
-  Insert header(desk.database, "STKCHECKHD",
+  Insert header(generation.database, "STKCHECKHD",
                 {{"CHECKNO", Kind::text},
                  {"CHECKDT", Kind::text},
                  {"DEPTNO", Kind::text},
@@ -59,9 +59,9 @@ void write_stocktaking(const Desk& desk) {
                  {"EDITBY", Kind::text},
                  {"EDITDT", Kind::text}});
   header.row(number, timestamp(book.until),
-             desk.masters.departments[static_cast<std::size_t>(book.department)].number, "CLERK", "Open", 0,
-             "Counted at month end", "CLERK", at, "CLERK", at);
-  Insert lines(desk.database, "STKCHECKDT",
+             generation.masters.departments[static_cast<std::size_t>(book.department)].number, "CLERK",
+             "Open", 0, "Counted at month end", "CLERK", at, "CLERK", at);
+  Insert lines(generation.database, "STKCHECKDT",
                {{"CHECKNO", Kind::text},
                 {"PARTNO", Kind::text},
                 {"QTY", Kind::number},
@@ -72,8 +72,8 @@ void write_stocktaking(const Desk& desk) {
                 {"EDITDT", Kind::text}});
   int line = 0;
   for (const std::size_t index : parts_to_count(book)) {
-    const Part& part = desk.masters.parts[index];
-    const double quantity = counted(movement_of(book, index), desk.random);
+    const Part& part = generation.masters.parts[index];
+    const double quantity = counted(movement_of(book, index), generation.random);
     ++line;
     if (line == line_without_quantity) {
       lines.row(number, part.number, nullptr, standard_price(part), "CLERK", at, "CLERK", at);

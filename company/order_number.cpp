@@ -1,4 +1,4 @@
-#include "company/books.h"
+#include "company/order_number.h"
 
 #include <cstdio>
 

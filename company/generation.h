@@ -7,8 +7,8 @@
 
 namespace tallyra::samples::company {
 
-// What every desk that writes documents works with.
-struct Desk {
+// What purchasing, production and sales share while a company is generated. It refers to all of it.
+struct Generation {
   const Masters& masters;
   Random& random;
   Ledger& ledger;
@@ -17,16 +17,13 @@ struct Desk {
   const Part& part(int index) const { return masters.parts[static_cast<std::size_t>(index)]; }
 };
 
-// The next document to write. A desk writes at most `max_lines` lines and returns how many it wrote: 0 when
-// there is nothing to issue or to take back.
+// The next document to write. Whoever writes it writes at most `max_lines` lines and returns how many it
+// wrote: 0 when there is nothing to issue or to take back.
 struct Task {
   Day day;
   int month;  // counted from 0, the first month of the company
   int department;
   int max_lines;
 };
-
-// "PO2401-00017"; `last` is the counter of the series.
-std::string order_number(const char* prefix, Day day, int& last);
 
 }  // namespace tallyra::samples::company
