@@ -4,74 +4,87 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 
 #include "automation/error.h"
 
 namespace tallyra::automation {
 namespace {
 
+// The significant digits of a number that is neither 0 nor endless, without zeros at the end.
+struct Significant {
+  char digits[20];
+  int count = 0;
+  int exponent = 0;  // of the first digit
+  bool is_negative;
+
+  Significant(double value, int precision) : is_negative(value < 0) {
+    char buffer[40];
+    const auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, precision - 1)
+            .ptr;
+    // [-]d.ddddde[+-]xx
+    const char* cursor = is_negative ? buffer + 1 : buffer;
+    for (; *cursor != 'e'; ++cursor)
+      if (*cursor != '.') digits[count++] = *cursor;
+    ++cursor;
+    std::from_chars(*cursor == '+' ? cursor + 1 : cursor, end, exponent);
+    while (count > 1 && digits[count - 1] == '0') --count;
+  }
+
+  std::string_view from(int first, int last) const {
+    return {digits + first, static_cast<std::size_t>(last - first)};
+  }
+};
+
+void append_plain(std::string& out, const Significant& number) {
+  if (number.exponent < 0) {
+    out += "0.";
+    out.append(static_cast<std::size_t>(-number.exponent - 1), '0');
+    out += number.from(0, number.count);
+    return;
+  }
+  const int integers = number.exponent + 1;
+  if (number.count <= integers) {
+    out += number.from(0, number.count);
+    out.append(static_cast<std::size_t>(integers - number.count), '0');
+    return;
+  }
+  out += number.from(0, integers);
+  out += '.';
+  out += number.from(integers, number.count);
+}
+
+void append_with_exponent(std::string& out, const Significant& number) {
+  out += number.digits[0];
+  if (number.count > 1) {
+    out += '.';
+    out += number.from(1, number.count);
+  }
+  out += 'E';
+  out += number.exponent < 0 ? '-' : '+';
+  const int magnitude = std::abs(number.exponent);
+  if (magnitude < 10) out += '0';
+  out += std::to_string(magnitude);
+}
+
 void append_significant(std::string& out, double value, int precision) {
   if (std::isnan(value)) {
     out += "NAN";
-    return;
-  }
-  if (std::isinf(value)) {
+  } else if (std::isinf(value)) {
     out += value < 0 ? "-INF" : "INF";
-    return;
-  }
-  if (value == 0) {
+  } else if (value == 0) {
     out += '0';
-    return;
+  } else {
+    const Significant number(value, precision);
+    if (number.is_negative) out += '-';
+    const int decimals = number.count - 1 - number.exponent;
+    const bool is_plain = number.exponent < precision && decimals <= precision;
+    if (is_plain)
+      append_plain(out, number);
+    else
+      append_with_exponent(out, number);
   }
-  char buffer[40];
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, precision - 1).ptr;
-  // d.ddddde[+-]xx, with a leading minus when negative
-  const char* cursor = buffer;
-  if (*cursor == '-') {
-    out += '-';
-    ++cursor;
-  }
-  char digits[20];
-  int count = 0;
-  for (; *cursor != 'e'; ++cursor)
-    if (*cursor != '.') digits[count++] = *cursor;
-  ++cursor;
-  const bool negative_exponent = *cursor == '-';
-  int exponent = 0;
-  std::from_chars(cursor + 1, end, exponent);
-  if (negative_exponent) exponent = -exponent;
-  while (count > 1 && digits[count - 1] == '0') --count;
-
-  const int decimals = count - 1 - exponent;
-  if (exponent < precision && decimals <= precision) {
-    if (exponent < 0) {
-      out += "0.";
-      out.append(static_cast<std::size_t>(-exponent - 1), '0');
-      out.append(digits, static_cast<std::size_t>(count));
-      return;
-    }
-    const int integers = exponent + 1;
-    if (count <= integers) {
-      out.append(digits, static_cast<std::size_t>(count));
-      out.append(static_cast<std::size_t>(integers - count), '0');
-      return;
-    }
-    out.append(digits, static_cast<std::size_t>(integers));
-    out += '.';
-    out.append(digits + integers, static_cast<std::size_t>(count - integers));
-    return;
-  }
-  out += digits[0];
-  if (count > 1) {
-    out += '.';
-    out.append(digits + 1, static_cast<std::size_t>(count - 1));
-  }
-  out += 'E';
-  out += negative_exponent ? '-' : '+';
-  const int magnitude = negative_exponent ? -exponent : exponent;
-  if (magnitude < 10) out += '0';
-  out += std::to_string(magnitude);
 }
 
 bool is_blank(char c) {

@@ -29,7 +29,7 @@ struct ServedModule {
   std::optional<GUID> type_library = {};
 };
 
-// A class of the local registry, offered under its ProgID.
+// A class of this process (automation/local), offered under its ProgID.
 ServedClass served_local_class(REFCLSID class_id, std::string_view prog_id, std::wstring description);
 
 // Defined by the DLL. The same object every time.

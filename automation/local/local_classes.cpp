@@ -9,26 +9,19 @@
 namespace tallyra::automation::local {
 namespace {
 
-struct Registration {
-  std::string prog_id;
-  Factory factory;
-};
-
-struct Registry {
+struct LocalClasses {
   std::mutex mutex;
-  std::map<std::string, Registration, std::less<>> classes;
+  std::map<std::string, Factory, std::less<>> factories;  // by the ProgID in one case
 };
 
-Registry& registry() {
-  static Registry instance;
+LocalClasses& local_classes() {
+  static LocalClasses instance;
   return instance;
 }
 
 Factory exchange_factory(std::string_view prog_id, Factory factory) {
-  const std::lock_guard lock(registry().mutex);
-  auto& entry = registry().classes[folded(prog_id)];
-  if (entry.prog_id.empty()) entry.prog_id = prog_id;
-  return std::exchange(entry.factory, std::move(factory));
+  const std::lock_guard lock(local_classes().mutex);
+  return std::exchange(local_classes().factories[folded(prog_id)], std::move(factory));
 }
 
 }  // namespace
@@ -38,17 +31,9 @@ void register_class(std::string_view prog_id, Factory factory) {
 }
 
 Factory find_factory(std::string_view prog_id) {
-  const std::lock_guard lock(registry().mutex);
-  const auto found = registry().classes.find(folded(prog_id));
-  return found == registry().classes.end() ? Factory{} : found->second.factory;
-}
-
-std::vector<std::string> registered_classes() {
-  const std::lock_guard lock(registry().mutex);
-  std::vector<std::string> names;
-  for (const auto& [key, entry] : registry().classes)
-    if (entry.factory) names.push_back(entry.prog_id);
-  return names;
+  const std::lock_guard lock(local_classes().mutex);
+  const auto found = local_classes().factories.find(folded(prog_id));
+  return found == local_classes().factories.end() ? Factory{} : found->second;
 }
 
 ScopedClass::ScopedClass(std::string_view prog_id, Factory factory)

@@ -3,11 +3,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "automation/object.h"
 
-// Classes of this process by ProgID: what a registry of classes is for a machine.
+// Classes of this process by ProgID: what the registry has for a machine.
 namespace tallyra::automation::local {
 
 using Factory = std::function<Object()>;
@@ -18,9 +17,6 @@ void register_class(std::string_view prog_id, Factory factory);
 
 // The class registered under the ProgID, whatever its case; empty when there is none.
 Factory find_factory(std::string_view prog_id);
-
-// The registered ProgIDs in the case they were registered with, sorted.
-std::vector<std::string> registered_classes();
 
 // Puts a class in the place of another, or of none, for as long as it lives. An empty factory hides the
 // class.

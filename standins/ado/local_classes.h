@@ -2,7 +2,7 @@
 
 namespace tallyra::standins::ado {
 
-// Makes ADODB.Connection and ADODB.Recordset known to the local registry. Safe to call again.
+// Makes ADODB.Connection and ADODB.Recordset classes of this process. Safe to call again.
 void register_classes();
 
 }  // namespace tallyra::standins::ado
