@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <utility>
-
 #include "automation/error.h"
 #include "standins/corvane/failure.h"
 #include "tests/unit/standins/corvane/builder_call.h"
@@ -99,45 +96,6 @@ TEST(BuilderFailure, NumbersSurviveSinglePrecision) {
     EXPECT_EQ(static_cast<std::int32_t>(static_cast<float>(row.number)), row.number);
 }
 
-TEST(BuilderFailure, IsForgottenAtTheNextCall) {
-  const Object builder = power_check("");
-  build(builder, "GetInsertSQL", "REVADDR", {"X"}, {1}, addresses());
-  EXPECT_EQ(build(builder, "GetInsertSQL", "REVADDR", {"SN"}, {1}, addresses()),
-            "Insert Into REVADDR(SN) Values(1)");
-  EXPECT_EQ(builder.get("ErrNumber"), Value(0));
-  EXPECT_EQ(builder.get("ErrDescription"), Value(""));
-}
-
-// Has something done whenever it is used.
-class BusyCollection : public automation::Collection {
- public:
-  explicit BusyCollection(std::function<void()> work) : work_(std::move(work)) {}
-  Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
-    work_();
-    return automation::Collection::invoke(id, access, arguments);
-  }
-
- private:
-  std::function<void()> work_;
-};
-
-TEST(BuilderFailure, OfAStatementBuiltMeanwhileIsNotThatOfTheOneAroundIt) {
-  const Object builder = power_check("");
-  bool failing = true;
-  const Object names = automation::make_object<BusyCollection>([&] {
-    EXPECT_EQ(build(builder, "GetUpdateSQL", "REVADDR", {failing ? "X" : "SN"}, {1}, addresses()).empty(),
-              failing);
-  });
-  names.call("Add", "SN");
-  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({7}), addresses()),
-            Value("Insert Into REVADDR(SN) Values(7)"));
-  EXPECT_EQ(builder.get("ErrNumber"), Value(0));
-  EXPECT_EQ(builder.get("ErrDescription"), Value(""));
-  failing = false;
-  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({"seven"}), addresses()), Value(""));
-  EXPECT_EQ(builder.get("ErrNumber"), Value(failure::unfit_value));
-}
-
 TEST(BuilderFailure, ArgumentsOfTheWrongKindAreAFailureToo) {
   const Object builder = power_check("");
   EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", "no list", list_of({1}), addresses()), Value(""));
@@ -146,10 +104,6 @@ TEST(BuilderFailure, ArgumentsOfTheWrongKindAreAFailureToo) {
   EXPECT_EQ(builder.get("ErrNumber"), Value(automation::error_number::no_such_member));
   EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", list_of({"SN"}), list_of({1}), Object()), Value(""));
   EXPECT_EQ(builder.get("ErrNumber"), Value(automation::error_number::object_not_set));
-}
-
-TEST(BuilderFailure, AnotherNumberOfArgumentsIsAnError) {
-  EXPECT_THROW(power_check("").call("GetInsertSQL", "REVADDR"), automation::Error);
 }
 
 }  // namespace

@@ -166,32 +166,11 @@ TEST(StatementGuard, RefusesStatementsThatOpenOrWriteFiles) {
   }
 }
 
+// What is misread, misread_text_test.cpp tells.
 TEST(StatementGuard, RefusesWhatTheDriverOrTheEngineReadsOtherwise) {
-  const struct {
-    std::string_view sql;
-    std::string_view cause;
-  } rows[] = {
-      {"Select {fn now()}", "{"},
-      {"Select { d '2024-03-31' }", "{"},
-      {"Select /* { */ 1", "{"},
-      {"Select [a{b]", "{"},
-      {"Select /* ' */ 'a{b'", "{"},
-      {"Select [it's] From T Where A='{'", "{"},
-      {"Select 1 Where A=$a(') Or 1 --')", "$a("},
-      {"Select 1 Where A=@a::b(')", "@a::b("},
-      {"Select :a(", ":a("},
-      {"Select #a(", "#a("},
-      {"Select x$y(", "$y("},
-      {"Select \v 1", "\v"},
-      {"\xEF\xBB\xBF"
-       "Attach 'x' As y",
-       "\xEF\xBB\xBF"
-       "Attach"},
-  };
-  for (const auto& [sql, cause] : rows) {
-    EXPECT_EQ(judged(sql).reach, Reach::beyond) << sql;
-    EXPECT_EQ(judged(sql).cause, cause) << sql;
-  }
+  EXPECT_EQ(judged("Select /* { */ 1").reach, Reach::beyond);
+  EXPECT_EQ(judged("Select /* { */ 1").cause, "{");
+  EXPECT_EQ(judged("Select 1; Select \v 2").cause, "\v") << "before what is wrong otherwise";
 }
 
 TEST(StatementGuard, RefusesASecondStatement) {

@@ -20,6 +20,8 @@ class PlainOdbc {
   PlainOdbc(const PlainOdbc&) = delete;
   PlainOdbc& operator=(const PlainOdbc&) = delete;
 
+  SQLHDBC connection() const { return login_.get(); }
+
   // Whether the driver took the statement; its rows are read and forgotten.
   bool run(const std::string& sql) const {
     const OdbcHandle<SQL_HANDLE_STMT> statement(SQL_HANDLE_DBC, login_.get());
