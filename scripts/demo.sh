@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # A company closes two consecutive months on an embedded database through the real classes, with the life of stock
 # documents and stocktakings between them. Shows the documents that come out and checks them with SQL of its own on
-# the database. Ends with an error when a check fails.
+# the database. Then an administrator approves the second month, takes stock and closes a third one by the verbs of the
+# console client. Ends with an error when a check fails.
 #
 # With --dll the same happens twice, with the native classes and with those of Tallyra.dll under Wine, where VBScript
 # clients close the months and take stock. Both have to print the same and to leave the same database.
@@ -49,6 +50,7 @@ if [ "${1:-}" = --postgres ]; then
   exit
 elif [ "$through_dll" = no ]; then
   story native "$folder"
+  "$repository/scripts/demo/administrator.sh" "$folder"
 else
   tell_native_story
   "$repository/scripts/build-windows.sh" >"$folder/build.txt" || { cat "$folder/build.txt" && exit 1; }
@@ -64,4 +66,4 @@ else
 fi
 database=${folder#"$repository/"}/company.db
 say "All checks passed. The database stays in $database; try"
-echo "   build/release/bin/tallyra-client --db $database --user ADMIN CStockClose Read 2024/02/29"
+echo "   build/release/bin/tallyra-client --db $database --user ADMIN status"

@@ -1,11 +1,10 @@
-#include "client/manual.h"
-
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>
 
 #include "client/catalogue.h"
+#include "client/manual.h"
 #include "client/verbs/verb.h"
 
 namespace tallyra::client {
