@@ -22,20 +22,19 @@ _tallyra_client() {
     'count import') words='--number --department --date' ;;
     'count approve') words='--force --break-lock' ;;
     'count undo') words='--force --break-lock' ;;
+    'report '*) words='--output' ;;
+    'list '*) words='--from --to --type --status --department --limit' ;;
     'log '*) words='--from --to --action --limit' ;;
     'help '*) words='--man --completion' ;;
     esac
     words+=' --db --user --language --kind --csv --json --quiet --yes --config --help'
   elif [ -z "$first" ]; then
-    words='check close verify approve reopen status count log batch call help CTranHead CTranDetail
-      CCheckHead CCheckDetail CStkrptFuns CPartCostSet CStockClose CRevAddr CSTKController
-      CStkShipNote'
+    words='init upgrade doctor grant revoke rights check close verify approve reopen status count report list show log batch call help CTranHead CTranDetail CCheckHead CCheckDetail CStkrptFuns CPartCostSet CStockClose CRevAddr CSTKController CStkShipNote'
   elif [ -z "$second" ]; then
     case $first in
     count) words='sheet import approve undo' ;;
     CTranHead) words='Read Insert Update Delete ValidCloseDT' ;;
-    CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty
-      GetMRPQty' ;;
+    CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty GetMRPQty' ;;
     CCheckHead) words='Read Insert Update Delete ValidCloseDT' ;;
     CCheckDetail) words='Read Insert Update Delete' ;;
     CStkrptFuns) words='GetCheckBalance' ;;
