@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "tests/behaviour/client/month_end/closing_client.h"
+#include "tests/support/test_folder.h"
 
 // The report page of a company whose figures SQL of the test's own tells.
 namespace tallyra::client {

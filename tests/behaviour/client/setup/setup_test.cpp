@@ -9,6 +9,7 @@
 #include "frame/schema/codes.h"
 #include "tests/support/client_program.h"
 #include "tests/support/company_database.h"
+#include "tests/support/test_folder.h"
 
 // From no database to one in which somebody may work.
 namespace tallyra::client {
