@@ -9,6 +9,19 @@
 #include "standins/ado/translation.h"
 
 namespace tallyra::standins::ado {
+namespace {
+
+// There is nobody to give them values. In the words of the ODBC driver, which knows question marks alone.
+void refuse_parameters(sqlite3_stmt* statement) {
+  const int count = sqlite3_bind_parameter_count(statement);
+  if (count == 0) return;
+  for (int number = 1; number <= count; ++number)
+    if (const char* const name = sqlite3_bind_parameter_name(statement, number); !name || *name == '?')
+      throw automation::Error(provider_error::parameter_missing, "unbound parameters in query");
+  throw automation::Error(provider_error::errors_in_command, "parameter marker count incorrect");
+}
+
+}  // namespace
 
 SqliteSession::SqliteSession(SqliteSource source)
     : source_(std::move(source)),
@@ -48,7 +61,11 @@ PreparedForm SqliteSession::prepare_form(std::string_view sql) {
 PreparedForm SqliteSession::compile_form(std::string_view sql) {
   const std::string_view text = translated_form(dialect_, sql, form_.literals, uses_);
   StatementHandle statement = prepare_sqlite(database_.get(), text, SQLITE_PREPARE_PERSISTENT);
-  if (!statement) return {};
+  if (!statement) {
+    // The text would wait as long once more.
+    if ((sqlite3_errcode(database_.get()) & 0xFF) == SQLITE_BUSY) fail(text);
+    return {};
+  }
   ++compiled_forms_;
   return prepared_.add(form_, sql, uses_, std::move(statement));
 }
@@ -66,8 +83,7 @@ StatementResult SqliteSession::run_text(std::string_view sql, bool count_affecte
     trace_(Operation::execute, text, 0, true);  // nothing but blanks and comments
     return {.rows = nullptr, .affected_rows = count_affected ? 0 : -1};
   }
-  if (sqlite3_bind_parameter_count(statement.get()) != 0)
-    throw automation::Error(provider_error::parameter_missing, "unbound parameters in query");
+  refuse_parameters(statement.get());
   const bool changes_schema = dialect_.changes_schema();
   StatementResult result = step(statement.get(), text, count_affected);
   if (changes_schema) {

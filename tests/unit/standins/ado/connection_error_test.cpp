@@ -35,6 +35,9 @@ TEST_F(StatementErrorTest, HaveTheProvidersNumberAndTheDriversWords) {
       {"insert into T values(2,null)", -2147217873, "NOT NULL constraint failed: T.B"},
       {"update T set A='x'", -2147217913, "datatype mismatch"},
       {"insert into T values(?,?)", -2147217904, "unbound parameters in query"},
+      {"insert into T values(:a,@b)", -2147217900, "parameter marker count incorrect"},
+      {"insert into T values(:a,?)", -2147217904, "unbound parameters in query"},
+      {"insert into T values(?1,?2)", -2147217904, "unbound parameters in query"},
   };
   for (const Row& row : rows) {
     const auto by_execute = [&] { execute(connection, row.sql); };
