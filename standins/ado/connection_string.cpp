@@ -85,15 +85,6 @@ std::string bare(std::string_view value) {
   return result;
 }
 
-// A value in the form that ODBC reads back unchanged.
-std::string in_braces_if_needed(std::string_view value) {
-  if (value.find_first_of("[]{}(),;?*=!@") == std::string_view::npos && trimmed(value) == value)
-    return std::string(value);
-  std::string result = "{";
-  for (const char c : value) result.append(c == '}' ? 2 : 1, c);
-  return result += '}';
-}
-
 void append(std::string& out, std::string_view name, std::string_view value) {
   if (!out.empty()) out += ';';
   out.append(name).append(1, '=').append(value);
@@ -155,6 +146,15 @@ class OdbcString {
 };
 
 }  // namespace
+
+std::string in_braces_if_needed(std::string_view value) {
+  const bool quoted = value.starts_with('"') || value.starts_with('\'');
+  if (value.find_first_of("[]{}(),;?*=!@") == std::string_view::npos && trimmed(value) == value && !quoted)
+    return std::string(value);
+  std::string result = "{";
+  for (const char c : value) result.append(c == '}' ? 2 : 1, c);
+  return result += '}';
+}
 
 bool is_odbc_provider(std::string_view provider) {
   provider = trimmed(provider);

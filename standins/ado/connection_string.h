@@ -15,6 +15,9 @@ namespace tallyra::standins::ado {
 std::string odbc_connection_string(std::string_view client_string, std::string_view user,
                                    std::string_view password);
 
+// A value as a connection string holds it, in braces where it would be read back as another without them.
+std::string in_braces_if_needed(std::string_view value);
+
 // One of a connection string's keywords, as the client wrote them; those of `Extended Properties` in its
 // place.
 struct Keyword {

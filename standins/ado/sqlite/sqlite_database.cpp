@@ -17,6 +17,7 @@ namespace {
 
 std::string what_is_in_the_way(const std::string& path, const std::string& words_of_library) {
   struct stat status {};
+  if (path.starts_with("file:")) return words_of_library + ": " + path;  // of the library's own spelling
   if (::stat(path.c_str(), &status) != 0) {
     if (errno == ENOENT || errno == ENOTDIR) return "There is no database file " + path;
     if (errno == EACCES) return "No permission to reach the database file " + path;

@@ -90,10 +90,10 @@ std::string SqliteSession::information(Information kind) const {
 
 std::string SqliteSession::completed_string() const {
   const auto number = [](bool on) { return on ? "1" : "0"; };
-  return "DRIVER={SQLite3};Database=" + source_.path + ";Timeout=" + std::to_string(source_.busy_time) +
-         ";SyncPragma=" + source_.synchronous + ";JournalMode=" + source_.journal_mode +
-         ";FKSupport=" + number(source_.foreign_keys) + ";LongNames=" + number(source_.long_names) +
-         ";NoTXN=" + number(source_.without_transactions);
+  return "DRIVER={SQLite3};Database=" + in_braces_if_needed(source_.path) +
+         ";Timeout=" + std::to_string(source_.busy_time) + ";SyncPragma=" + source_.synchronous +
+         ";JournalMode=" + source_.journal_mode + ";FKSupport=" + number(source_.foreign_keys) +
+         ";LongNames=" + number(source_.long_names) + ";NoTXN=" + number(source_.without_transactions);
 }
 
 }  // namespace tallyra::standins::ado

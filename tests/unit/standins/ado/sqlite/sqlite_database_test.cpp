@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "automation/convert.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 namespace tallyra::standins::ado::test {
@@ -43,6 +44,24 @@ TEST_F(SqliteDatabaseTest, IsNotMadeWhereThePathIsMisspelt) {
   EXPECT_EQ(complaint(to("nowhere/test.db")), "There is no database file " + path("nowhere/test.db"));
   EXPECT_FALSE(std::filesystem::exists(path("tset.db")));
   EXPECT_EQ(complaint("DRIVER={SQLite3}"), "The connection string names no database file");
+}
+
+// It looks for such a file by rules of its own, so only it can tell what is in the way.
+TEST_F(SqliteDatabaseTest, IsToldInTheLibrarysWordsWhereItsOwnSpellingNamesIt) {
+  const std::string file = "file:" + path("test.db") + "?vfs=none";
+  EXPECT_EQ(complaint("DRIVER={SQLite3};Database=" + file), "no such vfs: none: " + file);
+}
+
+TEST_F(SqliteDatabaseTest, HasAPathThatItsCompletedStringHoldsAsItIs) {
+  make_database("a;Timeout=1.db");
+  const Object connection = automation::create("ADODB.Connection");
+  connection.call("Open", "DRIVER={SQLite3};Timeout=250;Database={" + path("a;Timeout=1.db") + "}");
+  const auto completed = automation::to_text(
+      automation::to_object(connection.call("Properties", "Extended Properties")).get("Value"));
+  const Object again = automation::create("ADODB.Connection");
+  again.call("Open", completed);
+  EXPECT_EQ(automation::to_object(again.call("Properties", "Current Catalog")).get("Value"),
+            Value(path("a;Timeout=1.db")));
 }
 
 TEST_F(SqliteDatabaseTest, IsMadeForWhoSaysSo) {
