@@ -42,12 +42,22 @@ bool is_word(std::string_view value) {
   return !value.empty();
 }
 
+// By the first of the two words for it.
+const std::string* database_named(const ConnectionSource& source) {
+  for (const Keyword& keyword : source.keywords)
+    if (automation::equals_folded(keyword.name, "Database") ||
+        automation::equals_folded(keyword.name, "Initial Catalog"))
+      return &keyword.value;
+  return nullptr;
+}
+
 // For a string that names its file as the data source.
 std::string as_odbc_string(const ConnectionSource& source, const std::string& path) {
   std::string text = "DRIVER={SQLite3};Database=" + path;
   for (const Keyword& keyword : source.keywords)
     if (!automation::equals_folded(keyword.name, "Data Source") &&
-        !automation::equals_folded(keyword.name, "Database"))
+        !automation::equals_folded(keyword.name, "Database") &&
+        !automation::equals_folded(keyword.name, "Initial Catalog"))
       text.append(1, ';').append(keyword.name).append(1, '=').append(keyword.value);
   return text;
 }
@@ -71,7 +81,7 @@ bool means_sqlite_library(const ConnectionSource& source) {
 SqliteSource read_sqlite_source(const ConnectionSource& source) {
   refuse_reaching_keywords(source.odbc_string);
   SqliteSource result;
-  const std::string* const named = source.find("Database");
+  const std::string* const named = database_named(source);
   const std::string* const file = named ? nullptr : source.find("Data Source");
   if (const std::string* const path = named ? named : file) result.path = *path;
   if (result.path.empty())

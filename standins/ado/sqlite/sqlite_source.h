@@ -8,7 +8,7 @@ namespace tallyra::standins::ado {
 
 // What a connection string says of an SQLite database, by the keywords of its ODBC driver.
 struct SqliteSource {
-  std::string path = {};               // Database
+  std::string path = {};               // Database, or Initial Catalog
   int busy_time = 100000;              // Timeout: milliseconds to wait for a lock of another connection
   std::string synchronous = "NORMAL";  // SyncPragma
   std::string journal_mode = {};       // JournalMode; empty: as the database has it

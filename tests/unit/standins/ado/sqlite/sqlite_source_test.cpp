@@ -68,12 +68,22 @@ TEST(SqliteSource, HasTheKeywordsOfTheDriver) {
   EXPECT_EQ(read_sqlite_source(source_of("DRIVER={SQLite3};Database=x.db;Timeout=0")).busy_time, 1'000'000);
 }
 
+TEST(SqliteSource, TakesTheFirstOfTheTwoWordsForTheDatabase) {
+  EXPECT_EQ(read_sqlite_source(source_of("DRIVER={SQLite3};Initial Catalog=x.db")).path, "x.db");
+  EXPECT_EQ(read_sqlite_source(source_of("DRIVER={SQLite3};Initial Catalog=x.db;Database=y.db")).path,
+            "x.db");
+  EXPECT_EQ(read_sqlite_source(source_of("DRIVER={SQLite3};Database=y.db;Initial Catalog=x.db")).path,
+            "y.db");
+}
+
 TEST(SqliteSource, CanBeToldToTheOdbcDriver) {
   EXPECT_EQ(read_sqlite_source(source_of("DRIVER={SQLite3};Database=x.db;Timeout=5")).odbc_string,
             "DRIVER={SQLite3};Database=x.db;Timeout=5");
   EXPECT_EQ(read_sqlite_source(source_of("Data Source=/data/x.db;Timeout=5")).odbc_string,
             "DRIVER={SQLite3};Database=/data/x.db;Timeout=5");
   EXPECT_EQ(read_sqlite_source(source_of("Data Source=/data/x.db;Database=/data/y.db")).odbc_string,
+            "DRIVER={SQLite3};Database=/data/y.db");
+  EXPECT_EQ(read_sqlite_source(source_of("Data Source=/data/x.db;Initial Catalog=/data/y.db")).odbc_string,
             "DRIVER={SQLite3};Database=/data/y.db");
 }
 
