@@ -13,6 +13,9 @@ namespace {
 
 using Kind = Cell::Kind;
 
+// Added to a number it takes the sign off a zero, which the library writes without one.
+constexpr double positive_zero = 0.0;
+
 bool is_whole_number(DataType type) {
   return type == DataType::integer || type == DataType::small_int || type == DataType::unsigned_tiny_int ||
          type == DataType::big_int;
@@ -66,7 +69,7 @@ Cell cell_at(sqlite3_stmt* statement, int index, const Column& column, TextArena
     case SQLITE_INTEGER: return integer_at(statement, index, column, arena);
     case SQLITE_FLOAT:
       if (column.type == DataType::double_precision || is_whole_number(column.type) || column.undeclared)
-        return Cell::of_number(Kind::real, sqlite3_column_double(statement, index));
+        return Cell::of_number(Kind::real, sqlite3_column_double(statement, index) + positive_zero);
       break;
     case SQLITE_BLOB: {
       const std::string_view bytes = bytes_at(statement, index);

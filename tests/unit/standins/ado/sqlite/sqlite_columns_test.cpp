@@ -167,6 +167,17 @@ TEST_F(SqliteColumnsTest, OfExpressionsHaveTheTypesThatTheyHaveThroughOdbc) {
   for (const char* const sql : queries) expect_alike(sql);
 }
 
+// A zero with a sign, which -0.0 is to no client: it is written without one.
+TEST_F(SqliteColumnsTest, GiveAZeroWithoutItsSign) {
+  execute(library, "create table T(A double, B numeric(10,2), C)");
+  execute(library, "insert into T(A) values(0.0)");
+  for (const std::string sql : {"select -A from T", "select -0.0", "select -sum(A) from T"}) {
+    expect_alike(sql);
+    EXPECT_EQ(automation::to_text(scalar(library, sql)), "0") << sql;
+  }
+  expect_alike("select null as A union all select -0.0");
+}
+
 TEST_F(SqliteColumnsTest, GiveDoublesExactly) {
   execute(library, "create table T(A double)");
   execute(library, "insert into T(A) values(0.1)");
