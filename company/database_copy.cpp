@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "automation/convert.h"
+#include "company/client_tables.h"
 #include "company/database_place.h"
 #include "company/number_counters.h"
 #include "company/options.h"
@@ -103,6 +104,17 @@ void begin_new_tables(const AdoConnection& target, SchemaUpgrade& upgrade) {
   upgrade.add_tables();
 }
 
+bool has_client_journal(const AdoConnection& connection) {
+  return std::ranges::count(connection.relations(), client_journal_table().name) != 0;
+}
+
+void add_client_journal(Copy& copy, const AdoConnection& source, const AdoConnection& target) {
+  if (!has_client_journal(source)) return;
+  if (!has_client_journal(target))
+    target.execute(schema::create_table(target.engine(), client_journal_table()));
+  copy.add(client_journal_table(), source, target);
+}
+
 }  // namespace
 
 std::vector<TableCount> copy_database(const std::string& from, const std::string& to,
@@ -123,6 +135,7 @@ std::vector<TableCount> copy_database(const std::string& from, const std::string
     if (table.name == schema::version_table || table.name == schema::number_table) continue;
     copy.add(table, source, target);
   }
+  add_client_journal(copy, source, target);
   const NumberCounters numbers(source, target, target_place.connection_string);
   if (numbers.issued()) copy.add(number_counters_table(), numbers.source(), numbers.target());
   copy.copy();

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "automation/convert.h"
+#include "company/client_tables.h"
 #include "company/options.h"
 #include "company/schema_upgrade.h"
 
@@ -26,6 +27,16 @@ void check_columns(const AdoConnection& source, const schema::Table& table) {
     throw Refusal("the source has a column " + name + "." + *there.begin() +
                   ", which is not one of this system and would be lost");
   }
+}
+
+// A lock means that somebody is at work, and goes to no other database.
+void check_client_tables(const AdoConnection& source, std::set<std::string, std::less<>>& there) {
+  if (there.erase(std::string(client_lock_table)) != 0 &&
+      source.number("SELECT COUNT(*) FROM " + std::string(client_lock_table)) != 0) {
+    throw Refusal("somebody closes a month of the source; copy it when the lock is gone");
+  }
+  if (there.erase(std::string(client_journal_table().name)) != 0)
+    check_columns(source, client_journal_table());
 }
 
 }  // namespace
@@ -59,6 +70,7 @@ void check_source(const AdoConnection& source) {
                     "; bring it up to date with --schema-only first");
     }
   }
+  check_client_tables(source, there);
   if (!there.empty()) {
     throw Refusal("the source has a table " + *there.begin() +
                   ", which is not one of this system and would be left behind");

@@ -88,6 +88,18 @@ TEST_P(DatabaseCopy, CountersOfDocumentNumbersGoAlong) {
   EXPECT_EQ(counters.number("SELECT LASTNO FROM TABLEKEYS WHERE SERIES='CHECKISS240331'"), 7);
 }
 
+TEST_P(DatabaseCopy, TheJournalOfTheConsoleClientGoesAlong) {
+  const CopiedCompany source;
+  source.run(
+      {"CREATE TABLE TALLYRALOCK(LOCKKEY VARCHAR(20))",
+       "CREATE TABLE TALLYRAJOURNAL(SEQNO INTEGER NOT NULL,DONEAT VARCHAR(19),ACTION VARCHAR(40),"
+       "SUBJECT VARCHAR(100),RESULT VARCHAR(20),DETAIL VARCHAR(255),USERID VARCHAR(50),OSUSER VARCHAR(100),"
+       "HOSTNAME VARCHAR(255),PROCESSID INTEGER)",
+       "INSERT INTO TALLYRAJOURNAL(SEQNO,DONEAT,ACTION) VALUES(3,'2024/02/01 09:00:00','close')"});
+  source.copy_to(target());
+  EXPECT_EQ(AdoConnection(target()).number("SELECT SEQNO FROM TALLYRAJOURNAL WHERE ACTION='close'"), 3);
+}
+
 TEST_P(DatabaseCopy, AnEmptyTargetThatHasItsTablesAlreadyWillDo) {
   const CopiedCompany source;
   company::upgrade_schema(target());

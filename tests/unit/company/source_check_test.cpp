@@ -57,6 +57,13 @@ TEST(SourceCheck, ADatabaseIsNotCopiedIntoItself) {
   EXPECT_EQ(source.refusal(CopiedCompany::sqlite(source.path())), source.refusal(source.path()));
 }
 
+TEST(SourceCheck, ASourceWhoseMonthSomebodyClosesIsLeftAlone) {
+  const CopiedCompany source;
+  source.run({"CREATE TABLE TALLYRALOCK(LOCKKEY VARCHAR(20))", "INSERT INTO TALLYRALOCK VALUES('CLOSE')"});
+  EXPECT_EQ(source.refusal(source.file("target.db")),
+            "somebody closes a month of the source; copy it when the lock is gone");
+}
+
 // Of a database from before versions nothing is missing but the version.
 TEST(SourceCheck, ASourceFromBeforeVersionsIsNone) {
   const CopiedCompany source;
