@@ -6,9 +6,12 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "tests/unit/schema/example_table.h"
+
 namespace {
 
 using namespace tallyra::schema;
+using namespace tallyra::tests;
 
 std::string checked_in(const std::string& engine) {
   std::ifstream file(std::string(SCHEMA_FOLDER) + "/" + engine + ".sql", std::ios::binary);
@@ -25,64 +28,6 @@ TEST(SchemaScripts, AreThoseThatTheDescriptionMakes) {
 TEST(SchemaScripts, AreWrittenForKnownEnginesOnly) {
   EXPECT_THROW(engine_named("SQLite"), std::invalid_argument);
   EXPECT_THROW(engine_named(""), std::invalid_argument);
-}
-
-constexpr Column code{.name = "CODE", .kind = Kind::text, .length = 5, .nullable = false};
-constexpr Column store{.name = "STORE", .kind = Kind::text, .length = 7, .trailing_blanks_count = false};
-constexpr Column day{.name = "DAY", .kind = Kind::date, .compared = true};
-constexpr Column quantity{.name = "QTY", .kind = Kind::number, .initial = "0"};
-constexpr Column place{.name = "SN", .kind = Kind::integer};
-
-const Table things{.name = "THINGS",
-                   .subject = {},
-                   .note = {},
-                   .columns = {code, store, day, quantity, place},
-                   .key = {"CODE"},
-                   .stored_by_key = true};
-
-struct Words {
-  Engine engine;
-  const char* table;
-};
-
-TEST(SchemaScripts, SayATableInTheWordsOfEachEngine) {
-  const Words all[] = {
-      {Engine::sqlite,
-       "CREATE TABLE THINGS(\n"
-       "  CODE  VARCHAR(5) NOT NULL PRIMARY KEY,\n"
-       "  STORE VARCHAR(7) COLLATE RTRIM,\n"
-       "  DAY   TIMESTAMP CONSTRAINT DAY_IS_A_DATE CHECK(DAY IS strftime('%Y-%m-%d %H:%M:%S', DAY, '+0 "
-       "days')),\n"
-       "  QTY   DOUBLE DEFAULT 0,\n"
-       "  SN    INTEGER\n"
-       ") WITHOUT ROWID"},
-      {Engine::postgresql,
-       "CREATE TABLE THINGS(\n"
-       "  CODE  varchar(5) COLLATE \"C\" NOT NULL PRIMARY KEY,\n"
-       "  STORE bpchar COLLATE \"C\" CHECK(length(STORE)<=7),\n"
-       "  DAY   timestamp(0) CONSTRAINT DAY_IS_A_DATE CHECK(DAY BETWEEN '0100-01-01' AND '9999-12-31 "
-       "23:59:59'),\n"
-       "  QTY   double precision DEFAULT 0,\n"
-       "  SN    integer\n"
-       ")"},
-      {Engine::sqlserver,
-       "CREATE TABLE THINGS(\n"
-       "  CODE  NVARCHAR(5) COLLATE Latin1_General_BIN2 NOT NULL PRIMARY KEY,\n"
-       "  STORE NVARCHAR(7) COLLATE Latin1_General_BIN2,\n"
-       "  DAY   DATETIME,\n"
-       "  QTY   FLOAT DEFAULT 0,\n"
-       "  SN    INT\n"
-       ")"},
-      {Engine::access,
-       "CREATE TABLE THINGS(\n"
-       "  CODE  TEXT(5) NOT NULL PRIMARY KEY,\n"
-       "  STORE TEXT(7),\n"
-       "  DAY   DATETIME,\n"
-       "  QTY   DOUBLE DEFAULT 0,\n"
-       "  SN    LONG\n"
-       ")"},
-  };
-  for (const auto& [engine, table] : all) EXPECT_EQ(create_table(engine, things), table);
 }
 
 TEST(SchemaScripts, AKeyOfSeveralColumnsStandsBehindThem) {

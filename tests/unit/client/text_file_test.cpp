@@ -1,0 +1,30 @@
+#include "client/text_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "tests/support/test_folder.h"
+#include "tests/unit/client/usage_error_text.h"
+
+namespace tallyra::client {
+namespace {
+
+TEST(TextFile, IsReadWholeAndByteByByte) {
+  const tests::TestFolder folder;
+  const std::string path = folder.file("tëxt.csv");
+  const std::string content("a\r\n\0\xEF\xBB\xBF b", 9);
+  std::ofstream(path, std::ios::binary) << content;
+  EXPECT_EQ(text_of_file(path), content);
+}
+
+TEST(TextFile, IsNamedWhenItCannotBeRead) {
+  const tests::TestFolder folder;
+  const std::string missing = folder.file("missing.csv");
+  EXPECT_EQ(usage_error_text([&] { text_of_file(missing); }), "'" + missing + "': no such file");
+  EXPECT_EQ(usage_error_text([&] { require_readable(folder.path()); }),
+            "'" + folder.path() + "' is a directory, no file");
+}
+
+}  // namespace
+}  // namespace tallyra::client
