@@ -8,6 +8,7 @@
 #   check           of the gate, see check.sh, the checks of form, links and what must not compile; FILTER is the name
 #                   of another
 #   demo            the demo, which checks what it shows
+#   demo-postgres   the demo on a database server of its own, too
 #   bench           the limits of the benchmark in its smaller sizes
 #   sanitize        the native tests under the address and undefined-behaviour sanitizers
 #   windows         the Windows build under Wine
@@ -15,7 +16,7 @@
 #   demo-dll        the demo through the DLL
 source "$(dirname "$0")/setup.sh"
 
-levels=(check release demo bench sanitize windows windows-german demo-dll)
+levels=(check release demo demo-postgres bench sanitize windows windows-german demo-dll)
 only=${1:-} filter=${2:-}
 case " ${levels[*]} " in
   *" ${only:-release} "*) [ -z "$only" ] || levels=("$only") ;;
@@ -93,7 +94,14 @@ built() {
 built_native() { built "$1" build "$1"; }
 built_windows() { built windows "$repository/scripts/build-windows.sh"; }
 
-level_release() { ! built_native release || run_level release release; }
+# What tests of the console client look through: a terminal, and a browser for the page of a report. Where they cannot
+# be had those tests are left out and say so.
+setup_viewers() { [ -n "${viewers:-}" ] || { viewers=tried && install_packages tmux chromium; } || true; }
+
+level_release() {
+  setup_viewers
+  ! built_native release || run_level release release
+}
 # The other checks of the gate either build for minutes or do not hold yet.
 level_check() {
   local checks=(format text links refused)
@@ -101,8 +109,14 @@ level_check() {
   run_script check "$repository/scripts/check.sh" "${checks[@]}"
 }
 level_demo() { [ "${builds[release]:-}" = bad ] || run_script demo "$repository/scripts/demo.sh"; }
+level_demo_postgres() {
+  [ "${builds[release]:-}" = bad ] || run_script demo-postgres "$repository/scripts/demo.sh" --postgres
+}
 level_bench() { [ "${builds[release]:-}" = bad ] || run_script bench "$repository/scripts/bench.sh" --quick; }
-level_sanitize() { ! built_native sanitize || run_level sanitize sanitize; }
+level_sanitize() {
+  setup_viewers
+  ! built_native sanitize || run_level sanitize sanitize
+}
 level_windows() { ! built_windows || run_level windows windows; }
 level_windows_german() {
   ! built_windows || TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level windows-german windows
