@@ -1,7 +1,8 @@
-#include "automation/collection.h"
+#include "automation/com/collection_object.h"
 
 #include <gtest/gtest.h>
 
+#include "automation/collection.h"
 #include "automation/com/com_proxy.h"
 #include "automation/com/module.h"
 #include "automation/com/object_passage.h"
@@ -163,72 +164,6 @@ TEST_F(CollectionOverCom, ForEachVisitsEveryItemWhicheverFlagAsksForIt) {
       visited += *value_in(item.raw()).get_if<std::string>();
     EXPECT_EQ(visited, "abc");
   }
-}
-
-TEST_F(CollectionOverCom, AnEnumeratorSkipsStartsAgainAndIsCopied) {
-  fill();
-  const auto items = enumerator(DISPATCH_METHOD);
-  VARIANT fetched[4];
-  ULONG count = 99;
-  ASSERT_EQ(items->Next(4, fetched, &count), S_FALSE);
-  EXPECT_EQ(count, 3U);
-  for (ULONG i = 0; i < count; ++i) VariantClear(&fetched[i]);
-  EXPECT_EQ(items->Reset(), S_OK);
-  EXPECT_EQ(items->Skip(2), S_OK);
-  Pointer<IEnumVARIANT> copy;
-  ASSERT_EQ(items->Clone(copy.out()), S_OK);
-  EXPECT_EQ(items->Skip(2), S_FALSE);
-  Variant item;
-  ASSERT_EQ(copy->Next(1, &item.raw(), &count), S_OK);
-  EXPECT_EQ(value_in(item.raw()), Value("c"));
-}
-
-TEST_F(CollectionOverCom, AnEnumeratorSeesTheCollectionAsItIs) {
-  fill();
-  const auto items = enumerator(DISPATCH_METHOD);
-  Variant item;
-  ASSERT_EQ(items->Next(1, &item.raw(), nullptr), S_OK);
-  object_.call("Remove", 3);
-  object_.call("Remove", 2);
-  Variant none;
-  EXPECT_EQ(items->Next(1, &none.raw(), nullptr), S_FALSE);
-  object_.call("Add", "late");
-  ASSERT_EQ(items->Next(1, &none.raw(), nullptr), S_OK);
-  EXPECT_EQ(value_in(none.raw()), Value("late"));
-}
-
-TEST_F(CollectionOverCom, AnEnumeratorMissesNothingWhenWhatItVisitsGoes) {
-  fill();
-  const auto items = enumerator(DISPATCH_METHOD);
-  Pointer<IEnumVARIANT> copy;
-  ASSERT_EQ(items->Clone(copy.out()), S_OK);
-  std::string visited;
-  for (Variant item; items->Next(1, &item.raw(), nullptr) == S_OK; item = Variant()) {
-    visited += *value_in(item.raw()).get_if<std::string>();
-    object_.call("Remove", 1);
-  }
-  EXPECT_EQ(visited, "abc");
-  Variant none;
-  EXPECT_EQ(copy->Next(1, &none.raw(), nullptr), S_FALSE);
-}
-
-TEST_F(CollectionOverCom, AnEnumeratorRefusesNullPointers) {
-  const auto items = enumerator(DISPATCH_METHOD);
-  VARIANT item;
-  EXPECT_EQ(items->Next(1, nullptr, nullptr), E_POINTER);
-  EXPECT_EQ(items->Next(2, &item, nullptr), E_POINTER);
-  EXPECT_EQ(items->Clone(nullptr), E_POINTER);
-  EXPECT_EQ(items->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-}
-
-TEST_F(CollectionOverCom, ItsOwnSideGetsTheObjectBackTheOtherSideCallsIt) {
-  const Object own = automation::make_object<automation::Collection>();
-  const auto handed_out = automation::com::dispatch_of(own, Role::callee);
-  EXPECT_EQ(automation::com::object_of(handed_out.get(), Role::callee), own);
-  const Object seen = automation::com::object_of(handed_out.get(), Role::caller);
-  EXPECT_NE(seen, own);
-  seen.call("Add", "x");
-  EXPECT_EQ(own.get("Count"), Value(1));
 }
 
 TEST_F(CollectionOverCom, KeepsTheModuleLoadedAsLongAsItIsHeld) {

@@ -1,5 +1,3 @@
-#include "frame/collaborators.h"
-
 #include <gtest/gtest.h>
 #include <objbase.h>
 #include <objidl.h>
@@ -8,6 +6,7 @@
 
 #include "automation/collection.h"
 #include "automation/com/module.h"
+#include "frame/collaborators.h"
 #include "tests/com/business_objects.h"
 #include "tests/com/own_apartment.h"
 
