@@ -5,8 +5,8 @@
 #   test.sh LEVEL [FILTER]       one; of the tests that CTest runs only those whose name fits FILTER (ctest -R)
 #
 #   release         the native tests
-#   check           of the gate, see check.sh, the checks of form, links and what must not compile; FILTER is the name
-#                   of another
+#   check           of the gate, see check.sh, what neither takes minutes nor a quiet machine; FILTER is the name of
+#                   another check
 #   demo            the demo, which checks what it shows
 #   demo-postgres   the demo on a database server of its own, too
 #   bench           the limits of the benchmark in its smaller sizes
@@ -102,9 +102,9 @@ level_release() {
   setup_viewers
   ! built_native release || run_level release release
 }
-# The other checks of the gate either build for minutes or do not hold yet.
+# The other checks of the gate take minutes, or a quiet machine.
 level_check() {
-  local checks=(format text links refused)
+  local checks=(format text links counts refused)
   [ -z "$filter" ] || checks=("$filter")
   run_script check "$repository/scripts/check.sh" "${checks[@]}"
 }

@@ -55,8 +55,8 @@ my @lists = (
   qr{^standins/\w+/(?:local|com/served)_classes\.cpp$},
   qr{^server/com/(?:served_classes|guids)\.cpp$},
   qr{^client/(?:native|windows)_classes\.cpp$},
-  # The texts of one language: err_msg_test.cpp holds each to every message there is.
-  qr{^standins/lexbank/(?:chinese|english|german)\.cpp$},
+  # The texts of one language: err_msg_test.cpp and words_test.cpp ask for them in every language.
+  qr{^(?:standins/lexbank/|client/report/words_)(?:chinese|english|german)\.cpp$},
   # The tables of one subject of the schema: description_test.cpp and script_test.cpp hold all of them to the rules of
   # a description and to the scripts.
   qr{^schema/(?:administration|closing_and_costing|master_data|stock_documents|stocktaking|surrounding_\w+)\.cpp$},
