@@ -71,7 +71,8 @@ sub check_lines {
 }
 
 my @sections = sections('.editorconfig');
-for my $path (@ARGV) {
+# A picture is no text.
+for my $path (grep { !/\.png$/ } @ARGV) {
   my %wanted;
   for my $section (@sections) {
     %wanted = (%wanted, %{ $section->{properties} }) if $path =~ $section->{pattern};

@@ -56,6 +56,8 @@ expect 'frame/sql.cpp:1: 121 characters, 120 fit' text frame/sql.cpp
 # Characters count, not bytes.
 printf '%0118d\303\274\303\274\n' 0 >frame/sql.cpp
 expect '' text frame/sql.cpp
+printf '\211PNG' >docs/picture.png
+expect '' text docs/picture.png
 printf 'a  \n' >tests/unit/frame/kept.txt
 expect '' text tests/unit/frame/kept.txt
 echo 'tab_width = 8' >>.editorconfig
