@@ -87,6 +87,8 @@ StatementResult SqliteSession::run_text(std::string_view sql, bool count_affecte
   const bool changes_schema = dialect_.changes_schema();
   StatementResult result = step(statement.get(), text, count_affected);
   if (changes_schema) {
+    // A ROLLBACK as a text: what a commit would report as done is gone.
+    if (transaction_open_ && sqlite3_get_autocommit(database_.get()) != 0) transaction_lost_ = true;
     schema_changed_here_ = in_transaction_;
     forget_schema();
   }

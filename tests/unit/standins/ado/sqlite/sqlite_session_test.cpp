@@ -150,5 +150,16 @@ TEST_F(SqliteSessionTest, DoesNotCommitWhatTheDatabaseHasRolledBack) {
   execute(connection, "insert into T(A) values(3)");
 }
 
+TEST_F(SqliteSessionTest, DoesNotCommitWhatATextHasRolledBack) {
+  execute(connection, "create table T(A integer)");
+  connection.call("BeginTrans");
+  execute(connection, "insert into T(A) values(1)");
+  execute(connection, "rollback");
+  EXPECT_NE(error_of([&] { execute(connection, "insert into T(A) values(2)"); }), 0);
+  EXPECT_NE(error_of([&] { connection.call("CommitTrans"); }), 0);
+  connection.call("RollbackTrans");
+  EXPECT_EQ(scalar(connection, "select count(*) from T"), Value(0));
+}
+
 }  // namespace
 }  // namespace tallyra::standins::ado::test
