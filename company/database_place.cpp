@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <string_view>
 #include <system_error>
 
 #include "automation/folded_name.h"
@@ -19,9 +20,38 @@ bool is_there(const std::string& file) {
   return fs::exists(file, ignored);
 }
 
+// What a connection string says, or the string for ODBC within it.
+class Said {
+ public:
+  explicit Said(const std::string& connection_string)
+      : outer_(connection_string), inner_(outer_.value("Extended Properties")) {}
+
+  std::string value(std::string_view keyword) const {
+    const std::string outer = outer_.value(keyword);
+    return outer.empty() ? inner_.value(keyword) : outer;
+  }
+
+ private:
+  standins::corvane::ConnectionString outer_;
+  standins::corvane::ConnectionString inner_;
+};
+
+// By the strings that mean SQLite to ADO: they name its driver, or a file where others name a data source.
 std::string sqlite_file_of(const std::string& connection_string) {
-  const standins::corvane::ConnectionString parts(connection_string);
-  return automation::equals_folded(parts.value("Driver"), "SQLite3") ? parts.value("Database") : "";
+  const Said said(connection_string);
+  if (!said.value("DSN").empty()) return {};
+  const std::string database = said.value("Database");
+  const std::string named = database.empty() ? said.value("Initial Catalog") : database;
+  const std::string driver = said.value("Driver");
+  if (automation::equals_folded(driver, "SQLite3")) return named;
+  const std::string file = said.value("Data Source");
+  if (!driver.empty() || !said.value("Provider").empty()) return {};
+  if (file.find('/') == std::string::npos && (file.empty() || !is_there(file))) return {};
+  return named.empty() ? file : named;
+}
+
+void refuse_memory(const std::string& file) {
+  if (file == ":memory:") throw Refusal("a database in memory is gone when this program ends");
 }
 
 }  // namespace
@@ -31,8 +61,10 @@ DatabasePlace::DatabasePlace(const std::string& text) {
   if (text.find('=') != std::string::npos && !is_there(text)) {
     connection_string = text;
     file = sqlite_file_of(text);
+    refuse_memory(file);
     return;
   }
+  refuse_memory(text);
   if (fs::is_directory(text)) throw Refusal("'" + text + "' is a folder");
   standins::corvane::ConnectionString parts("DRIVER={SQLite3}");
   parts.set("Database", text);

@@ -83,7 +83,8 @@ void ConnectionString::remove(std::string_view key) {
 
 void ConnectionString::set(std::string_view key, std::string_view value) {
   remove(key);
-  const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos;
+  const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos &&
+                     automation::trimmed(value) == value;
   parts_.push_back({std::string(key), plain ? std::string(value) : '{' + with_doubled(value, '}') + '}'});
 }
 

@@ -27,6 +27,29 @@ TEST(DatabasePlace, AConnectionStringIsTakenAsItIs) {
   EXPECT_EQ(DatabasePlace("driver=sqlite3;Timeout=5;database=/srv/c.db").file, "/srv/c.db");
 }
 
+TEST(DatabasePlace, AConnectionStringTellsTheFileInEveryWayThatMeansSqlite) {
+  for (const char* text :
+       {"DRIVER={SQLite3};Initial Catalog=/srv/c.db", "Data Source=/srv/c.db;Timeout=5",
+        "Extended Properties=\"DRIVER={SQLite3};Database=/srv/c.db\"",
+        "Data Source=/srv/x.db;Database=/srv/c.db", "Provider=MSDASQL;DRIVER={SQLite3};Database=/srv/c.db"}) {
+    EXPECT_EQ(DatabasePlace(text).connection_string, text);
+    EXPECT_EQ(DatabasePlace(text).file, "/srv/c.db") << text;
+  }
+  for (const char* text :
+       {"Data Source=stock", "Provider=MSDASQL;Data Source=/srv/c.db",
+        "DRIVER={FreeTDS};Data Source=/srv/c.db", "DRIVER={SQLite3};DSN=stock;Database=/srv/c.db"})
+    EXPECT_EQ(DatabasePlace(text).file, "") << text;
+}
+
+TEST(DatabasePlace, APathWithBlanksAroundItKeepsThem) {
+  EXPECT_EQ(DatabasePlace(" c.db ").connection_string, "DRIVER={SQLite3};Database={ c.db };Timeout=10000");
+}
+
+TEST(DatabasePlace, MemoryIsNoPlaceForACompany) {
+  EXPECT_THROW(DatabasePlace(":memory:"), Refusal);
+  EXPECT_THROW(DatabasePlace("DRIVER={SQLite3};Database=:memory:"), Refusal);
+}
+
 TEST(DatabasePlace, AFileThatIsThereMayHaveAnEqualsSignInItsName) {
   const TestFolder folder;
   const std::string file = folder.file("year=2024.db");

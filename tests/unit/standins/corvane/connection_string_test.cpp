@@ -41,6 +41,7 @@ TEST(ConnectionString, AValueTakesThePlaceOfEveryOther) {
       {"DRIVER={SQLite3};Database=/a.db;Timeout=5", "/b.db", "DRIVER={SQLite3};Timeout=5;Database=/b.db"},
       {"DSN=stock", "/b c.db", "DSN=stock;Database=/b c.db"},
       {"database={/a;b};DATABASE=x", "/a;}b.db", "Database={/a;}}b.db}"},
+      {"DSN=stock", " a.db", "DSN=stock;Database={ a.db}"},
       {"", "", "Database="},
   };
   for (const auto& row : cases) {
