@@ -9,61 +9,74 @@
 #
 # With --postgres it happens twice too, on the embedded database and on a PostgreSQL server of the demo's own, which
 # runs in a temporary folder and is gone afterwards. Both have to print the same and to store the same rows.
+#
+# With both, the second time is Tallyra.dll on that server, through the ODBC driver.
 source "$(dirname "$0")/setup.sh"
 
-case "${1:-}" in
-  '') through_dll=no folder=$repository/build/demo ;;
-  --dll) through_dll=yes folder=$repository/build/demo-dll ;;
-  --postgres) through_dll=no folder=$repository/build/demo-postgres ;;
-  *)
-    echo "usage: demo.sh [--dll|--postgres]" >&2
-    exit 2
-    ;;
-esac
+classes=native engine=sqlite
+for option in "$@"; do
+  case $option in
+    --dll) classes=dll ;;
+    --postgres) engine=postgresql ;;
+    *)
+      echo "usage: demo.sh [--dll] [--postgres]" >&2
+      exit 2
+      ;;
+  esac
+done
+first=$repository/build/demo folder=$repository/build/demo
+[ "$classes" = native ] || folder+=-dll
+[ "$engine" = sqlite ] || folder+=-postgres
 mkdir -p "$folder"
 cd "$repository"
 
-# story native|dll|server FOLDER, see demo/story.sh
+# story CLASSES ENGINE FOLDER, see demo/story.sh
 story() {
-  mkdir -p "$2"
-  "$repository/scripts/demo/story.sh" "$1" "$2" 2>&1 | tee "$2/printed.txt"
+  mkdir -p "$3"
+  "$repository/scripts/demo/story.sh" "$@" 2>&1 | tee "$3/printed.txt"
+}
+
+prepare_dll() {
+  "$repository/scripts/build-windows.sh" Tallyra tallyra_{ado,lexbank,corvane}_dll tallyra-client \
+    >"$folder/build.txt" || { cat "$folder/build.txt" && exit 1; }
+  export TALLYRA_WINE_PREFIX=$repository/build/wine/demo-prefix
+  source "$repository/scripts/wine.sh"
+  say "Registering Tallyra.dll and what it works with under Wine"
+  make_wine_prefix "$TALLYRA_WINE_PREFIX"
+  start_wine
+  register_dll build/windows/bin/{Tallyra,adodb,lexbank,corvane}.dll
+}
+
+# What was started last ends first.
+clean_up() {
+  [ -z "${server_folder:-}" ] || stop_server
+  [ "$classes" = native ] || [ -z "${wine_root:-}" ] || stop_wine
 }
 
 setup_native
 say "Building"
 build release tallyra-client tallyra-company | tail -n 1
 
-tell_native_story() {
+if [ "$folder" != "$first" ]; then
   say "The same demo with the native classes on the embedded database, to compare with"
-  story native "$repository/build/demo" >"$folder/native.txt" || { cat "$folder/native.txt" && exit 1; }
-}
-
-if [ "${1:-}" = --postgres ]; then
-  tell_native_story
+  story native sqlite "$first" >"$folder/native.txt" || { cat "$folder/native.txt" && exit 1; }
+  trap clean_up EXIT
+fi
+[ "$classes" = native ] || prepare_dll
+if [ "$engine" = postgresql ]; then
   source "$repository/scripts/demo/server.sh"
   say "Starting a PostgreSQL server"
-  trap stop_server EXIT
   start_server
-  story server "$folder"
-  "$repository/scripts/demo/compare_server.sh" "$repository/build/demo" "$folder"
+fi
+
+story "$classes" "$engine" "$folder"
+if [ "$engine" = postgresql ]; then
+  "$repository/scripts/demo/compare_server.sh" "$first" "$folder"
   say "All checks passed. The server is stopped and removed"
   exit
-elif [ "$through_dll" = no ]; then
-  story native "$folder"
-  "$repository/scripts/demo/administrator.sh" "$folder"
-else
-  tell_native_story
-  "$repository/scripts/build-windows.sh" >"$folder/build.txt" || { cat "$folder/build.txt" && exit 1; }
-  export TALLYRA_WINE_PREFIX=$repository/build/wine/demo-prefix
-  source "$repository/scripts/wine.sh"
-  say "Registering Tallyra.dll and what it works with under Wine"
-  make_wine_prefix "$TALLYRA_WINE_PREFIX"
-  start_wine
-  trap stop_wine EXIT
-  register_dll build/windows/bin/{Tallyra,adodb,lexbank,corvane}.dll
-  story dll "$folder"
-  "$repository/scripts/demo/compare.sh" "$repository/build/demo" "$folder"
 fi
+if [ "$classes" = dll ]; then "$repository/scripts/demo/compare.sh" "$first" "$folder"
+else "$repository/scripts/demo/administrator.sh" "$folder"; fi
 database=${folder#"$repository/"}/company.db
 say "All checks passed. The database stays in $database; try"
 echo "   build/release/bin/tallyra-client --db $database --user ADMIN status"

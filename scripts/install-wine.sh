@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs Wine for 32-bit programs with its SQLite ODBC driver. Does nothing where that works already.
+# Installs Wine for 32-bit programs with the ODBC drivers for SQLite and PostgreSQL. Does nothing where that works
+# already.
 #
 # A 32-bit library must have exactly the version of its 64-bit twin. On a machine that has taken updates which
 # the 32-bit archive does not offer, installing Wine would therefore downgrade or remove libraries of the
@@ -18,7 +19,7 @@
 source "$(dirname "$0")/setup.sh"
 source "$(dirname "$0")/wine.sh"
 
-wine_packages=(wine wine32 libsqliteodbc libodbc2 odbcinst)
+wine_packages=(wine wine32 libsqliteodbc odbc-postgresql libodbc2 odbcinst)
 
 # The archive that this machine installs Debian 12 from.
 debian_mirror() {
@@ -98,7 +99,7 @@ unpack_wine() {
         --exclude="./usr/share/doc/*" --exclude="./usr/share/man/*" --exclude="./usr/share/locale/*" \
         --exclude="./usr/share/iso-codes/*"' unpack ARCHIVE "$wine_root"
     echo 'root:x:0:0::/:' >"$wine_root/etc/passwd"
-    printf '[SQLite3]\nDescription=SQLite3 ODBC Driver\nDriver=libsqlite3odbc.so\n' \
+    printf '[%s]\nDriver=%s\n' SQLite3 libsqlite3odbc.so 'PostgreSQL Unicode' psqlodbcw.so \
       >"$wine_root/etc/odbcinst.ini"
     [ ! -e /etc/localtime ] || cp -P /etc/localtime "$wine_root/etc/localtime"
     archive=$(find "$folder/archives" -name 'libwine_*.deb')

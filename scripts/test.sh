@@ -14,9 +14,10 @@
 #   windows         the Windows build under Wine
 #   windows-german  the same as a German user, for whom statements, numbers and dates must not be others
 #   demo-dll        the demo through the DLL
+#   demo-dll-postgres  the demo through the DLL on a database server of its own
 source "$(dirname "$0")/setup.sh"
 
-levels=(check release demo demo-postgres bench sanitize windows windows-german demo-dll)
+levels=(check release demo demo-postgres bench sanitize windows windows-german demo-dll demo-dll-postgres)
 only=${1:-} filter=${2:-}
 case " ${levels[*]} " in
   *" ${only:-release} "*) [ -z "$only" ] || levels=("$only") ;;
@@ -122,6 +123,9 @@ level_windows_german() {
   ! built_windows || TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level windows-german windows
 }
 level_demo_dll() { ! built_windows || run_script demo-dll "$repository/scripts/demo.sh" --dll; }
+level_demo_dll_postgres() {
+  ! built_windows || run_script demo-dll-postgres "$repository/scripts/demo.sh" --dll --postgres
+}
 
 for level in "${levels[@]}"; do "level_${level//-/_}"; done
 

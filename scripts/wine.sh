@@ -199,13 +199,14 @@ stop_wine() {
   wine_command wineserver -w
 }
 
-# Whether Wine runs a 32-bit program here and has the SQLite ODBC driver for it.
+# Whether Wine runs a 32-bit program here and has the ODBC drivers for it.
 wine_works() {
-  local status=0
-  if ! wine_is_unpacked; then
-    [ -x "$(command -v wine)" ] && [ -f "$(wine_typelib_folder)/stdole2.tlb" ] &&
-      [ -f /usr/lib/i386-linux-gnu/odbc/libsqlite3odbc.so ] || return 1
-  fi
+  local status=0 driver root=''
+  if wine_is_unpacked; then root=$wine_root
+  else [ -x "$(command -v wine)" ] && [ -f "$(wine_typelib_folder)/stdole2.tlb" ] || return 1; fi
+  for driver in libsqlite3odbc psqlodbcw; do
+    [ -f "$root/usr/lib/i386-linux-gnu/odbc/$driver.so" ] || return 1
+  done
   (
     exec </dev/null >/dev/null 2>&1
     make_wine_template && TALLYRA_WINE_PREFIX=$wine_template wine_command wine cmd /c exit 7

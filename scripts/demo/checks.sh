@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # What the demo and the tests of the sample clients look at a company database with: queries of their own, and checks
-# whose failures are counted. To be sourced; works on $database. When the company is on a server, $classes is "server"
-# and $database a mirror of it, renewed when something was called since.
+# whose failures are counted. To be sourced; works on $database. When the company is on a server, $engine is
+# "postgresql" and $database a mirror of it, renewed when something was called since.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 renew_mirror() {
-  [ "${classes:-native}" = server ] && [ -e "$folder/called" ] || return 0
+  [ "${engine:-sqlite}" = postgresql ] && [ -e "$folder/called" ] || return 0
   rm -f "$folder/called"
   mirror stock "$folder/company.db"
 }

@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# How the demo reaches the classes: natively, or through Tallyra.dll under Wine. To be sourced after wine.sh; works on
-# $database and in $folder, through what $classes says: native, dll, or server, which is native with the company on the
-# server that $place leads to.
+# How the demo reaches the classes: natively, or through Tallyra.dll under Wine, as $classes says (native or dll). To be
+# sourced after wine.sh; works in $folder, on the file $database, or on the server that $place leads to.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 client() {
+  touch "$folder/called"
   if [ "$classes" = dll ]; then
-    wine_run build/windows/bin/tallyra-client.exe --db "$database" --user ADMIN "$@" | tr -d '\r'
+    wine_run build/windows/bin/tallyra-client.exe --db "${place:-$database}" --user ADMIN "$@" | tr -d '\r'
   else
-    touch "$folder/called"
     build/release/bin/tallyra-client --db "${place:-$database}" --user ADMIN "$@"
   fi
 }
@@ -29,9 +28,11 @@ dated() {
 
 # sample NAME ARGUMENTS...: one of the VBScript clients. What it prints is shown without its last line.
 sample() {
-  local script=samples/vbscript/$1.vbs
+  local script=samples/vbscript/$1.vbs connection=${place:-}
+  [ -n "$connection" ] || connection="DRIVER={SQLite3};Database=$database"
   shift
-  wine_client "$script" "DRIVER={SQLite3};Database=$database" ADMIN "$@" >"$folder/script.txt" ||
+  touch "$folder/called"
+  wine_client "$script" "$connection" ADMIN "$@" >"$folder/script.txt" ||
     { cat "$folder/script.txt" >&2 && return 1; }
   sed '$d' "$folder/script.txt"
 }

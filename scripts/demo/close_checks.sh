@@ -72,7 +72,7 @@ check_second_run() {
 check_undoing() {
   local after
   after=$(close_state)
-  if [ "$classes" = server ]; then
+  if [ "$engine" = postgresql ]; then
     on_server -d postgres -c 'CREATE DATABASE undone TEMPLATE stock'
     place=$(connection_to undone) call CStockClose Delete $month_2
     mirror undone "$folder/undone.db"

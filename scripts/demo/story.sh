@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# story.sh native|dll|server FOLDER: what the demo shows, with the native classes or those of Tallyra.dll, on a database
-# that it makes in the folder; or with the native classes on the server that runs. Prints the same with each.
+# story.sh native|dll sqlite|postgresql FOLDER: what the demo shows, with the native classes or those of Tallyra.dll, on
+# a database that it makes in the folder or on the server that runs. Prints the same with each.
 source "$(dirname "$0")/../setup.sh"
-classes=$1 folder=$2 database=$2/company.db
+classes=$1 engine=$2 folder=$3 database=$3/company.db
 source "$repository/scripts/wine.sh"
 source "$repository/scripts/demo/server.sh"
 for chapter in checks classes documents issue purchase_return stocktaking counting month_end close_checks; do
@@ -12,7 +12,7 @@ cd "$repository"
 
 say "A company of 6 departments, 300 parts and 20,000 movement lines in three months"
 build/release/bin/tallyra-company --db "$database" --schema schema/sqlite.sql --force
-if [ "$classes" = server ]; then
+if [ "$engine" = postgresql ]; then
   place=$(connection_to stock)
   on_server -d postgres -c "CREATE DATABASE stock TEMPLATE template0"
   build/release/bin/tallyra-company --copy "$database" "$place" >"$folder/copied.txt"

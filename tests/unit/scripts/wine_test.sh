@@ -2,7 +2,7 @@
 # How Wine and what belongs to it are installed on a machine one of whose package indexes does not answer.
 source "$(dirname "$0")/machine.sh"
 touch "$unreachable"
-wanted="install wine wine32:i386 libsqliteodbc:i386 libodbc2:i386 odbcinst"
+wanted="install wine wine32:i386 libsqliteodbc:i386 odbc-postgresql:i386 libodbc2:i386 odbcinst"
 
 # The made-up machine runs no Wine in the end: what counts is that it was asked for.
 TALLYRA_WINE_RECIPE=machine bash "$scripts/install-wine.sh" >/dev/null 2>&1 || true
