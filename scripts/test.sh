@@ -4,16 +4,16 @@
 #   test.sh                      every level, in this order
 #   test.sh LEVEL [FILTER]       one; of the tests that CTest runs only those whose name fits FILTER (ctest -R)
 #
-#   release         the native tests
-#   check           of the gate, see check.sh, what neither takes minutes nor a quiet machine; FILTER is the name of
-#                   another check
-#   demo            the demo, which checks what it shows
-#   demo-postgres   the demo on a database server of its own, too
-#   bench           the limits of the benchmark in its smaller sizes
-#   sanitize        the native tests under the address and undefined-behaviour sanitizers
-#   windows         the Windows build under Wine
-#   windows-german  the same as a German user, for whom statements, numbers and dates must not be others
-#   demo-dll        the demo through the DLL
+#   release            the native tests
+#   check              of the gate, see check.sh, what neither takes minutes nor a quiet machine; FILTER is the name of
+#                      another check
+#   demo               the demo, which checks what it shows
+#   demo-postgres      the demo on a database server of its own, too
+#   bench              the limits of the benchmark in its smaller sizes
+#   sanitize           the native tests under the address and undefined-behaviour sanitizers
+#   windows            the Windows build under Wine
+#   windows-german     the same as a German user, for whom statements, numbers and dates must not be others
+#   demo-dll           the demo through the DLL
 #   demo-dll-postgres  the demo through the DLL on a database server of its own
 source "$(dirname "$0")/setup.sh"
 

@@ -7,7 +7,6 @@
 #include "automation/error.h"
 #include "client/exit_status.h"
 #include "client/month_end/close_run.h"
-#include "client/exit_status.h"
 #include "client/month_end/interruption.h"
 #include "client/month_end/run_watch.h"
 #include "client/own_connection.h"
