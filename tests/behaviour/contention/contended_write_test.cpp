@@ -9,7 +9,8 @@
 #include "tests/behaviour/contention/other_writer.h"
 #include "tests/behaviour/contention/writing_methods.h"
 
-// Every method that writes, while another process writes to the database: it waits its turn and succeeds.
+// Every method that writes, while another process holds what it needs and commits a change to it: it waits
+// its turn and succeeds.
 namespace tallyra::behaviour {
 namespace {
 
@@ -19,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 // Milliseconds that a statement waits for the lock; what fails here fails after all of them.
 constexpr int patient = 20000;
 
-// Lets the other process take the lock each time a transaction has begun, before its first statement.
+// Lets the other process take what it holds each time a transaction has begun, before its first statement.
 class Interference : public ado::TraceSink {
  public:
   explicit Interference(OtherWriter& other) : other_(other) { ado::set_trace_sink(this); }
@@ -57,18 +58,44 @@ class ContendedWrite : public testing::TestWithParam<Scene> {
     std::string stored;
   };
 
-  Result play(const ClosingCompany& company) const {
-    const stage::Outcome outcome = GetParam().method->call(company);
-    return {outcome, company.rows(GetParam().method->stored)};
-  }
-  // A company that the method can be called for; what it has stored so far goes to `before`.
-  void prepare(const ClosingCompany& company, std::string& before) const {
+  stage::Outcome call(const ClosingCompany& company) const { return GetParam().method->call(company); }
+  std::string stored(const ClosingCompany& company) const { return company.rows(GetParam().method->stored); }
+  // Now the method can be called for the company.
+  void prepare(const ClosingCompany& company) const {
     give_records(company);
     company.run({"CREATE TABLE OTHERS(N INTEGER)"});
     if (GetParam().method->prepare) GetParam().method->prepare(company);
-    before = company.rows(GetParam().method->stored);
   }
+  // With the others' change already there.
+  Result play_alone(const ClosingCompany& company) const {
+    prepare(company);
+    company.run(change_of_others());
+    const std::string before = stored(company);
+    const stage::Outcome outcome = call(company);
+    EXPECT_NE(stored(company), before) << outcome;
+    return {outcome, stored(company)};
+  }
+  void expect_the_same_while_held(const Hold& hold, const Result& alone) const;
 };
+
+void ContendedWrite::expect_the_same_while_held(const Hold& hold, const Result& alone) const {
+  const ClosingCompany company(GetParam().system_database, patient);
+  prepare(company);
+  SCOPED_TRACE(hold.name);
+  OtherWriter other(company, hold);
+  Interference interference(other);
+  interference.interfere();
+  const auto start = Clock::now();
+  const stage::Outcome disturbed = call(company);
+  const std::chrono::duration<double> duration = Clock::now() - start;
+  EXPECT_EQ(disturbed, alone.outcome);
+  EXPECT_LT(duration.count(), 10) << "nothing was held, and the method went on waiting";
+  // What was not in the others' way has not waited for them.
+  other.finish();
+  EXPECT_EQ(stored(company), alone.stored);
+  EXPECT_GE(interference.times(), 1);
+  EXPECT_EQ(company.rows("SELECT Count(*) FROM OTHERS"), std::to_string(interference.times()) + "\n");
+}
 
 INSTANTIATE_TEST_SUITE_P(Methods, ContendedWrite, testing::ValuesIn(scenes()),
                          testing::PrintToStringParamName());
@@ -86,27 +113,14 @@ TEST(WritingMethods, AreAllInTheTable) {
 }
 
 TEST_P(ContendedWrite, WaitsItsTurnAndSucceeds) {
-  std::string before;
+  std::vector<Hold> holds;
   std::optional<Result> alone;
   {
     const ClosingCompany company(GetParam().system_database);
-    prepare(company, before);
-    alone = play(company);
+    holds = holds_on(company);
+    alone = play_alone(company);
   }
-  ASSERT_NE(alone->stored, before) << alone->outcome;
-
-  const ClosingCompany company(GetParam().system_database, patient);
-  prepare(company, before);
-  OtherWriter other(company.file());
-  Interference interference(other);
-  interference.interfere();
-  const auto start = Clock::now();
-  const Result disturbed = play(company);
-  const std::chrono::duration<double> duration = Clock::now() - start;
-  EXPECT_EQ(disturbed.outcome, alone->outcome);
-  EXPECT_EQ(disturbed.stored, alone->stored);
-  EXPECT_LT(duration.count(), 10) << "the lock was free, and the method went on waiting";
-  EXPECT_GE(interference.times(), 1);
+  for (const Hold& hold : holds) expect_the_same_while_held(hold, *alone);
 }
 
 }  // namespace

@@ -28,11 +28,10 @@ void send(int to, char byte) {
 }
 
 // Whether the lock could be had; told through `answers` while it is held.
-void write_something(const std::string& connection_string, int answers) try {
+void write_something(const std::string& connection_string, const Hold& hold, int answers) try {
   const automation::Object connection = automation::create("ADODB.Connection");
   connection.call("Open", connection_string);
-  connection.call("Execute", "BEGIN IMMEDIATE");
-  connection.call("Execute", "INSERT INTO OTHERS VALUES(1)");
+  for (const std::string& statement : hold.statements) connection.call("Execute", statement);
   send(answers, 'y');
   usleep(half_a_second);
   connection.call("Execute", "COMMIT");
@@ -42,16 +41,15 @@ void write_something(const std::string& connection_string, int answers) try {
 
 }  // namespace
 
-OtherWriter::OtherWriter(const std::filesystem::path& database) {
-  const std::string connection_string =
-      "DRIVER={SQLite3};Database=" + database.generic_string() + ";SyncPragma=OFF;Timeout=50";
+OtherWriter::OtherWriter(const CompanyDatabase& company, const Hold& hold) {
+  const std::string connection_string = impatient(company);
   const auto requests = make_pipe();
   const auto answers = make_pipe();
   process_ = fork();
   if (process_ == 0) {
     close(requests[1]);
     close(answers[0]);
-    serve(connection_string, requests[0], answers[1]);
+    serve(connection_string, hold, requests[0], answers[1]);
   }
   close(requests[0]);
   close(answers[1]);
@@ -60,13 +58,19 @@ OtherWriter::OtherWriter(const std::filesystem::path& database) {
 }
 
 OtherWriter::~OtherWriter() {
-  close(requests_);
-  close(answers_);
-  if (process_ > 0) waitpid(process_, nullptr, 0);
+  finish();
 }
 
-void OtherWriter::serve(const std::string& connection_string, int requests, int answers) {
-  for (char request = 0; receive(requests, request);) write_something(connection_string, answers);
+void OtherWriter::finish() {
+  if (process_ <= 0) return;
+  close(requests_);
+  close(answers_);
+  waitpid(process_, nullptr, 0);
+  process_ = -1;
+}
+
+void OtherWriter::serve(const std::string& connection_string, const Hold& hold, int requests, int answers) {
+  for (char request = 0; receive(requests, request);) write_something(connection_string, hold, answers);
   _exit(0);
 }
 
