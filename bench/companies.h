@@ -31,9 +31,10 @@ class Companies {
   // The same company after these statements, in one transaction, under a name that stands for them.
   std::unique_ptr<Company> changed(const CompanySize& size, const std::string& name,
                                    const std::vector<std::string>& statements);
+  // The file that a company is copied from; nobody writes to it.
+  std::filesystem::path original(const CompanySize& size);
 
  private:
-  std::filesystem::path original(const CompanySize& size);
   std::unique_ptr<Company> copies_of(const std::filesystem::path& original) const;
 
   std::filesystem::path folder_;

@@ -16,24 +16,31 @@ constexpr const char* small = "5 x 200 x 5,000";
 constexpr const char* middle = "20 x 2,000 x 200,000";
 constexpr const char* large = "50 x 20,000 x 1,000,000";
 
+// A row whose last two numbers are one has reached its goal and is held to it. Those that have not:
+// - Record calls: each opens a connection, and to the bare library a connection's first statement alone costs
+//   300 microseconds, in which it reads the schema. What a call takes beside that is not the half of it.
+// - The smallest approval against the prepared replay has been seen at its goal, not safely below.
+// - The small close on PostgreSQL has been seen between 0.7 and 0.9, on a machine shared with other work.
 constexpr Limit limits[] = {
     // work, size, against, before, now, goal
-    {"month close", small, Against::odbc, 1.18, 1.30, 0.80},
-    {"month close", small, Against::prepared, {}, 2.50, 1.15},
-    {"month close", middle, Against::odbc, 1.04, 1.15, 0.72},
-    {"month close", middle, Against::prepared, {}, 2.50, 1.15},
-    {"month close, plain indexes", middle, Against::odbc, 1.04, 1.15, 0.82},
-    {"month close, plain indexes", middle, Against::prepared, {}, 2.50, 1.15},
-    {"month close", large, Against::odbc, {}, 1.15, 0.70},
-    {"month close", large, Against::prepared, {}, 2.50, 1.15},
-    {"approval", "50 lines over 5,000", Against::odbc, 1.20, 1.40, 0.90},
-    {"approval", "50 lines over 5,000", Against::prepared, {}, 4.00, 1.15},
-    {"approval", "500 lines over 200,000", Against::odbc, 1.10, 1.20, 1.00},
-    {"approval", "500 lines over 200,000", Against::prepared, {}, 2.50, 1.15},
-    {"approval", "5,000 lines over 1,000,000", Against::odbc, {}, 1.20, 1.00},
-    {"approval", "5,000 lines over 1,000,000", Against::prepared, {}, 2.50, 1.15},
-    {"record calls", "800 calls", Against::odbc, 1.09, 1.50, 0.50},
-    {"record calls", "800 calls", Against::prepared, {}, 4.00, 1.15},
+    {"month close", small, Against::odbc, 1.18, 0.80, 0.80},
+    {"month close", small, Against::prepared, {}, 1.15, 1.15},
+    {"month close", middle, Against::odbc, 1.04, 0.72, 0.72},
+    {"month close", middle, Against::prepared, {}, 1.15, 1.15},
+    {"month close, plain indexes", middle, Against::odbc, 1.04, 0.82, 0.82},
+    {"month close, plain indexes", middle, Against::prepared, {}, 1.15, 1.15},
+    {"month close", large, Against::odbc, {}, 0.70, 0.70},
+    {"month close", large, Against::prepared, {}, 1.15, 1.15},
+    {"approval", "50 lines over 5,000", Against::odbc, 1.20, 0.90, 0.90},
+    {"approval", "50 lines over 5,000", Against::prepared, {}, 1.35, 1.15},
+    {"approval", "500 lines over 200,000", Against::odbc, 1.10, 1.00, 1.00},
+    {"approval", "500 lines over 200,000", Against::prepared, {}, 1.15, 1.15},
+    {"approval", "5,000 lines over 1,000,000", Against::odbc, {}, 1.00, 1.00},
+    {"approval", "5,000 lines over 1,000,000", Against::prepared, {}, 1.15, 1.15},
+    {"record calls", "800 calls", Against::odbc, 1.09, 0.80, 0.50},
+    {"record calls", "800 calls", Against::prepared, {}, 1.15, 1.15},
+    {"month close on PostgreSQL", small, Against::text, {}, 1.00, 0.70},
+    {"month close on PostgreSQL", middle, Against::text, {}, 0.70, 0.70},
 };
 
 std::string compared(const char* what, double value, double limit) {

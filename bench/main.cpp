@@ -23,8 +23,9 @@ using namespace tallyra::bench;
 constexpr const char* description =
     "Holds the component against replays of its own statements: through plain ODBC, through the engine's "
     "own\n"
-    "library as text, and through it with every shape of text prepared once. Prints seconds, the ratios of "
-    "the\n"
+    "library as text, and through it with every shape of text prepared once; a close on a PostgreSQL server "
+    "of\n"
+    "its own against the texts through that server's library. Prints seconds, the ratios of the\n"
     "medians of interleaved runs on copies of one database, rows per second and peak memory. Ends with 1 "
     "when\n"
     "a limit is broken, in two measurings. The databases are made in memory: in the folder that\n"
@@ -80,6 +81,14 @@ void narrow(Plan& plan, const Options& options) {
     if (options.rounds > 0) doubled.once.rounds = doubled.twice.rounds = options.rounds;
 }
 
+void leave_out_servers(Plan& plan) {
+  for (const Scenario& scenario : plan.scenarios)
+    if (scenario.on_server)
+      std::printf("No PostgreSQL server is installed: %s, %s is left out.\n", scenario.work.c_str(),
+                  scenario.size.c_str());
+  std::erase_if(plan.scenarios, [](const Scenario& scenario) { return scenario.on_server; });
+}
+
 Runner::Terms terms_of(const Options& options, const Place& place) {
   return {options.goals ? Hold::goal : Hold::now, options.processor_time ? Time::processor : Time::passed,
           place.in_memory};
@@ -89,8 +98,10 @@ int measure(const Options& options, const Place& place) {
   if (!place.in_memory) std::printf("On a disk, in %s: nothing is judged.\n", place.folder.c_str());
   const WorkFolder folder(place.folder);
   Companies companies(folder.path(), options.schema);
-  Plan plan = options.quick ? quick_plan(companies) : full_plan(companies);
+  ServerCompanies on_server(companies, folder.path());
+  Plan plan = options.quick ? quick_plan(companies, on_server) : full_plan(companies, on_server);
   narrow(plan, options);
+  if (!ServerCompanies::can_be_made()) leave_out_servers(plan);
   Runner runner(companies, folder.path(), terms_of(options, place));
   runner.run(plan);
   if (!options.document.empty()) write_figures(options.document, runner.figures().markdown());

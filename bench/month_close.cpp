@@ -78,4 +78,13 @@ Scenario month_close_on_plain_indexes(Companies& companies, const CompanySize& s
   return scenario;
 }
 
+Scenario month_close_on_server(ServerCompanies& companies, const CompanySize& size) {
+  Scenario scenario = close_of(size);
+  scenario.work = "month close on PostgreSQL";
+  scenario.company = [&companies, size] { return companies.company(size); };
+  scenario.replays = postgresql_replays();
+  scenario.on_server = true;
+  return scenario;
+}
+
 }  // namespace tallyra::bench

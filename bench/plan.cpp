@@ -14,23 +14,24 @@ constexpr int measured_calls = 800;
 
 }  // namespace
 
-Plan quick_plan(Companies& companies) {
+Plan quick_plan(Companies& companies, ServerCompanies& on_server) {
   return {{month_close(companies, small_company), approval(companies, small_company),
            record_calls(companies, small_company, measured_calls),
-           material_requirement(companies, small_company)},
+           material_requirement(companies, small_company), month_close_on_server(on_server, small_company)},
           {},
           1'000};
 }
 
-Plan full_plan(Companies& companies) {
+Plan full_plan(Companies& companies, ServerCompanies& on_server) {
   const Scenario once = month_close(companies, middle_company);
-  Plan plan{{month_close(companies, small_company), once,
-             month_close_on_plain_indexes(companies, middle_company), month_close(companies, large_company),
-             approval(companies, small_company), approval(companies, middle_company),
-             approval(companies, large_company), record_calls(companies, small_company, measured_calls),
-             material_requirement(companies, small_company)},
-            {},
-            10'000};
+  Plan plan{
+      {month_close(companies, small_company), once, month_close_on_plain_indexes(companies, middle_company),
+       month_close(companies, large_company), approval(companies, small_company),
+       approval(companies, middle_company), approval(companies, large_company),
+       record_calls(companies, small_company, measured_calls), material_requirement(companies, small_company),
+       month_close_on_server(on_server, middle_company)},
+      {},
+      10'000};
   const auto [departments, parts, lines] = middle_company;
   plan.doubled = {{"movements", once, month_close(companies, {departments, parts, 2 * lines})},
                   {"parts", once, month_close(companies, {departments, 2 * parts, lines})},

@@ -6,6 +6,7 @@
 
 #include "bench/companies.h"
 #include "bench/scenario.h"
+#include "bench/server_companies.h"
 
 namespace tallyra::bench {
 
@@ -25,8 +26,8 @@ struct Plan {
 inline constexpr CompanySize small_company{5, 200, 5'000};
 
 // The smaller sizes only, in less than a minute; or everything. The companies must outlive the plan.
-Plan quick_plan(Companies& companies);
-Plan full_plan(Companies& companies);
+Plan quick_plan(Companies& companies, ServerCompanies& on_server);
+Plan full_plan(Companies& companies, ServerCompanies& on_server);
 
 inline constexpr std::uint64_t quick_plan_bytes = 256ull << 20;
 inline constexpr std::uint64_t full_plan_bytes = 4ull << 30;

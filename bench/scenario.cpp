@@ -1,6 +1,7 @@
 #include "bench/scenario.h"
 
 #include "bench/odbc_replay.h"
+#include "bench/postgresql_replay.h"
 #include "bench/sqlite_replay.h"
 
 namespace tallyra::bench {
@@ -9,6 +10,10 @@ std::vector<Replay> sqlite_replays() {
   return {{Against::odbc, through_odbc},
           {Against::text, through_sqlite_by_text},
           {Against::prepared, through_sqlite_by_shape}};
+}
+
+std::vector<Replay> postgresql_replays() {
+  return {{Against::text, through_postgresql_by_text}};
 }
 
 std::string with_commas(std::int64_t number) {

@@ -33,6 +33,8 @@ struct Replay {
 
 // The three on a SQLite file.
 std::vector<Replay> sqlite_replays();
+// The one on a PostgreSQL server.
+std::vector<Replay> postgresql_replays();
 
 // Work of the component, to be held against replays of its own statements.
 struct Scenario {
@@ -44,6 +46,8 @@ struct Scenario {
   // Runs of each kind. Short work needs more of them for a median that stands still.
   int rounds = 7;
   std::vector<Replay> replays = sqlite_replays();
+  // Another process does most of the work: it is timed by what passes, whatever a run takes the seconds of.
+  bool on_server = false;
 };
 
 // 1234567 as "1,234,567".

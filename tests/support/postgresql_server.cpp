@@ -119,6 +119,14 @@ std::string joined(const std::vector<std::string>& statements) {
 }  // namespace
 
 PostgresqlServer::PostgresqlServer() : port_(free_port()) {
+  make();
+}
+
+PostgresqlServer::PostgresqlServer(const std::string& parent) : folder_(parent), port_(free_port()) {
+  make();
+}
+
+void PostgresqlServer::make() {
   initialize();
   run({programs() + "initdb", "-D", data(), "-U", std::string(administrator), "-A", "trust", "-E", "UTF8",
        "--locale=C.UTF-8", "--no-sync", "--no-instructions"},

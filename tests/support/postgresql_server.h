@@ -17,6 +17,8 @@ namespace tallyra::tests {
 class PostgresqlServer {
  public:
   PostgresqlServer();
+  // In a folder within this one, which its unprivileged user can get to.
+  explicit PostgresqlServer(const std::string& parent);
   // A standby of the other, to which every commit of the other waits to be copied.
   static constexpr struct Standby {
   } standby{};
@@ -52,6 +54,7 @@ class PostgresqlServer {
 
  private:
   void initialize();
+  void make();
   void configure(std::string_view settings) const;
   void wait_until_ready() const;
   std::string data() const { return folder_.file("data"); }

@@ -15,9 +15,9 @@ namespace tallyra::tests {
 // files.
 class TestFolder {
  public:
-  TestFolder() {
-    const char* const chosen = std::getenv("TALLYRA_TEST_FOLDER");
-    const std::filesystem::path parent = chosen ? chosen : std::filesystem::temp_directory_path();
+  TestFolder() : TestFolder(usual_parent()) {}
+  // In another folder, which is there.
+  explicit TestFolder(const std::filesystem::path& parent) {
     std::random_device random;
     // Somebody else's folder of the same name is no folder of this test.
     while (!std::filesystem::create_directory(
@@ -35,6 +35,11 @@ class TestFolder {
   std::string file(std::string_view name) const { return path_ + '/' + std::string(name); }
 
  private:
+  static std::filesystem::path usual_parent() {
+    const char* const chosen = std::getenv("TALLYRA_TEST_FOLDER");
+    return chosen ? chosen : std::filesystem::temp_directory_path();
+  }
+
   std::string path_;
 };
 
