@@ -24,6 +24,7 @@ namespace {
 
 constexpr std::string_view administrator = "postgres";
 constexpr auto longest_wait = std::chrono::seconds(60);
+constexpr auto longest_stop = std::chrono::seconds(20);
 
 // Debian's folder of a version's programs, the newest of them.
 std::string programs() {
@@ -151,7 +152,19 @@ PostgresqlServer::PostgresqlServer(Standby, PostgresqlServer& primary) : port_(f
 }
 
 PostgresqlServer::~PostgresqlServer() {
-  kill();
+  stop();
+}
+
+// What is killed leaves its shared memory behind.
+void PostgresqlServer::stop() {
+  if (process_ == 0) return;
+  ::kill(process_, SIGQUIT);
+  const auto end = std::chrono::steady_clock::now() + longest_stop;
+  while (::waitpid(process_, nullptr, WNOHANG) == 0) {
+    if (std::chrono::steady_clock::now() > end) return kill();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  process_ = 0;
 }
 
 // The folder belongs to whom the server runs as.

@@ -55,6 +55,7 @@ class PostgresqlServer {
  private:
   void initialize();
   void make();
+  void stop();
   void configure(std::string_view settings) const;
   void wait_until_ready() const;
   std::string data() const { return folder_.file("data"); }
