@@ -20,6 +20,7 @@ class SheetReader {
 
   // Whether the sheet can be read on.
   bool heading(const SeparatedRow& row) {
+    width_ = row.cells.size();
     for (std::size_t i = 0; i < row.cells.size(); ++i)
       columns_.emplace(automation::folded(automation::trimmed(row.cells[i])), i);
     bool complete = true;
@@ -33,6 +34,12 @@ class SheetReader {
 
   void line(const SeparatedRow& row) {
     row_ = &row;
+    if (row.cells.size() > width_) {
+      wrong(row.line, "there are " + std::to_string(row.cells.size()) + " cells under " +
+                          std::to_string(width_) +
+                          " columns: a number has a point, 1.5, and a text with a comma stands in quotes");
+      return;
+    }
     department(cell("department"));
     day(cell("date"));
     const std::string counted = cell("counted");
@@ -95,6 +102,7 @@ class SheetReader {
   CountSheet& sheet_;
   SheetErrors& errors_;
   std::map<std::string, std::size_t, std::less<>> columns_;
+  std::size_t width_ = 0;  // cells of the heading
   const SeparatedRow* row_ = nullptr;
 };
 

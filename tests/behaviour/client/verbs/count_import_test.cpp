@@ -46,6 +46,16 @@ TEST_F(CountingClient, EntersWhatComesBackOfItsOwnSheet) {
   EXPECT_TRUE(says("there is a stocktaking 10-20240131 already"));
 }
 
+// Where cells are separated by commas, one in a number makes two cells of it: 1 counted, at a price of 5.
+TEST_F(CountingClient, RefusesARowThatACommaInANumberHasMadeLonger) {
+  EXPECT_EQ(import("part,counted,price,department,date,notes\n"
+                   "bolt-1,1,5,,10,2024/01/31,\n"
+                   "Bolt1,2,,10,2024/01/31,one\n"),
+            exit_failed);
+  EXPECT_TRUE(says("line 2: there are 7 cells under 6 columns: a number has a point, 1.5")) << client_.all();
+  EXPECT_EQ(stored(), "");
+}
+
 TEST_F(CountingClient, TellsAllErrorsOfASheetAtOnceAndWritesNothing) {
   EXPECT_EQ(import("part;counted;price;department;date\n"
                    "bolt-1;1,5;;10;2024/01/31\n"
