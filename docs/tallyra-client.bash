@@ -29,12 +29,15 @@ _tallyra_client() {
     esac
     words+=' --db --user --language --kind --csv --json --quiet --yes --config --help'
   elif [ -z "$first" ]; then
-    words='init upgrade doctor grant revoke rights check close verify approve reopen status count report list show log batch call help CTranHead CTranDetail CCheckHead CCheckDetail CStkrptFuns CPartCostSet CStockClose CRevAddr CSTKController CStkShipNote'
+    words='init upgrade doctor grant revoke rights check close verify approve reopen status count
+      report list show log batch call help CTranHead CTranDetail CCheckHead CCheckDetail
+      CStkrptFuns CPartCostSet CStockClose CRevAddr CSTKController CStkShipNote'
   elif [ -z "$second" ]; then
     case $first in
     count) words='sheet import approve undo' ;;
     CTranHead) words='Read Insert Update Delete ValidCloseDT' ;;
-    CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty GetMRPQty' ;;
+    CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty
+      GetMRPQty' ;;
     CCheckHead) words='Read Insert Update Delete ValidCloseDT' ;;
     CCheckDetail) words='Read Insert Update Delete' ;;
     CStkrptFuns) words='GetCheckBalance' ;;

@@ -1,8 +1,11 @@
+#include <algorithm>
+
 #include "automation/clock.h"
 #include "client/database/journal.h"
 #include "client/month_end/guard.h"
 #include "client/month_end/lock.h"
 #include "client/month_end/period.h"
+#include "client/month_end/summary.h"
 #include "client/refusal.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
@@ -33,6 +36,20 @@ void require_close(const std::vector<CloseRecord>& records, automation::Date dat
       ". Nothing was approved");
 }
 
+// The record and all its documents.
+bool is_approved(const Reader& reader, automation::Date date) {
+  const auto records = close_records(reader);
+  const CloseRecord* record = find_record(records, date);
+  return record && record->approved &&
+         std::ranges::all_of(close_documents(reader, date), &CloseDocument::approved);
+}
+
+// Another approval would put its own user and time over those of the first.
+void require_unapproved(const Reader& reader, automation::Date date) {
+  if (is_approved(reader, date))
+    throw Refusal("the close of " + day_text(date) + " is approved already. Nothing was changed");
+}
+
 Call approval(const VerbContext& context, automation::Date date) {
   Call call{"Tallyra.CStockClose", "Update", {day_text(date), "APPROVED"}, 1, {}};
   call.fields = {
@@ -43,19 +60,19 @@ Call approval(const VerbContext& context, automation::Date date) {
 ExitStatus run(VerbContext& context) {
   const automation::Date date = date_of(context.argument(0));
   require_close(close_records(context.reader()), date);
+  require_unapproved(context.reader(), date);
   require_no_unfinished_close(context.reader());
   const CloseLock lock(context, "approve " + day_text(date));
   const auto records = close_records(context.reader());
   require_close(records, date);
+  require_unapproved(context.reader(), date);
   const std::string earlier = earlier_unapproved(records, date);
   if (!earlier.empty() && !context.confirm("Approving " + day_text(date) +
                                            " approves the earlier closes of " + earlier + " as well. Go on?"))
     throw Refusal("nothing was done");
 
   const Outcome outcome = context.call(approval(context, date));
-  const auto records_now = close_records(context.reader());
-  const CloseRecord* record = find_record(records_now, date);
-  if (!record || !record->approved) {
+  if (!is_approved(context.reader(), date)) {
     journal(context, {"approve", day_text(date), "failed", failure_text(outcome)});
     throw Refusal(day_text(date) + " is not approved: " + failure_text(outcome));
   }
@@ -74,7 +91,7 @@ const Verb approve_verb{
     .help =
         "Approves the close of DATE and its documents. A date without a close is refused. Earlier closes "
         "that are\n"
-        "not approved are approved with it, after a question.",
+        "not approved are approved with it, after a question. One that is approved already is refused.",
     .options = options,
     .examples = examples,
     .least_arguments = 1,

@@ -15,6 +15,25 @@ TEST_F(ClosingClient, ApprovesOnlyACloseThatExists) {
             "0\n");
 }
 
+// A second one would put its user and time over those of the first, and a refused one look like success.
+TEST_F(ClosingClient, ApprovesACloseOnce) {
+  close_and_approve("2024/01/31");
+  ClientProgram nobody({"--db", company_.connection_string(), "--user", "NOBODY", "--yes"});
+  EXPECT_EQ(nobody.run({"approve", "2024/01/31"}), exit_failed);
+  EXPECT_NE(nobody.all().find("is approved already. Nothing was changed"), std::string::npos) << nobody.all();
+  EXPECT_EQ(run({"approve", "2024/01/31"}), exit_failed);
+  EXPECT_EQ(company_.rows("SELECT STATUSSN,STATUSBY FROM STKCLOSEHD"), "1|ADMIN\n");
+}
+
+// Its documents count as well: without them the next close would not carry the stock over.
+TEST_F(ClosingClient, ApprovesTheDocumentsThatAnApprovedRecordLacks) {
+  close_and_approve("2024/01/31");
+  sql({"UPDATE STKTRANHD SET STATUSSN=0 WHERE TRANTYPE='STK027CLOSE'"});
+  EXPECT_EQ(run({"approve", "2024/01/31"}), exit_done) << client_.all();
+  EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKTRANHD WHERE STATUSSN=0 AND TRANTYPE LIKE '%CLOSE%'"),
+            "0\n");
+}
+
 TEST_F(ClosingClient, AsksBeforeItApprovesEarlierClosesToo) {
   ASSERT_EQ(run({"close", "2024/01/31"}), exit_done);
   sql({"UPDATE STKTRANHD SET STATUSSN=1"});
