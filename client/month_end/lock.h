@@ -4,6 +4,7 @@
 #include <string>
 
 #include "client/database/reader.h"
+#include "client/platform/closed_pipe.h"
 #include "client/platform/process.h"
 
 namespace tallyra::client {
@@ -30,7 +31,7 @@ struct LockHolder {
 // Nothing when nobody is at work, and where there is no such table.
 std::optional<LockHolder> lock_holder(const Reader& reader);
 
-// The lock, held for as long as this lives.
+// The lock, held for as long as this lives. A reader of the output who goes away ends nothing meanwhile.
 class CloseLock {
  public:
   // Takes over the lock of a dead process of this host after it has told so, that of another host only with
@@ -41,6 +42,7 @@ class CloseLock {
   CloseLock& operator=(const CloseLock&) = delete;
 
  private:
+  ClosedPipeIgnored closed_pipe_;
   VerbContext& context_;
   LockHolder self_;
 };

@@ -101,6 +101,18 @@ TEST_F(ClosingProcesses, ThatAreKilledAnywhereAreToldAndMended) {
   }
 }
 
+// As in "close ... | head -1": a signal says that nobody reads any more.
+TEST_F(ClosingProcesses, GoOnWhenTheReaderOfTheirOutputHasGone) {
+  const pid_t child = close_elsewhere([](int, const std::string& call) {
+    if (call == "System.GetTableKeyID") raise(SIGPIPE);
+  });
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_TRUE(is_closed());
+  EXPECT_EQ(company_.rows("SELECT Count(*) FROM TALLYRALOCK"), "0\n");
+}
+
 TEST_F(ClosingProcesses, ThatMeetAreOneThatRunsAndOneThatSaysWhoDoes) {
   for (int round = rounds("TALLYRA_ROUNDS", 2); round > 0; --round) {
     int gate[2];
