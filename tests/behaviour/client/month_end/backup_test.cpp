@@ -15,6 +15,7 @@ TEST_F(ClosingClient, CopiesTheDatabaseBeforeAndChecksTheCopy) {
   const Reader reader("DRIVER={SQLite3};Database=" + copy, "MSACCESS");
   EXPECT_EQ(reader.count("Select Count(*) As N From STKCLOSEHD"), 0);
   EXPECT_GT(reader.count("Select Count(*) As N From STKTRANDT"), 0);
+  EXPECT_EQ(reader.count("Select Count(*) As N From TALLYRALOCK"), 0) << "restored, nobody is at work in it";
 }
 
 TEST_F(ClosingClient, LeavesACopyAloneThatIsThereAlready) {
