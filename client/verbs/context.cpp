@@ -11,6 +11,11 @@
 #include "client/wait_notice.h"
 
 namespace tallyra::client {
+namespace {
+
+constexpr int last_year = 9999;
+
+}  // namespace
 
 VerbContext::VerbContext(Words words, Session session, const Console& console)
     : words_(std::move(words)), session_(std::move(session)), console_(console) {
@@ -68,7 +73,12 @@ automation::Date date_of(std::string_view word, std::string_view what) {
   const auto date = automation::parse_date(word);
   if (!date)
     throw UsageError("'" + std::string(word) + "' is no " + std::string(what) + ": write YYYY/MM/DD");
-  return {std::floor(date->serial)};
+  const automation::Date day{std::floor(date->serial)};
+  // The documents of a close are dated the day after it.
+  if (const automation::CivilTime civil = automation::civil_time(day);
+      civil.year == last_year && civil.month == 12 && civil.day == 31)
+    throw UsageError(day_text(day) + " is the last day that there is: no day follows it");
+  return day;
 }
 
 std::string day_text(automation::Date date) {

@@ -30,5 +30,12 @@ TEST_F(CheckedCompany, ShowsErrorsFirstWithCountsAndRows) {
   EXPECT_EQ(run({"check", "30.1.2024"}), exit_wrong_usage);
 }
 
+TEST_F(CheckedCompany, TellsWhyTheLastDayOfAllCannotBeLookedAt) {
+  for (const char* verb : {"check", "close", "reopen"}) {
+    EXPECT_EQ(run({verb, "9999/12/31"}), exit_wrong_usage) << verb;
+    EXPECT_TRUE(says("9999/12/31 is the last day that there is: no day follows it")) << client_.all();
+  }
+}
+
 }  // namespace
 }  // namespace tallyra::client
