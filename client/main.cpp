@@ -15,6 +15,9 @@ int main(int argc, char** argv) {
   if (input_is_terminal()) console.answers = &std::cin;
   const ExitStatus status = run_client(command_line_words(argc, argv), console, environment_variable);
   std::cout.flush();
-  if (status == exit_done && !std::cout) return exit_failed;
+  if (status == exit_done && !std::cout) {
+    std::cerr << "tallyra-client: the output could not be written; what was to be done is done\n";
+    return exit_failed;
+  }
   return status;
 }

@@ -17,5 +17,12 @@ TEST(CallFailure, IsALineWithNumberAndTextOnTheErrorOutput) {
   EXPECT_EQ(out.str(), "");
 }
 
+TEST(Failure, OfATableThatIsMissingNamesTheVerbsForIt) {
+  std::ostringstream out;
+  std::ostringstream error;
+  tell_failure(automation::Error(-2147217865, "no such table: STKCLOSEHD"), Console{out, error});
+  EXPECT_NE(error.str().find("'init' makes the tables of an empty one\n"), std::string::npos) << error.str();
+}
+
 }  // namespace
 }  // namespace tallyra::client

@@ -128,5 +128,11 @@ TEST_F(Program, ExplainsItself) {
     EXPECT_NE(help.output.find(word), std::string::npos) << word;
 }
 
+TEST_F(Program, TellsThatItsOutputCouldNotBeWritten) {
+  const Ended full = run("help 2>&1 >/dev/full; echo ended with $?");
+  EXPECT_NE(full.output.find("ended with 1"), std::string::npos) << full.output;
+  EXPECT_NE(full.output.find("the output could not be written"), std::string::npos) << full.output;
+}
+
 }  // namespace
 }  // namespace tallyra::client
