@@ -92,7 +92,8 @@ bool ShapeScanner::name() {
   return true;
 }
 
-// A comparison of a column: its other side is a value.
+// A comparison of a column: its other side is a value. The limits of a range stay in a query: how much lies
+// between them decides how it is read, and the server must know them to choose.
 bool ShapeScanner::comparison() {
   const bool of_column = before_ == Before::name && !in_values_;
   const std::size_t begin = here_;
@@ -101,7 +102,8 @@ bool ShapeScanner::comparison() {
     ++here_;
   const std::string_view sign = sql_.substr(begin, here_ - begin);
   constexpr auto signs = std::to_array<std::string_view>({"=", "<", ">", "<=", ">=", "<>", "!="});
-  before_ = of_column && is_one_of(signs, sign) ? Before::comparison : Before::other;
+  const bool range_of_query = verb_ == Verb::select && sign != "=";
+  before_ = of_column && !range_of_query && is_one_of(signs, sign) ? Before::comparison : Before::other;
   plain_ = plain_ && !in_values_;
   return true;
 }
