@@ -20,6 +20,12 @@ const std::vector<Column>& growth_columns() {
   return all;
 }
 
+const std::vector<Column>& look_columns() {
+  static const std::vector<Column> all{
+      {"verb", 26, false}, {"size", 30, false}, {"takes", 9, true}, {"of the close", 12, true}};
+  return all;
+}
+
 std::string decimals(double value, int places, const char* unit = "") {
   char text[64];
   std::snprintf(text, sizeof text, "%.*f%s", places, value, unit);
@@ -89,6 +95,13 @@ std::string Figures::add(const Growth& growth) {
          " times as long, the replay " + replay;
 }
 
+std::string Figures::add(const LookShare& share) {
+  const std::string part = decimals(share.of_medians, 2);
+  put(looks_, {share.verb, share.size, seconds(share.seconds), part});
+  return share.verb + ", " + share.size + ": " + seconds(share.seconds) + ", " + part +
+         " of the time of the close";
+}
+
 std::string Figures::add_record_calls(int calls, std::uint64_t grown_kilobytes) {
   memory_ = "Over " + with_commas(calls) + " record calls, after as many before them, peak memory grew by " +
             with_commas(static_cast<std::int64_t>(grown_kilobytes)) + " KB.";
@@ -98,6 +111,7 @@ std::string Figures::add_record_calls(int calls, std::uint64_t grown_kilobytes) 
 std::string Figures::markdown() const {
   std::string text = markdown_table(columns(), comparisons_);
   if (!growths_.empty()) text += "\n" + markdown_table(growth_columns(), growths_);
+  if (!looks_.empty()) text += "\n" + markdown_table(look_columns(), looks_);
   if (!memory_.empty()) text += "\n" + memory_ + "\n";
   return text;
 }

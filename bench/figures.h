@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/administration.h"
 #include "bench/comparison.h"
 #include "bench/growth.h"
 #include "bench/limits.h"
@@ -20,6 +21,7 @@ class Figures {
   static std::string head();
   std::string add(const Scenario& scenario, const Comparison& result);
   std::string add(const Growth& growth);
+  std::string add(const LookShare& share);
   std::string add_record_calls(int calls, std::uint64_t grown_kilobytes);
 
   std::string markdown() const;
@@ -28,6 +30,7 @@ class Figures {
   Hold hold_;
   std::vector<Cells> comparisons_;
   std::vector<Cells> growths_;
+  std::vector<Cells> looks_;
   std::string memory_;
 };
 

@@ -73,12 +73,17 @@ void narrow(Plan& plan, const Options& options) {
   std::erase_if(plan.doubled, [&](const Doubled& doubled) {
     return ("growth in " + doubled.what).find(options.only) == std::string::npos;
   });
+  std::erase_if(plan.looks, [&](const Look& look) {
+    return (look.verb.work + ", " + look.verb.size).find(options.only) == std::string::npos;
+  });
   if (std::string("memory over record calls").find(options.only) == std::string::npos)
     plan.calls_for_memory = 0;
   for (Scenario& scenario : plan.scenarios)
     if (options.rounds > 0) scenario.rounds = options.rounds;
   for (Doubled& doubled : plan.doubled)
     if (options.rounds > 0) doubled.once.rounds = doubled.twice.rounds = options.rounds;
+  for (Look& look : plan.looks)
+    if (options.rounds > 0) look.close.rounds = look.verb.rounds = options.rounds;
 }
 
 void leave_out_servers(Plan& plan) {

@@ -19,6 +19,7 @@ Plan quick_plan(Companies& companies, ServerCompanies& on_server) {
            record_calls(companies, small_company, measured_calls),
            material_requirement(companies, small_company), month_close_on_server(on_server, small_company)},
           {},
+          looks(companies, small_company),
           1'000};
 }
 
@@ -31,6 +32,7 @@ Plan full_plan(Companies& companies, ServerCompanies& on_server) {
        record_calls(companies, small_company, measured_calls), material_requirement(companies, small_company),
        month_close_on_server(on_server, middle_company)},
       {},
+      looks(companies, large_company),
       10'000};
   const auto [departments, parts, lines] = middle_company;
   plan.doubled = {{"movements", once, month_close(companies, {departments, parts, 2 * lines})},

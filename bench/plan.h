@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/administration.h"
 #include "bench/companies.h"
 #include "bench/scenario.h"
 #include "bench/server_companies.h"
@@ -20,6 +21,7 @@ struct Doubled {
 struct Plan {
   std::vector<Scenario> scenarios;
   std::vector<Doubled> doubled;
+  std::vector<Look> looks;
   int calls_for_memory;  // none: memory is not looked at
 };
 

@@ -25,6 +25,7 @@ void Runner::run(const Plan& plan) {
   print(Figures::head());
   for (const Scenario& scenario : plan.scenarios) run(scenario);
   for (const Doubled& doubled : plan.doubled) run(doubled);
+  for (const Look& look : plan.looks) run(look);
   if (plan.calls_for_memory > 0) run_record_calls(plan.calls_for_memory);
 }
 
@@ -58,6 +59,16 @@ void Runner::run(const Doubled& doubled) {
     once = nullptr;
     print(figures_.add(growth));
     return broken_limits(growth);
+  });
+}
+
+void Runner::run(const Look& look) {
+  const auto found = results_.find(name_of(look.close));
+  const Comparison close = found == results_.end() ? measured(look.close) : found->second;
+  twice_if_broken([&] {
+    const LookShare share = share_of(look, close, measured(look.verb));
+    print(figures_.add(share));
+    return broken_limits(share);
   });
 }
 

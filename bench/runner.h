@@ -32,6 +32,7 @@ class Runner {
  private:
   void run(const Scenario& scenario);
   void run(const Doubled& doubled);
+  void run(const Look& look);
   void run_record_calls(int calls);
   const Comparison& measured(const Scenario& scenario);
   // Measures by `once`, which prints and returns the broken limits, up to two times.

@@ -55,6 +55,14 @@ TEST(Figures, HaveGrowthAndMemoryBehindTheTable) {
       << text;
 }
 
+TEST(Figures, HoldTheVerbsThatLookAgainstTheClose) {
+  Figures figures(Hold::now);
+  EXPECT_EQ(figures.add(LookShare{"check", "small", 0.25, 0.5, 0.6}),
+            "check, small: 0.250 s, 0.50 of the time of the close");
+  EXPECT_NE(figures.markdown().find("| check | small | 0.250 s | 0.50 |"), std::string::npos)
+      << figures.markdown();
+}
+
 TEST(Figures, MeasuredAgainTakeThePlaceOfTheFirst) {
   Figures twice(Hold::now);
   Figures once(Hold::now);
