@@ -24,7 +24,7 @@ void TextTable::add_row(const std::vector<std::string>& cells) {
 }
 
 void TextTable::fit(std::size_t width) {
-  constexpr std::size_t readable = 8;
+  constexpr std::size_t readable = 10;  // a date is never cut
   if (widths_.empty()) return;
   std::size_t total = std::reduce(widths_.begin(), widths_.end()) + gap * (widths_.size() - 1);
   std::vector<bool> shortened(widths_.size());

@@ -22,11 +22,11 @@ TEST(PrintedTable, StandsStraightAsText) {
 }
 
 TEST(PrintedTable, IsFittedToTheTerminalByShorteningTexts) {
-  EXPECT_EQ(printed({sample()}, OutputFormat::text, 20),
+  EXPECT_EQ(printed({sample()}, OutputFormat::text, 22),
             "Parts\n"
             "part   qty  name\n"
-            "----  ----  --------\n"
-            "P1    12.5  bolt, \"…\n"
+            "----  ----  ----------\n"
+            "P1    12.5  bolt, \"lo…\n"
             "P22     -3\n");
 }
 

@@ -46,9 +46,9 @@ TEST(TextTable, TheWidestLeftColumnsAreShortenedToFit) {
   table.fit(40);
   EXPECT_EQ(text_of(table), "a rather lon…  0123456789  1234567890123\n");
   TextTable narrow;
-  narrow.add_row({"0123456789"});
+  narrow.add_row({"0123456789abc", "2024/01/31"});
   narrow.fit(3);
-  EXPECT_EQ(text_of(narrow), "0123456…\n") << "no further than it can be read";
+  EXPECT_EQ(text_of(narrow), "012345678…  2024/01/31\n") << "no further than it can be read";
 }
 
 }  // namespace
