@@ -1,4 +1,4 @@
-// Windows' ODBC interface under Wine reaches the SQLite driver of the machine.
+// Windows' ODBC interface under Wine reaches the drivers of the machine.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -63,6 +63,23 @@ TEST_F(OdbcUnderWine, ReturnsTheUtf8TextThatWasWrittenThroughNarrowFunctions) {
   ASSERT_EQ(SQLGetData(statement_, 1, SQL_C_CHAR, buffer, sizeof buffer, &length), SQL_SUCCESS);
   EXPECT_EQ(std::string(buffer), name);
   EXPECT_EQ(length, static_cast<SQLLEN>(name.size()));
+}
+
+TEST_F(OdbcUnderWine, FindsTheDriverOfTheDatabaseServer) {
+  SQLHDBC connection = nullptr;
+  ASSERT_EQ(SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection), SQL_SUCCESS);
+  // Nobody listens there, which the driver alone can tell: the manager's words for one that is missing are
+  // others.
+  const std::string source =
+      "DRIVER={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Database=none;Username=nobody";
+  EXPECT_EQ(SQLDriverConnect(connection, nullptr, odbc_text(source.c_str()), SQL_NTS, nullptr, 0, nullptr,
+                             SQL_DRIVER_NOPROMPT),
+            SQL_ERROR);
+  SQLCHAR state[6] = {};
+  SQLCHAR text[512] = {};
+  SQLGetDiagRec(SQL_HANDLE_DBC, connection, 1, state, nullptr, text, sizeof text, nullptr);
+  EXPECT_STREQ(reinterpret_cast<const char*>(state), "08001") << text;
+  SQLFreeHandle(SQL_HANDLE_DBC, connection);
 }
 
 }  // namespace
