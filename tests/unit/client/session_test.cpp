@@ -5,30 +5,26 @@
 #include <filesystem>
 #include <fstream>
 
+#include "client/file_path.h"
+#include "tests/support/test_folder.h"
 #include "tests/unit/client/scripted_object.h"
 #include "tests/unit/client/usage_error_text.h"
 
 namespace tallyra::client {
 namespace {
 
-// A file that is there for as long as this lives.
+// A file that is there for as long as this lives. Its path has no drive, so the driver takes it as it is.
 class FileOnDisk {
  public:
-  explicit FileOnDisk(const std::string& name)
-      : path_(std::filesystem::path(testing::TempDir()) / std::u8string(name.begin(), name.end())) {
-    std::ofstream(path_) << "x";
+  explicit FileOnDisk(const std::string& name) : text_(folder_.file(name)) {
+    std::ofstream(file_path(text_)) << "x";
   }
-  ~FileOnDisk() { std::filesystem::remove(path_); }
-  FileOnDisk(const FileOnDisk&) = delete;
-  FileOnDisk& operator=(const FileOnDisk&) = delete;
 
-  std::string text() const {
-    const std::u8string text = path_.u8string();
-    return {text.begin(), text.end()};
-  }
+  const std::string& text() const { return text_; }
 
  private:
-  std::filesystem::path path_;
+  const tests::TestFolder folder_;
+  std::string text_;
 };
 
 TEST(ConnectionString, IsTakenAsItIsWhenItBeginsWithAKeyword) {

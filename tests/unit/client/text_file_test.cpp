@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "client/file_path.h"
 #include "tests/support/test_folder.h"
 #include "tests/unit/client/usage_error_text.h"
 
@@ -14,7 +15,7 @@ TEST(TextFile, IsReadWholeAndByteByByte) {
   const tests::TestFolder folder;
   const std::string path = folder.file("tëxt.csv");
   const std::string content("a\r\n\0\xEF\xBB\xBF b", 9);
-  std::ofstream(path, std::ios::binary) << content;
+  std::ofstream(file_path(path), std::ios::binary) << content;
   EXPECT_EQ(text_of_file(path), content);
 }
 
