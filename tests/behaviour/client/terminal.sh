@@ -33,7 +33,7 @@ shown() {
 rows() { grep -c '^10  '; }
 
 # Large enough that its close takes longer than progress is looked at.
-tallyra-company --db company.db --departments 10 --parts 2000 --lines 60000 >/dev/null || exit 1
+tallyra-company --db company.db --departments 30 --parts 2000 --lines 300000 >/dev/null || exit 1
 sheet="tallyra-client count sheet 10 2024/01/15 --quiet"
 piped=$($sheet)
 screen=$(shown 120 "$sheet")
