@@ -9,6 +9,8 @@ for part in checks classes documents; do source "$repository/scripts/demo/$part.
 cd "$repository"
 
 source "$repository/scripts/demo/same_rows.sh"
+# Under Wine SQLite stays behind its ODBC driver, which hands a fraction over as a text of fifteen digits.
+digits=12
 
 same_story
 
