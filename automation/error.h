@@ -85,6 +85,11 @@ std::int32_t number_from_hresult(std::int32_t hresult);
 // The HRESULT that carries an error number over a COM edge; the inverse of number_from_hresult.
 std::int32_t hresult_from_number(std::int32_t number);
 
+// That of the exception being handled. Call it from a handler.
+inline std::int32_t current_hresult() {
+  return hresult_from_number(current_error().number());
+}
+
 // The HRESULT under which a classic component raises an error of its own. A number below 65536 goes as it is,
 // in a FACILITY_CONTROL code: there are clients that look into no other code for a number.
 std::int32_t hresult_of_raised(std::int32_t number);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,6 +24,11 @@ inline bool equals_folded(std::string_view left, std::string_view right) {
     if (fold(left[i]) != fold(right[i])) return false;
   }
   return true;
+}
+
+template <std::size_t N>
+bool is_one_of(const std::array<std::string_view, N>& names, std::string_view name) {
+  return std::ranges::any_of(names, [&](std::string_view entry) { return equals_folded(entry, name); });
 }
 
 }  // namespace tallyra::automation

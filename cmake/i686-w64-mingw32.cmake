@@ -11,11 +11,10 @@ set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 
+# Functions and lines, for the traces of a crash: the debug information of the DLL is kept beside it.
 # Arithmetic as in the native build: the 80-bit registers of the old floating-point unit round differently.
 # Callers in 32-bit Windows align the stack to 4 bytes, SSE wants 16.
-set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign")
-# Functions and lines, for the traces of a crash: the debug information of the DLL is kept beside it.
-set(CMAKE_CXX_FLAGS_RELEASE_INIT "-g1")
+set(CMAKE_CXX_FLAGS_INIT "-g1 -msse2 -mfpmath=sse -mstackrealign")
 # The runtime goes into each program and DLL: they depend on nothing that Windows does not bring along.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")

@@ -21,6 +21,7 @@ function(tallyra_add_test name)
   target_link_libraries(${name} PRIVATE
     tallyra_build_rules tallyra_automation ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
   target_compile_options(${name} PRIVATE -O0)
+  set_target_properties(${name} PROPERTIES TALLYRA_TEST ON)
   target_precompile_headers(${name} REUSE_FROM tallyra_shared_test_headers)
   # A test that hangs is a failure too.
   if(WIN32)
@@ -40,6 +41,7 @@ function(tallyra_add_server_test name)
   target_link_libraries(${name} PRIVATE
     tallyra_build_rules tallyra_automation ${test_LIBRARIES} GTest::gtest GTest::gtest_main)
   target_compile_options(${name} PRIVATE -O0)
+  set_target_properties(${name} PROPERTIES TALLYRA_TEST ON)
   target_precompile_headers(${name} REUSE_FROM tallyra_shared_test_headers)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 LABELS server)

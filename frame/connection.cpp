@@ -6,7 +6,6 @@
 namespace tallyra::frame {
 namespace {
 
-constexpr std::int32_t unspecified_options = -1;
 constexpr std::int32_t state_open = 1;
 
 }  // namespace

@@ -8,6 +8,9 @@
 
 namespace tallyra::frame {
 
+// Of a statement: the provider finds out what it is.
+inline constexpr std::int32_t unspecified_options = -1;
+
 // An ADO connection. Destroying it only lets the object go: closing, committing and rolling back are calls
 // that the database sees, so they stand in the method that means them.
 class Connection {

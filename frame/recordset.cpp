@@ -8,8 +8,6 @@
 namespace tallyra::frame {
 namespace {
 
-constexpr std::int32_t unspecified_options = -1;
-
 automation::Value number(auto enumerator) {
   return static_cast<std::int32_t>(enumerator);
 }

@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-std::string type(const Column& column) {
+std::string access_type(const Column& column) {
   switch (column.kind) {
     case Kind::number: return "DOUBLE";
     case Kind::integer: return "LONG";
@@ -13,7 +13,7 @@ std::string type(const Column& column) {
   return "TEXT(" + std::to_string(column.length) + ")";
 }
 
-std::string no_check(const Column&) {
+std::string no_access_check(const Column&) {
   return {};
 }
 
@@ -35,8 +35,8 @@ const EngineWords access_words{
         "-- There are no partial indexes, so that no document number comes twice is left to who issues "
         "them.\n",
     .setting = {},
-    .type = type,
-    .check = no_check,
+    .type = access_type,
+    .check = no_access_check,
     .stored_by_key = {},
     .partial_indexes = false,
     .numbers_in_database = true};

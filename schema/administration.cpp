@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-constexpr std::string_view subject = "Rights, document numbers, version";
+constexpr std::string_view of_administration = "Rights, document numbers, version";
 
 Table rights() {
   std::vector<Column> columns = {required(text("USERID", 50)), required(text("FUNCCODE", 30))};
@@ -11,7 +11,7 @@ Table rights() {
                                        "CANCANCEL", "CANFINISHED", "OWNER"})
     columns.push_back(from_zero(integer(right)));
   return {.name = "USERRIGHTS",
-          .subject = subject,
+          .subject = of_administration,
           .note = {},
           .columns = columns,
           .key = {"USERID", "FUNCCODE"}};
@@ -23,12 +23,12 @@ std::vector<Table> administration() {
   return {
       rights(),
       {.name = number_table,
-       .subject = subject,
+       .subject = of_administration,
        .note = {},
        .columns = {required(text("SERIES", 40)), required(integer("LASTNO"))},
        .key = {"SERIES"}},
       {.name = version_table,
-       .subject = subject,
+       .subject = of_administration,
        .note = "One row: which version of this description the tables have.",
        .columns = {required(integer(version_column))}},
   };

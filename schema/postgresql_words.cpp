@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-std::string type(const Column& column) {
+std::string postgresql_type(const Column& column) {
   switch (column.kind) {
     case Kind::number: return "double precision";
     case Kind::integer: return "integer";
@@ -15,7 +15,7 @@ std::string type(const Column& column) {
 }
 
 // A bpchar with a length would be filled up with blanks when it is read.
-std::string check(const Column& column) {
+std::string postgresql_check(const Column& column) {
   const std::string name(column.name);
   if (column.kind == Kind::text && !column.trailing_blanks_count)
     return " CHECK(length(" + name + ")<=" + std::to_string(column.length) + ")";
@@ -42,8 +42,8 @@ const EngineWords postgresql_words{
         "what\n"
         "-- no client can hold: infinity, years before 100 and after 9999.\n",
     .setting = {},
-    .type = type,
-    .check = check,
+    .type = postgresql_type,
+    .check = postgresql_check,
     .stored_by_key = {},
     .partial_indexes = true,
     .numbers_in_database = true};

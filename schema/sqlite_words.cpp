@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-std::string type(const Column& column) {
+std::string sqlite_type(const Column& column) {
   switch (column.kind) {
     case Kind::number: return "DOUBLE";
     case Kind::integer: return "INTEGER";
@@ -14,7 +14,7 @@ std::string type(const Column& column) {
   return column.trailing_blanks_count ? text : text + " COLLATE RTRIM";
 }
 
-std::string check(const Column& column) {
+std::string sqlite_check(const Column& column) {
   if (!column.compared) return {};
   const std::string name(column.name);
   return " CONSTRAINT " + name + "_IS_A_DATE CHECK(" + name + " IS strftime('%Y-%m-%d %H:%M:%S', " + name +
@@ -33,8 +33,8 @@ const EngineWords sqlite_words{
         "so.\n"
         "-- Lengths are not enforced.\n",
     .setting = "PRAGMA journal_mode=WAL",
-    .type = type,
-    .check = check,
+    .type = sqlite_type,
+    .check = sqlite_check,
     .stored_by_key = " WITHOUT ROWID",
     .partial_indexes = true,
     .numbers_in_database = false};

@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-std::string type(const Column& column) {
+std::string sqlserver_type(const Column& column) {
   switch (column.kind) {
     case Kind::number: return "FLOAT";
     case Kind::integer: return "INT";
@@ -13,7 +13,7 @@ std::string type(const Column& column) {
   return "NVARCHAR(" + std::to_string(column.length) + ") COLLATE Latin1_General_BIN2";
 }
 
-std::string no_check(const Column&) {
+std::string no_sqlserver_check(const Column&) {
   return {};
 }
 
@@ -37,8 +37,8 @@ const EngineWords sqlserver_words{
         "January\n"
         "-- (us_english does).\n",
     .setting = {},
-    .type = type,
-    .check = no_check,
+    .type = sqlserver_type,
+    .check = no_sqlserver_check,
     .stored_by_key = {},
     .partial_indexes = true,
     .numbers_in_database = true};

@@ -3,11 +3,11 @@
 namespace tallyra::schema {
 namespace {
 
-constexpr std::string_view subject = "Stock documents";
+constexpr std::string_view of_stock_documents = "Stock documents";
 
 Table headers() {
   return {.name = "STKTRANHD",
-          .subject = subject,
+          .subject = of_stock_documents,
           .note =
               "TRANNO is unique except when it is empty: a posting that was issued no number is stored under "
               "''.",
@@ -43,7 +43,7 @@ Table headers() {
 
 Table lines() {
   return {.name = "STKTRANDT",
-          .subject = subject,
+          .subject = of_stock_documents,
           .note = "No unique key: close documents and adjustments number every line 0.",
           .columns = with_stamp({required(text("TRANNO", 20)), text("REFERENCE", 20), integer("SN"),
                                  required(text("PARTNO", 40)), text("REFPARTNO", 40), text("MONO", 20),
@@ -57,7 +57,7 @@ Table lines() {
 
 Table shipping_notes() {
   return {.name = "STKSHIPNOTE",
-          .subject = subject,
+          .subject = of_stock_documents,
           .note = {},
           .columns = with_stamp({required(text("TRANNO", 20)), text("TRANTYPE", 20), date("NOTEDT"),
                                  text("CARRIER", 60), text("RECEIVEDBY", 60), text("NOTES", 255)}),

@@ -3,7 +3,7 @@
 namespace tallyra::schema {
 namespace {
 
-constexpr std::string_view subject = "The surrounding ERP, read only: orders";
+constexpr std::string_view of_orders = "The surrounding ERP, read only: orders";
 
 // An order's header, with the columns of its own kind behind number and date.
 Table header(std::string_view name, std::string_view number_column, std::string_view date_column,
@@ -13,14 +13,14 @@ Table header(std::string_view name, std::string_view number_column, std::string_
   for (const Column& column :
        {from_zero(integer("STATUSSN")), text("NOTES", 255), text("ADDBY", 50), date("ADDDT")})
     columns.push_back(column);
-  return {.name = name, .subject = subject, .note = {}, .columns = columns, .key = {number_column}};
+  return {.name = name, .subject = of_orders, .note = {}, .columns = columns, .key = {number_column}};
 }
 
 Table lines(std::string_view name, std::string_view number_column, const std::vector<Column>& own) {
   std::vector<Column> columns = {required(text(number_column, 20)), required(integer("SN")),
                                  text("PARTNO", 40)};
   columns.insert(columns.end(), own.begin(), own.end());
-  return {.name = name, .subject = subject, .note = {}, .columns = columns, .key = {number_column, "SN"}};
+  return {.name = name, .subject = of_orders, .note = {}, .columns = columns, .key = {number_column, "SN"}};
 }
 
 }  // namespace

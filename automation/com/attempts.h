@@ -15,7 +15,7 @@ class Attempts {
     try {
       step();
     } catch (...) {
-      if (SUCCEEDED(first_failure_)) first_failure_ = hresult_from_number(current_error().number());
+      if (SUCCEEDED(first_failure_)) first_failure_ = current_hresult();
     }
   }
 

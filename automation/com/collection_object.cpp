@@ -22,7 +22,7 @@ constexpr MemberSignature members[] = {{DISPID_VALUE, 1, index_parameter},
                                        {count_id, 0, {}},
                                        {remove_id, 1, index_parameter}};
 
-constexpr ObjectSignature signature{"Tallyra.Collection", members};
+constexpr ObjectSignature collection_signature{"Tallyra.Collection", members};
 
 VARIANT left_out() {
   VARIANT variant;
@@ -50,7 +50,8 @@ HRESULT hand_out_type(REFGUID id, ITypeInfo** info) noexcept {
 
 }  // namespace
 
-CollectionObject::CollectionObject(const Object& object, Role role) : calls_(object, role, signature) {}
+CollectionObject::CollectionObject(const Object& object, Role role)
+    : calls_(object, role, collection_signature) {}
 
 Pointer<IDispatch> CollectionObject::make(const Object& object, Role role) {
   return Pointer<IDispatch>::adopt(new CollectionObject(object, role));

@@ -49,16 +49,16 @@ bool is_numeric(std::int32_t type) {
   return std::ranges::find(numeric, type) != std::end(numeric);
 }
 
-struct Column {
+struct NumberedColumn {
   std::string name;
   std::int32_t type;
   BoundMember value;
 };
 
-std::vector<Column> columns_of(const Object& rows) {
+std::vector<NumberedColumn> columns_of(const Object& rows) {
   const Object fields = automation::to_object(rows.get("Fields"));
   const std::int32_t count = automation::to_int32(fields.get("Count"));
-  std::vector<Column> columns;
+  std::vector<NumberedColumn> columns;
   for (std::int32_t i = 0; i < count; ++i) {
     const Object field = automation::to_object(fields.call("Item", i));
     columns.push_back({automation::to_text(field.get("Name")), automation::to_int32(field.get("Type")),
@@ -86,7 +86,7 @@ Reader::~Reader() {
 std::vector<std::string> Reader::walk(const std::string& query,
                                       const std::function<bool(const Row&)>& take) const {
   const OpenRows open(query, connection_);
-  const std::vector<Column> columns = columns_of(open.object());
+  const std::vector<NumberedColumn> columns = columns_of(open.object());
   const BoundMember at_end(open.object(), "EOF");
   const BoundMember move_next(open.object(), "MoveNext");
   Row row(columns.size());
@@ -96,7 +96,7 @@ std::vector<std::string> Reader::walk(const std::string& query,
     move_next.call();
   }
   std::vector<std::string> names;
-  for (const Column& column : columns) names.push_back(column.name);
+  for (const NumberedColumn& column : columns) names.push_back(column.name);
   return names;
 }
 
@@ -147,7 +147,7 @@ bool Reader::has_table(std::string_view table) const {
 std::vector<std::string> Reader::numeric_columns(const std::string& table, std::string_view key) const {
   const OpenRows open("Select * From " + table + " Where " + std::string(key) + " Is Null", connection_);
   std::vector<std::string> names;
-  for (const Column& column : columns_of(open.object()))
+  for (const NumberedColumn& column : columns_of(open.object()))
     if (is_numeric(column.type)) names.push_back(column.name);
   return names;
 }

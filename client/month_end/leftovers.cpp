@@ -10,7 +10,7 @@
 namespace tallyra::client {
 namespace {
 
-constexpr const char* unapproved_documents =
+constexpr const char* unapproved_condition =
     "Select TRANNO,TRANTYPE,DEPTNOFR,TRANDT From STKTRANHD"
     " Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And STATUSSN=0 Order By TRANDT,TRANNO";
 
@@ -23,7 +23,7 @@ std::string counted(std::int64_t count, const char* one, const char* many) {
 std::vector<Leftover> leftovers(const Reader& reader) {
   const auto records = close_records(reader);
   std::vector<Leftover> left;
-  reader.each_row(unapproved_documents, [&](const Row& row) {
+  reader.each_row(unapproved_condition, [&](const Row& row) {
     Leftover document;
     document.document = key_text(row[0]);
     document.of_company = automation::to_text(row[1]) == "STKCLOSEALL";

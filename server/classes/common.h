@@ -7,6 +7,9 @@
 // What several classes say in the same words.
 namespace tallyra::server {
 
+inline constexpr NamedParameter document{"cTRANNO", "Number of the document"};
+inline constexpr NamedParameter part{"cPartNo", "Number of the part"};
+
 // A row crosses as two collections.
 inline constexpr NamedParameter names_read{"colFieldName",
                                            "Collection that receives the names of the columns"};

@@ -13,7 +13,6 @@ using masterdata::CStkShipNote;
 
 constexpr NamedParameter address{"cAddrNo", "Number of the address"};
 constexpr NamedParameter controller{"cCONTROLLERNO", "Number of the controller"};
-constexpr NamedParameter document{"cTRANNO", "Number of the document"};
 
 }  // namespace
 

@@ -12,7 +12,6 @@ using stockcheck::CCheckHead;
 using stockcheck::CStkrptFuns;
 
 constexpr NamedParameter stocktaking{"cCHECKNO", "Number of the stocktaking"};
-constexpr NamedParameter part{"cPartNo", "Number of the part"};
 
 }  // namespace
 

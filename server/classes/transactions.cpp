@@ -9,11 +9,9 @@ namespace {
 using transactions::CTranDetail;
 using transactions::CTranHead;
 
-constexpr NamedParameter document{"cTRANNO", "Number of the document"};
 constexpr NamedParameter type{"cTranType", "Type of the document"};
 constexpr NamedParameter type_with_rights{"cTranType", "Type of the document; its rights count"};
 constexpr NamedParameter reference{"cReference", "Order or document that the line refers to"};
-constexpr NamedParameter part{"cPartNo", "Number of the part"};
 constexpr NamedParameter line{"intSN", "Number of the line; negative to find it by its part", -1};
 constexpr NamedParameter new_line{"intSN", "Number that no line may have yet; negative to ask by the part",
                                   -1};

@@ -9,15 +9,8 @@
 #include "server/com/snapshot_enumerator.h"
 
 namespace tallyra::server::com {
-namespace {
 
 using automation::com::Pointer;
-
-HRESULT current_code() {
-  return automation::hresult_from_number(automation::current_error().number());
-}
-
-}  // namespace
 
 ConnectionPoint::~ConnectionPoint() {
   ending_ = true;
@@ -49,7 +42,7 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   try {
     connections_.push_back({last_cookie_ + 1, std::move(events)});
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
   *cookie = ++last_cookie_;
   return S_OK;
@@ -72,7 +65,7 @@ HRESULT ConnectionPoint::EnumConnections(IEnumConnections** enumerator) {
     *enumerator = new SnapshotEnumerator<IEnumConnections, CONNECTDATA, Connection>(connections_);
     return S_OK;
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
 }
 
@@ -85,7 +78,7 @@ HRESULT SingleConnectionPoint::EnumConnectionPoints(IEnumConnectionPoints** enum
     *enumerator = new SnapshotEnumerator<IEnumConnectionPoints, IConnectionPoint*, Held>(std::move(points));
     return S_OK;
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
 }
 

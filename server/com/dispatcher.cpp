@@ -40,10 +40,6 @@ DISPID parameter_id(const ClassMember& member, std::string_view name) {
   return DISPID_UNKNOWN;
 }
 
-HRESULT current_code() {
-  return automation::hresult_from_number(automation::current_error().number());
-}
-
 }  // namespace
 
 HRESULT Dispatcher::Failure::code() const {
@@ -70,7 +66,7 @@ HRESULT Dispatcher::GetTypeInfo(UINT index, ITypeInfo** info) noexcept {
     *info = automation::com::Pointer<ITypeInfo>(&interface_info()).detach();
     return S_OK;
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
 }
 
@@ -92,7 +88,7 @@ HRESULT Dispatcher::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, 
     }
     return code;
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
 }
 
@@ -114,7 +110,7 @@ HRESULT Dispatcher::Invoke(DISPID id, REFIID reserved, WORD flags, DISPPARAMS* p
     automation::com::describe(*failure, failed->error, source());
     return DISP_E_EXCEPTION;
   } catch (...) {
-    return current_code();
+    return automation::current_hresult();
   }
 }
 

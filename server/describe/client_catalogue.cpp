@@ -8,7 +8,7 @@
 namespace tallyra::server::describe {
 namespace {
 
-std::string arguments_of(const ClassMember& member) {
+std::string shown_arguments(const ClassMember& member) {
   std::string text;
   bool in_collections = false;
   for (const auto& parameter : member.parameters) {
@@ -49,7 +49,7 @@ std::string client_catalogue(std::span<const ClassTable> classes) {
     const std::string array = file_name(table.name);
     text += "constexpr MemberEntry " + array + "[] = {\n";
     for (const ClassMember* member : methods_of(table))
-      text += "    {\"" + std::string(member->name) + "\", \"" + arguments_of(*member) + "\"},\n";
+      text += "    {\"" + std::string(member->name) + "\", \"" + shown_arguments(*member) + "\"},\n";
     text += "};\n";
     entries += "    {\"" + std::string(table.name) + "\", \"" + std::string(table.about.purpose) + "\", " +
                array + "},\n";

@@ -36,7 +36,7 @@ bool alike(const Parameter& one, const Parameter& other) {
 }
 
 // "`cCloseID`, `cCloseDT` texts by reference": neighbours of one kind share its name.
-std::string arguments_of(const ClassMember& member) {
+std::string documented_arguments(const ClassMember& member) {
   std::string text;
   std::size_t sharing = 0;
   for (std::size_t i = 0; i < member.parameters.size(); ++i) {
@@ -69,7 +69,7 @@ std::string reference_table(const ClassTable& table) {
   for (const auto& member : table.members)
     if (member.kind == MemberKind::method)
       text += "| " + std::to_string(member.id) + " | `" + std::string(member.name) + "` | " +
-              arguments_of(member) + " | " + result_of(member) + " |\n";
+              documented_arguments(member) + " | " + result_of(member) + " |\n";
   return text + "\n";
 }
 

@@ -65,7 +65,7 @@ void append_quoted(std::string& out, std::string_view text) {
   out += '\'';
 }
 
-std::string quoted(std::string_view text) {
+std::string quoted_text(std::string_view text) {
   std::string out;
   out.reserve(text.size() + 2);
   append_quoted(out, text);

@@ -35,6 +35,6 @@ double number_or_zero(const automation::Value& value);
 
 // A text between single quotes, the quotes inside doubled.
 void append_quoted(std::string& out, std::string_view text);
-std::string quoted(std::string_view text);
+std::string quoted_text(std::string_view text);
 
 }  // namespace tallyra::standins::corvane

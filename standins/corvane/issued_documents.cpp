@@ -31,7 +31,7 @@ std::int32_t highest_stored_counter(const automation::Object& connection, std::s
                                     const Series& series) {
   const std::string column(key_column);
   const std::string select = "Select Top 1 " + column + " From " + std::string(document_table(key_column)) +
-                             " Where " + column + ">=" + quoted(series.number(0)) + " And " + column;
+                             " Where " + column + ">=" + quoted_text(series.number(0)) + " And " + column;
   const std::string order = " Order By " + column + " Desc";
   // Between two numbers of a series other texts may sort, such as one with a letter behind it: look below
   // those.

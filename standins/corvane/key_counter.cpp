@@ -31,12 +31,12 @@ std::int32_t stored_counter(const Object& connection, const std::string& conditi
 // One transaction that starts by writing: of two that run at once the second waits for the first, and neither
 // has read anything before that it would have to wait for.
 std::int32_t take(const Object& connection, const Series& series, std::int32_t floor) {
-  const std::string condition = " Where SERIES=" + quoted(series.prefix());
+  const std::string condition = " Where SERIES=" + quoted_text(series.prefix());
   connection.call("BeginTrans");
   std::int32_t counter = 0;
   if (execute(connection, "Update TABLEKEYS Set LASTNO=LASTNO+1" + condition) == 0) {
     counter = floor + 1;
-    execute(connection, "Insert Into TABLEKEYS(SERIES,LASTNO) Values(" + quoted(series.prefix()) + "," +
+    execute(connection, "Insert Into TABLEKEYS(SERIES,LASTNO) Values(" + quoted_text(series.prefix()) + "," +
                             std::to_string(counter) + ")");
   } else {
     counter = stored_counter(connection, condition, series);

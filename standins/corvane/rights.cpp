@@ -39,8 +39,9 @@ int exactness(const automation::Value& stored, std::string_view wanted) {
 
 // The database may ignore case or blanks where this system does not, so the rows are judged once more here.
 std::string rights_query(std::string_view user, std::string_view code) {
-  return "Select * From " + std::string(rights_table_name) + " Where (LTRIM(RTRIM(USERID))=" + quoted(user) +
-         " Or USERID='*') And (LTRIM(RTRIM(FUNCCODE))=" + quoted(code) + " Or FUNCCODE='*')";
+  return "Select * From " + std::string(rights_table_name) +
+         " Where (LTRIM(RTRIM(USERID))=" + quoted_text(user) +
+         " Or USERID='*') And (LTRIM(RTRIM(FUNCCODE))=" + quoted_text(code) + " Or FUNCCODE='*')";
 }
 
 }  // namespace

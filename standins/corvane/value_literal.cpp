@@ -21,7 +21,7 @@ bool is_blank(const Value& value) {
 Literal text_literal(const Value& value) {
   const std::string text = automation::to_text(value);
   if (text.find('\0') != std::string::npos) return std::nullopt;
-  return quoted(text);
+  return quoted_text(text);
 }
 
 Literal date_literal(const Value& value, Dialect dialect) {

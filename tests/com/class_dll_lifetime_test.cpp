@@ -12,8 +12,6 @@ namespace tallyra::tests::com {
 namespace {
 
 constexpr int rounds = 10'000;
-// Nothing that happens in every round, or in every hundredth.
-constexpr long few = 20;
 
 TEST(LeakCounter, SeesALeak) {
   const long before = blocks_in_use();

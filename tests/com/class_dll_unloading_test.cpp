@@ -20,8 +20,6 @@ namespace {
 constexpr int loads = 100;
 constexpr int threads = 8;
 constexpr int rounds_of_a_thread = 25;
-// Nothing that happens in every round.
-constexpr long few = 20;
 
 void expect_loaded(const wchar_t* dll, bool loaded) {
   EXPECT_EQ(GetModuleHandleW(dll) != nullptr, loaded) << automation::com::to_utf8(dll);

@@ -44,13 +44,6 @@ class ClientCollection : public automation::Collection {
   std::size_t room_;
 };
 
-Variant object_variant(const Object& object) {
-  Variant variant;
-  V_DISPATCH(&variant.raw()) = ComObject::make(object, Role::caller).detach();
-  V_VT(&variant.raw()) = VT_DISPATCH;
-  return variant;
-}
-
 Variant no_object() {
   Variant variant;
   V_DISPATCH(&variant.raw()) = nullptr;

@@ -27,6 +27,9 @@ Pointer<IDispatch> new_client(const ServerDll& dll, REFCLSID class_id,
 // Puts a session property by its dispatch id.
 void put_session(IDispatch* object, DISPID id, std::string_view text);
 
+// The number that tells of a closed period.
+inline constexpr float closed_period = 10000112;
+
 float error_number_of(IDispatch* object);
 std::string error_description_of(IDispatch* object);
 

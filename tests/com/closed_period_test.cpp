@@ -9,7 +9,6 @@
 namespace tallyra::tests::com {
 namespace {
 
-constexpr float closed_period = 10000112;
 constexpr float not_set_up = 91;
 
 class ClosedPeriod : public testing::Test {

@@ -13,15 +13,8 @@ namespace {
 constexpr DISPID valid_close_id = 15;
 constexpr auto no_such_member = static_cast<HRESULT>(0x800A01B6);
 constexpr char no_such_member_text[] = "Object doesn't support this property or method";
-constexpr float closed_period = 10000112;
 // No such table, as far as a single-precision number holds it.
 constexpr auto no_such_table = static_cast<float>(static_cast<HRESULT>(0x80040E37));
-
-std::string text_and_free(BSTR bstr) {
-  std::string text = automation::com::text_of(bstr);
-  SysFreeString(bstr);
-  return text;
-}
 
 class GuardError : public testing::Test {
  protected:

@@ -43,13 +43,6 @@ Variant array_of(VARTYPE type, ULONG count) {
   return variant;
 }
 
-Variant object_variant(const automation::Object& object) {
-  Variant variant;
-  V_DISPATCH(&variant.raw()) = ComObject::make(object, Role::caller).detach();
-  V_VT(&variant.raw()) = VT_DISPATCH;
-  return variant;
-}
-
 // A collection that holds one of every kind of thing that is no column's name or value.
 Variant strange_collection() {
   const auto collection = automation::make_object<automation::Collection>();

@@ -25,8 +25,6 @@ constexpr int rounds = 2'000;
 constexpr int rounds_of_a_stand_in = 500;
 // The system fills tables of its own in the first rounds.
 constexpr int first_rounds = 20;
-// Nothing that happens in every round, or in every hundredth.
-constexpr long few = 20;
 
 // The index that the next module to ask for one gets.
 DWORD next_tls_index() {

@@ -5,10 +5,18 @@
 #include <string>
 
 #include "automation/com/pointer.h"
+#include "automation/com/text.h"
 
 namespace tallyra::tests::com {
 
 using automation::com::Pointer;
+
+// A text that the caller was handed and frees.
+inline std::string text_and_free(BSTR bstr) {
+  std::string text = automation::com::text_of(bstr);
+  SysFreeString(bstr);
+  return text;
+}
 
 // A DLL, loaded for as long as this lives.
 class ServerDll {

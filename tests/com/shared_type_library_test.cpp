@@ -16,8 +16,6 @@ namespace {
 
 constexpr int threads = 8;
 constexpr int rounds_of_a_thread = 500;
-// The library itself takes hundreds of blocks.
-constexpr long few = 20;
 
 class SharedTypeLibrary : public testing::Test {
  protected:

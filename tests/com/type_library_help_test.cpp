@@ -12,12 +12,6 @@ namespace {
 // Where the help string of a parameter stands, as the interface description says.
 const GUID parameter_help = {0xEF37099B, 0xEED4, 0x47BC, {0x88, 0xE8, 0x87, 0xA0, 0xC6, 0xEB, 0x8E, 0xB3}};
 
-std::string text_and_free(BSTR bstr) {
-  std::string text = automation::com::text_of(bstr);
-  SysFreeString(bstr);
-  return text;
-}
-
 struct Described {
   std::string name;
   std::string help;

@@ -21,12 +21,6 @@ using server::Parameter;
 using server::ParameterType;
 using server::ResultType;
 
-std::string text_and_free(BSTR bstr) {
-  std::string text = automation::com::text_of(bstr);
-  SysFreeString(bstr);
-  return text;
-}
-
 // A type as it is written in the interface description.
 std::string type_name(const TYPEDESC& type) {
   switch (type.vt) {

@@ -2,9 +2,12 @@
 
 #include <oaidl.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
+#include "automation/com/com_object.h"
+#include "automation/com/text.h"
 #include "automation/com/variant.h"
 
 namespace tallyra::tests::com {
@@ -12,6 +15,14 @@ namespace tallyra::tests::com {
 using automation::Value;
 using automation::com::Role;
 using automation::com::Variant;
+
+// An argument that holds an object of the caller's.
+inline Variant object_variant(const automation::Object& object) {
+  Variant variant;
+  V_DISPATCH(&variant.raw()) = automation::com::ComObject::make(object, Role::caller).detach();
+  V_VT(&variant.raw()) = VT_DISPATCH;
+  return variant;
+}
 
 // What a client wants to be told by a call; it passes a null pointer for the rest.
 struct Wanted {

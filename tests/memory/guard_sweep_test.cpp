@@ -23,16 +23,16 @@ using memory::Shortage;
 using stage::Outcome;
 using stage::Stage;
 
-const Value& long_text() {
+const Value& allocated_text() {
   static const Value text = "a text that is long enough to need memory of its own";
   return text;
 }
 
 // An object whose calls have been set up by another object of the thread, and one call of it.
-class Scene {
+class GuardScene {
  public:
-  explicit Scene(const char* class_name) {
-    stage_.connection_string = automation::to_text(long_text());
+  explicit GuardScene(const char* class_name) {
+    stage_.connection_string = automation::to_text(allocated_text());
     stage_.finds("Select * From STKCLOSEHD Where CLOSEDT>=#2024/03/31#", {{"CLOSEDT"}, {{"a close"}}});
     for (const auto& query :
          {stage::issued_for_order("STK020MISS"), stage::returned_from_order("STK021RTN1")})
@@ -72,7 +72,7 @@ class Scene {
 template <class Call>
 void expect_outcomes(const char* class_name, const Call& call, const std::set<std::string>& allowed,
                      const std::string& undisturbed) {
-  Scene scene(class_name);
+  GuardScene scene(class_name);
   const long allocations = std::stol(memory::in_fresh_process([&] {
     return scene.play(call, std::nullopt) == undisturbed ? std::to_string(scene.allocations()) : "0";
   }));

@@ -3,7 +3,7 @@
 namespace tallyra::client {
 namespace {
 
-const Finding* const table[] = {
+const Finding* const findings_in_order[] = {
     &not_month_end,    &in_future,           &before_a_close,       &month_left_out,     &previous_unapproved,
     &another_closer,   &unknown_departments, &unknown_parts,        &unknown_quantities, &part_order,
     &trailing_blanks,  &unfinished_close,    &unapproved_documents, &negative_stock,     &no_cost,
@@ -13,7 +13,7 @@ const Finding* const table[] = {
 }  // namespace
 
 std::span<const Finding* const> findings() {
-  return table;
+  return findings_in_order;
 }
 
 }  // namespace tallyra::client

@@ -13,10 +13,6 @@
 namespace tallyra::client {
 namespace {
 
-std::string error_text(const automation::Error& error) {
-  return "error " + std::to_string(error.number()) + ": " + std::string(error.description());
-}
-
 void examine_sqlite(const std::string& connection_string, const Reader& reader, Observations& seen) {
   std::string mode;
   reader.each_row("Pragma journal_mode", [&](const Row& row) { mode = automation::to_text(row.at(0)); });

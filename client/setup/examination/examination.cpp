@@ -8,10 +8,6 @@
 namespace tallyra::client {
 namespace {
 
-std::string error_text(const automation::Error& error) {
-  return "error " + std::to_string(error.number()) + ": " + std::string(error.description());
-}
-
 // A look that the database itself broke off is a finding as well.
 void look(const char* what, Observations& seen, const std::function<void()>& examine_it) {
   try {
@@ -38,6 +34,10 @@ bool opens(VerbContext& context, Observations& seen) {
 }
 
 }  // namespace
+
+std::string error_text(const automation::Error& error) {
+  return "error " + std::to_string(error.number()) + ": " + std::string(error.description());
+}
 
 Observations examine(VerbContext& context) {
   Observations seen;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/error.h"
 #include "client/verbs/context.h"
 
 namespace tallyra::client {
@@ -17,6 +18,9 @@ struct Observation {
   std::string advice = {};  // empty where all is good
 };
 using Observations = std::vector<Observation>;
+
+// "error NUMBER: TEXT"
+std::string error_text(const automation::Error& error);
 
 // A look at one thing each. They throw nothing for what they find wrong.
 void examine_libraries(const VerbContext& context, Observations& seen);

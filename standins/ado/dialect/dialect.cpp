@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "standins/ado/dialect/characters.h"
 #include "standins/ado/dialect/date_literal.h"
 #include "standins/ado/dialect/insert_values.h"
 #include "standins/ado/dialect/tokenizer.h"
@@ -12,10 +13,6 @@ namespace {
 
 // Buffers grown beyond this by one huge text are given back before the next text.
 constexpr std::size_t kept_bytes = std::size_t{1} << 20;
-
-bool is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
 
 bool blank_before(std::string_view sql, std::size_t at) {
   return at == 0 || is_blank(sql[at - 1]);

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 
+#include "standins/ado/dialect/characters.h"
 #include "standins/ado/dialect/date_literal.h"
 #include "standins/ado/dialect/keyword.h"
 
@@ -34,11 +35,7 @@ Byte byte_of(char c) {
   return bytes[static_cast<unsigned char>(c)];
 }
 
-bool is_digit(char c) {
-  return byte_of(c) == Byte::digit;
-}
-
-bool is_name_byte(char c) {
+bool continues_name(char c) {
   return byte_of(c) == Byte::name || is_digit(c);
 }
 
@@ -69,7 +66,7 @@ class Scanner {
       case Byte::digit: return number(at_);
       case Byte::dot:
         // Behind a name it is that of a column; before a digit it would begin a number.
-        if (digit_at(at_ + 1)) return !is_name_byte(before_) && before_ != '.' && number(at_);
+        if (digit_at(at_ + 1)) return !continues_name(before_) && before_ != '.' && number(at_);
         return sign();
       case Byte::minus: return minus();
       case Byte::slash: return !(at_ + 1 != end_ && at_[1] == '*') && sign();
@@ -93,7 +90,7 @@ class Scanner {
   bool word() {
     const char* const first = at_;
     do ++at_;
-    while (at_ != end_ && is_name_byte(*at_));
+    while (at_ != end_ && continues_name(*at_));
     // x'41' is a blob.
     if (at_ != end_ && *at_ == '\'') return false;
     if (at_ - first == 4 && begins_value() && same_name({first, 4}, "null"))
@@ -127,7 +124,7 @@ class Scanner {
       if (!digit_at(at_)) return false;
       skip_digits();
     }
-    if (at_ != end_ && (is_name_byte(*at_) || *at_ == '.')) return false;
+    if (at_ != end_ && (continues_name(*at_) || *at_ == '.')) return false;
     return literal(first, kind);
   }
 

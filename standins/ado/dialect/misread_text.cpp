@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "standins/ado/dialect/characters.h"
+
 namespace tallyra::standins::ado::dialect {
 namespace {
 
@@ -10,11 +12,6 @@ constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 bool begins_parameter(char c) {
   return c == '$' || c == '@' || c == ':' || c == '#';
-}
-
-bool is_name_byte(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '$' ||
-         static_cast<unsigned char>(c) >= 0x80;
 }
 
 // The driver takes escape sequences out of a text, {fn now()} for one, wherever it finds a brace outside

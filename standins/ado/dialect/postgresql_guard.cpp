@@ -5,15 +5,18 @@
 #include <cstddef>
 #include <string_view>
 
+#include "automation/folded_name.h"
 #include "standins/ado/dialect/keyword.h"
 #include "standins/ado/dialect/postgresql_misread_text.h"
 
 namespace tallyra::standins::ado::dialect {
 namespace {
 
+using automation::is_one_of;
+
 using Names = std::string_view;
 
-constexpr auto reaching_verbs =
+constexpr auto server_reaching_verbs =
     std::to_array<Names>({"copy", "do", "load", "call", "import", "security", "prepare", "execute",
                           "deallocate", "discard", "reassign", "checkpoint"});
 
@@ -50,19 +53,14 @@ constexpr auto harmless_settings = std::to_array<Names>(
      "constraints", "plan_cache_mode", "jit", "random_page_cost", "enable_seqscan", "enable_nestloop",
      "enable_hashjoin", "enable_mergejoin", "enable_sort", "default_transaction_isolation"});
 
-template <std::size_t N>
-bool is_one_of(const std::array<Names, N>& names, std::string_view name) {
-  return std::ranges::any_of(names, [&](Names entry) { return same_name(entry, name); });
-}
-
 bool has_reaching_beginning(std::string_view name) {
   return std::ranges::any_of(reaching_beginnings,
                              [&](Names entry) { return same_name(entry, name.substr(0, entry.size())); });
 }
 
-class Judge {
+class ServerJudge {
  public:
-  explicit Judge(const Tokens& tokens) : tokens_(tokens) {}
+  explicit ServerJudge(const Tokens& tokens) : tokens_(tokens) {}
 
   Verdict verdict() const {
     if (const auto misread = misread_by_postgresql(tokens_); !misread.empty())
@@ -91,7 +89,7 @@ class Judge {
   // 0 when there is none.
   std::size_t reaching_verb() const {
     if (tokens_[1].kind != TokenKind::word) return 0;
-    if (is_one_of(reaching_verbs, tokens_.text(1))) return 1;
+    if (is_one_of(server_reaching_verbs, tokens_.text(1))) return 1;
     if (is_word(1, "create") || is_word(1, "alter") || is_word(1, "drop")) return reaching_object();
     return is_word(1, "set") ? reaching_setting() : 0;
   }
@@ -122,7 +120,7 @@ class Judge {
 }  // namespace
 
 Verdict judge_for_postgresql(const Tokens& tokens) {
-  return Judge(tokens).verdict();
+  return ServerJudge(tokens).verdict();
 }
 
 }  // namespace tallyra::standins::ado::dialect

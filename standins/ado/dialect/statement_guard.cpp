@@ -4,12 +4,15 @@
 #include <array>
 #include <cstddef>
 
+#include "automation/folded_name.h"
 #include "standins/ado/dialect/keyword.h"
 #include "standins/ado/dialect/misread_text.h"
 #include "standins/ado/dialect/table_places.h"
 
 namespace tallyra::standins::ado::dialect {
 namespace {
+
+using automation::is_one_of;
 
 // Functions and tables of the engine, of its driver and of the libraries that are loaded most often.
 constexpr auto reaching_names = std::to_array<std::string_view>({
@@ -46,14 +49,9 @@ constexpr auto harmless_pragmas = std::to_array<std::string_view>({
 // Before the name of a pragma it makes a table of it.
 constexpr std::string_view pragma_prefix = "pragma_";
 
-template <std::size_t N>
-bool is_one_of(const std::array<std::string_view, N>& names, std::string_view name) {
-  return std::ranges::any_of(names, [&](std::string_view entry) { return same_name(entry, name); });
-}
-
-class Judge {
+class StatementJudge {
  public:
-  explicit Judge(const Tokens& tokens) : tokens_(tokens) {}
+  explicit StatementJudge(const Tokens& tokens) : tokens_(tokens) {}
 
   Verdict verdict() const {
     if (const auto misread = misread_part(tokens_); !misread.empty()) return {Reach::beyond, misread};
@@ -142,7 +140,7 @@ bool is_harmless_pragma(std::string_view name) {
 }
 
 Verdict judge(const Tokens& tokens) {
-  return Judge(tokens).verdict();
+  return StatementJudge(tokens).verdict();
 }
 
 }  // namespace tallyra::standins::ado::dialect

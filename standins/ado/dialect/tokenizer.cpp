@@ -1,30 +1,12 @@
 #include "standins/ado/dialect/tokenizer.h"
 
-#include <array>
 #include <cstddef>
 
+#include "standins/ado/dialect/characters.h"
 #include "standins/ado/dialect/date_literal.h"
 
 namespace tallyra::standins::ado::dialect {
 namespace {
-
-constexpr auto name_byte = [] {
-  std::array<bool, 256> table{};
-  for (int c = 0; c < 256; ++c)
-    table[static_cast<std::size_t>(c)] = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                                         (c >= 'a' && c <= 'z') || c == '_' || c == '$' || c >= 0x80;
-  return table;
-}();
-
-bool is_name_byte(char c) {
-  return name_byte[static_cast<unsigned char>(c)];
-}
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
 
 struct Scan {
   std::size_t end;

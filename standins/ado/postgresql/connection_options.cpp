@@ -15,15 +15,11 @@ namespace tallyra::standins::ado {
 namespace {
 
 using automation::equals_folded;
+using automation::is_one_of;
 using namespace connection_words;
 
 [[noreturn]] void refuse(std::string_view what, std::string_view name) {
   throw automation::Error(provider_error::unspecified, std::string(what) + std::string(name));
-}
-
-template <std::size_t N>
-bool is_one_of(const std::array<std::string_view, N>& names, std::string_view name) {
-  return std::ranges::any_of(names, [&](std::string_view entry) { return equals_folded(entry, name); });
 }
 
 class Reader {

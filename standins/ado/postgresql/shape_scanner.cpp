@@ -10,13 +10,9 @@ namespace tallyra::standins::ado {
 namespace {
 
 using automation::equals_folded;
+using automation::is_one_of;
 
 constexpr std::size_t most_literals = 512;
-
-template <std::size_t N>
-bool is_one_of(const std::array<std::string_view, N>& words, std::string_view word) {
-  return std::ranges::any_of(words, [&](std::string_view entry) { return equals_folded(entry, word); });
-}
 
 // Words before a parenthesis, and functions, that change nothing.
 constexpr auto harmless_before_parenthesis = std::to_array<std::string_view>(

@@ -26,7 +26,7 @@ class TranDetail : public Company {
 };
 TALLYRA_ON_BOTH_KINDS(TranDetail);
 
-const std::string before = "T1|PO1|0|1\nT1|PO1|1|2\nT1|PO1|2|3\nT1|PO2|1|4\nT2|PO1|1|5\n";
+const std::string lines_before = "T1|PO1|0|1\nT1|PO1|1|2\nT1|PO1|2|3\nT1|PO2|1|4\nT2|PO1|1|5\n";
 
 TEST_P(TranDetail, IsReadWithTheDescriptionOfItsPart) {
   Fields fields;
@@ -68,7 +68,7 @@ TEST_P(TranDetail, IsChangedByItsCreatorAndNobodyElseWithoutTheRight) {
   EXPECT_EQ(write_line(detail("OLGA"), "Update", line(1), fields), no_right);
   EXPECT_EQ(write_line(detail("OLGA"), "Update", line(-1), fields), no_right);
   EXPECT_EQ(delete_line(detail("OLGA"), line(1)), no_right);
-  EXPECT_EQ(quantities(), before);
+  EXPECT_EQ(quantities(), lines_before);
   EXPECT_EQ(write_line(detail("OWEN"), "Update", line(1), fields), done);
   EXPECT_EQ(write_line(detail("OWEN"), "Update", line(9), fields), done);
   EXPECT_EQ(delete_line(detail("OWEN"), line(0)), done);
@@ -82,7 +82,7 @@ TEST_P(TranDetail, OfAPurchaseReturnIsChangedByPartOnly) {
   EXPECT_TRUE(behaviour::names(outcome.description, "incomplete input") ||
               behaviour::names(outcome.description, "end of input"))
       << outcome.description;
-  EXPECT_EQ(quantities(), before);
+  EXPECT_EQ(quantities(), lines_before);
   EXPECT_EQ(write_line(detail(), "Update", line(-1, "X", "STK011PORTN"), fields), done);
   EXPECT_EQ(quantities(), "T1|PO1|0|1\nT1|PO1|1|2\nT1|PO1|2|10\nT1|PO2|1|4\nT2|PO1|1|5\n");
 }
@@ -92,7 +92,7 @@ TEST_P(TranDetail, IsAddedWhereItsAddressIsFree) {
   EXPECT_EQ(write_line(detail(), "Insert", line(1), fields), already_exists);
   EXPECT_EQ(write_line(detail(), "Insert", line(-1), fields), already_exists);
   EXPECT_EQ(write_line(detail("OWEN"), "Insert", line(3), fields), no_right);
-  EXPECT_EQ(quantities(), before);
+  EXPECT_EQ(quantities(), lines_before);
   EXPECT_EQ(write_line(detail(), "Insert", line(3), fields), done);
   EXPECT_EQ(quantities(), "T1|PO1|0|1\nT1|PO1|1|2\nT1|PO1|2|3\nT1|PO1|3|0.1\nT1|PO2|1|4\nT2|PO1|1|5\n");
 }
@@ -118,7 +118,7 @@ TEST_P(TranDetail, OfAPartWithAnApostropheIsOutOfReachByPart) {
   EXPECT_EQ(write_line(detail(), "Update", line(-1, "A'B"), fields), syntax_error);
   EXPECT_EQ(write_line(detail(), "Insert", line(-1, "A'B"), fields), syntax_error);
   EXPECT_EQ(delete_line(detail(), line(-1, "A'B")), syntax_error);
-  EXPECT_EQ(quantities(), before);
+  EXPECT_EQ(quantities(), lines_before);
 }
 
 TEST_P(TranDetail, TakesNullTextsAndApostrophesFromTheCollections) {

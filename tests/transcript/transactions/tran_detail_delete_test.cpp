@@ -9,7 +9,8 @@ class TranDetailDelete : public TransactionStage {
 };
 TALLYRA_ON_BOTH_KINDS(TranDetailDelete);
 
-const std::string address = " WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
+const std::string deleted_address =
+    " WHERE STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
 
 std::string deletion(const std::string& condition) {
   return "C1.BeginTrans\n"
@@ -24,11 +25,11 @@ const struct {
   const char* type;
   Value number;
   std::string condition;
-} addresses[] = {{"STK010POREV", 0, address + "SN=0"},
-                 {"STK010POREV", 7, address + "SN=7"},
-                 {"STK011PORTN", 7, address + "SN=7"},
-                 {"STK010POREV", -1, address + "PARTNO='P1' "},
-                 {"STK011PORTN", omitted, address + "PARTNO='P1' "}};
+} addresses[] = {{"STK010POREV", 0, deleted_address + "SN=0"},
+                 {"STK010POREV", 7, deleted_address + "SN=7"},
+                 {"STK011PORTN", 7, deleted_address + "SN=7"},
+                 {"STK010POREV", -1, deleted_address + "PARTNO='P1' "},
+                 {"STK011PORTN", omitted, deleted_address + "PARTNO='P1' "}};
 
 TEST_P(TranDetailDelete, RemovesTheAddressedLinesInATransaction) {
   for (const auto& [type, number, condition] : addresses) {

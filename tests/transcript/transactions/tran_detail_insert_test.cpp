@@ -3,14 +3,15 @@
 namespace tallyra::transactions_test {
 namespace {
 
-const std::string address =
+const std::string line_address =
     "Select STKTRANDT.* From  STKTRANDT  WHERE STKTRANDT.TRANNO='T1' And STKTRANDT.REFERENCE='PO1' And "
     "STKTRANDT.";
-const std::vector<std::string> absent{address + "SN=0", address + "SN=7", address + "PARTNO='P1'"};
+const std::vector<std::string> no_line{line_address + "SN=0", line_address + "SN=7",
+                                       line_address + "PARTNO='P1'"};
 
 class TranDetailInsert : public TransactionStage {
  protected:
-  TranDetailInsert() : TransactionStage("CTranDetail", absent) { stage.set("CanInsert", 1); }
+  TranDetailInsert() : TransactionStage("CTranDetail", no_line) { stage.set("CanInsert", 1); }
   Outcome play(const Line& line = {}) { return write_line(client(), "Insert", line, fields); }
 };
 TALLYRA_ON_BOTH_KINDS(TranDetailInsert);
@@ -19,12 +20,12 @@ TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
   const struct {
     Value number;
     std::string query;
-  } rows[] = {{0, address + "SN=0"},
-              {7, address + "SN=7"},
-              {-1, address + "PARTNO='P1'"},
-              {omitted, address + "PARTNO='P1'"}};
+  } rows[] = {{0, line_address + "SN=0"},
+              {7, line_address + "SN=7"},
+              {-1, line_address + "PARTNO='P1'"},
+              {omitted, line_address + "PARTNO='P1'"}};
   for (const auto& [number, query] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_line);
     each.set("CanInsert", 1);
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Insert", {.number = number}, fields), done);
     EXPECT_EQ(each.database_calls(), opened + asked(query) +
@@ -40,7 +41,7 @@ TEST_P(TranDetailInsert, LooksTheAddressUpAndInsertsWithoutTransaction) {
 }
 
 TEST_P(TranDetailInsert, ALineThatIsThereIsRefused) {
-  stage.finds(address + "SN=7", {{"SN"}, {{7}}});
+  stage.finds(line_address + "SN=7", {{"SN"}, {{7}}});
   EXPECT_EQ(play({.number = 7}), refused(10000004));
   EXPECT_TRUE(stage.database_calls().ends_with("SN=7 | C1 3 1 -1\nR1.Close\nC1.Close\n"));
 }

@@ -21,11 +21,11 @@ std::string bills(const std::string& assemblies) {
          "ASSMBOM.ASSMNO In (" +
          assemblies + ")";
 }
-const std::vector<std::string> absent{of_production_order, of_sales_order, bills("'P1'")};
+const std::vector<std::string> no_requirement{of_production_order, of_sales_order, bills("'P1'")};
 
 class MaterialRequirement : public TransactionStage {
  protected:
-  MaterialRequirement() : TransactionStage("CTranDetail", absent) {}
+  MaterialRequirement() : TransactionStage("CTranDetail", no_requirement) {}
 };
 TALLYRA_ON_BOTH_KINDS(MaterialRequirement);
 
@@ -37,7 +37,7 @@ Outcome quantity(double value) {
 
 TEST_P(MaterialRequirement, OfAProductionOrderStandsInItsOwnList) {
   for (const Value& type : {omitted, Value(""), Value("STK020MISS"), Value("STK021RTN1"), Value("other")}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 12.5}}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(12.5));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
@@ -53,7 +53,7 @@ TEST_P(MaterialRequirement, OfAProductionOrderLineCountsTheQuantityThatIsKnown) 
               {{{"P1", Null{}}, {"P1", 3}}, 3},
               {{{"P1", Null{}}, {"P1", Null{}}, {"P1", Null{}}}, 0}};
   for (const auto& [sums, required] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, sums});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), quantity(required));
     EXPECT_EQ(each.database_calls(), opened + asked(of_production_order) + "C1.Close\n");
@@ -74,7 +74,7 @@ TEST_P(MaterialRequirement, OfASalesOrderIsFollowedThroughItsAssemblies) {
 
 TEST_P(MaterialRequirement, MovementsForSalesOrdersAskTheSalesOrderAlone) {
   for (const char* type : {"STK020MISSSO", "STK021RTNSO"}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.finds(of_production_order, {{"PARTNO", "QTY"}, {{"P1", 99}}});
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 4}}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1", type), quantity(4));
@@ -124,7 +124,7 @@ std::string both(const std::string& one, const std::string& other) {
 
 TEST_P(MaterialRequirement, OfAPartInTwoSpellingsIsOneIfThePartMasterSaysSo) {
   for (const bool one_part : {true, false}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 10}}});
     each.finds(bills("'A'"), {bill_columns, {{"A", "p1", 2, 1, 0}, {"A", "P1", 1, 1, 0}}});
     each.all_find_nothing({bills("'p1','P1'"), both("'P1'", "'p1'")});
@@ -194,7 +194,7 @@ TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
               {{"A", "P1", 2, 1, Null{}}, trapped(94, "Invalid use of Null")},
               {{"A", "P1", "two", 1, 0}, trapped(13, "Type mismatch")}};
   for (const auto& [line, outcome] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"A", 1}}}).finds(bills("'A'"), {bill_columns, {line}});
     EXPECT_EQ(requirement(each.client("CTranDetail"), "N1", "P1"), outcome);
   }
@@ -206,7 +206,7 @@ TEST_P(MaterialRequirement, AQuantityThatIsNoNumberEndsInTheTrap) {
 
 TEST_P(MaterialRequirement, AnErrorOfTheDatabaseComesBack) {
   for (const char* failing : {"From CODETAIL", "From SODTBOM", "From ASSMBOM", "From PARTS", "C1.Close"}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_requirement);
     each.all_find_nothing({bills("'P1','p1'"), both("'P1'", "'p1'")});
     each.finds(of_sales_order, {{"PARTNO", "QTY"}, {{"P1", 1}, {"p1", 1}}})
         .fails(failing, Error(-2147217865, "no table"));

@@ -27,18 +27,18 @@ const std::string purchase_return =
     "Select STKTRANHD.TRANNO From STKTRANHD Where STKTRANHD.TRANNO='N1' And STKTRANHD.TRANTYPE='STK011PORTN'";
 const std::string sales_order = "Select SOHD.SONO From SOHD Where SONO='N1'";
 const std::string production_order = "Select COHD.CONO From COHD Where COHD.CONO='N1'";
-const std::vector<std::string> absent{ordered,        moved,           received,    returned,
-                                      purchase_order, purchase_return, sales_order, production_order};
+const std::vector<std::string> no_order{ordered,        moved,           received,    returned,
+                                        purchase_order, purchase_return, sales_order, production_order};
 
 class OrderReferenceChecks : public TransactionStage {
  protected:
-  OrderReferenceChecks() : TransactionStage("CTranDetail", absent) {}
+  OrderReferenceChecks() : TransactionStage("CTranDetail", no_order) {}
 };
 TALLYRA_ON_BOTH_KINDS(OrderReferenceChecks);
 
 TEST_P(OrderReferenceChecks, TellWhatOfAnOrderLineIsOrderedReceivedAndReturned) {
   {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     each.finds(ordered, {{"PONO", "PARTNO", "POQTY"}, {{"N1", "P1", 12.5}, {"N1", "P1", 99}}});
     each.finds(received, {{"REFERENCE", "SN", "QTY"}, {{"N1", 3, 7}}});
     each.finds(returned, {{"REFERENCE", "SN", "QTY"}, {{"N1", 3, -2.25}}});
@@ -53,7 +53,7 @@ TEST_P(OrderReferenceChecks, TellWhatOfAnOrderLineIsOrderedReceivedAndReturned) 
 
 TEST_P(OrderReferenceChecks, NegateTheQuantityOfAnyOtherDocument) {
   for (const Value& type : {Value("po"), Value("PO "), Value("SO"), Value(""), omitted}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     each.finds(moved, {{"TRANNO", "SN", "POQTY"}, {{"N1", 3, -4}}});
     Quantities quantities;
     EXPECT_EQ(order_quantities(each.client("CTranDetail"), "N1", 3, quantities, type), done);
@@ -96,7 +96,7 @@ TEST_P(OrderReferenceChecks, HandBackWhatWasFoundBeforeAFailure) {
               {"'STK010PORTN'", {12.0, 7.0, -1.0}},
               {"C1.Close", {12.0, 7.0, 0.0}}};
   for (const auto& [failing, expected] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     each.finds(ordered, {{"POQTY"}, {{12}}}).finds(received, {{"QTY"}, {{7}}});
     each.fails(failing, Error(-2147217900, "bad"));
     Quantities quantities;
@@ -116,7 +116,7 @@ TEST_P(OrderReferenceChecks, AQuantityThatIsNoNumberEndsInTheTrap) {
               {"12.5", done},
               {automation::Currency{125000}, done}};
   for (const auto& [quantity, outcome] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     each.finds(ordered, {{"POQTY"}, {{quantity}}});
     Quantities quantities;
     EXPECT_EQ(order_quantities(each.client("CTranDetail"), "N1", 3, quantities, "PO"), outcome);
@@ -135,7 +135,7 @@ TEST_P(OrderReferenceChecks, TellPurchaseOrdersFromPurchaseReturns) {
               {false, true, 2, asked(purchase_order) + asked(purchase_return)},
               {false, false, 0, asked(purchase_order) + asked(purchase_return)}};
   for (const auto& [order, return_document, kind, calls] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     if (order) each.finds(purchase_order, {{"PONO"}, {{"N1"}}});
     if (return_document) each.finds(purchase_return, {{"TRANNO"}, {{"N1"}}});
     const Object detail = each.client("CTranDetail");
@@ -164,7 +164,7 @@ TEST_P(OrderReferenceChecks, TellSalesOrdersFromProductionOrders) {
               {false, true, "MO", asked(sales_order) + asked(production_order)},
               {false, false, "", asked(sales_order) + asked(production_order)}};
   for (const auto& [sales, production, kind, calls] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_order);
     if (sales) each.finds(sales_order, {{"SONO"}, {{"N1"}}});
     if (production) each.finds(production_order, {{"CONO"}, {{"N1"}}});
     const Object detail = each.client("CTranDetail");

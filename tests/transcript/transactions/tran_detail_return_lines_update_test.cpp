@@ -4,11 +4,12 @@ namespace tallyra::transactions_test {
 namespace {
 
 const std::string owner_query = "Select ADDBY from STKTRANDT WHERE TRANNO='T1'";
-const std::vector<std::string> absent{owner_query, "Select * From STKTRANDT Where TRANNO='T1' AND SN=2"};
+const std::vector<std::string> no_return_line{owner_query,
+                                              "Select * From STKTRANDT Where TRANNO='T1' AND SN=2"};
 
 class ReturnLineUpdate : public TransactionStage {
  protected:
-  ReturnLineUpdate() : TransactionStage("CTranDetail", absent) {}
+  ReturnLineUpdate() : TransactionStage("CTranDetail", no_return_line) {}
   Outcome play(const Value& number = 2) { return update_return(client(), "T1", number, fields); }
 };
 TALLYRA_ON_BOTH_KINDS(ReturnLineUpdate);
@@ -108,7 +109,7 @@ TEST_P(ReturnLineUpdate, WritesTheNumberAsItStands) {
 
 TEST_P(ReturnLineUpdate, RollsBackAndClosesOnceTheStatementIsMade) {
   for (const char* failing : {"BeginTrans", "Execute", "CommitTrans"}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_return_line);
     each.set("CanUpdate", 1).fails(failing, Error(-2147217900, "locked"));
     EXPECT_EQ(update_return(each.client("CTranDetail"), "T1", 2, fields), trapped(-2147217900, "locked"));
     EXPECT_TRUE(each.database_calls().ends_with(" ! locked\nC1.RollbackTrans\nC1.Close\n")) << failing;

@@ -3,13 +3,14 @@
 namespace tallyra::transactions_test {
 namespace {
 
-const std::string address = "STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
-const std::vector<std::string> absent{"Select ADDBY from STKTRANDT WHERE " + address + "SN=7",
-                                      "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' "};
+const std::string address_to_change = "STKTRANDT.TRANNO='T1' AND STKTRANDT.REFERENCE='PO1' AND STKTRANDT.";
+const std::vector<std::string> no_line_to_change{
+    "Select ADDBY from STKTRANDT WHERE " + address_to_change + "SN=7",
+    "Select ADDBY from STKTRANDT WHERE " + address_to_change + "PARTNO='P1' "};
 
 class TranDetailUpdate : public TransactionStage {
  protected:
-  TranDetailUpdate() : TransactionStage("CTranDetail", absent) {}
+  TranDetailUpdate() : TransactionStage("CTranDetail", no_line_to_change) {}
   Outcome play(const Line& line = {}) { return write_line(client(), "Update", line, fields); }
 };
 TALLYRA_ON_BOTH_KINDS(TranDetailUpdate);
@@ -27,19 +28,19 @@ TEST_P(TranDetailUpdate, AppendsTheConditionOfNumberOrPart) {
     const char* type;
     Value number;
     std::string condition;
-  } rows[] = {{"STK010POREV", 0, " WHERE " + address + "SN=0"},
-              {"STK010POREV", 7, " WHERE " + address + "SN=7"},
-              {"STK010POREV", -1, " WHERE " + address + "PARTNO='P1' "},
-              {"STK010POREV", omitted, " WHERE " + address + "PARTNO='P1' "},
+  } rows[] = {{"STK010POREV", 0, " WHERE " + address_to_change + "SN=0"},
+              {"STK010POREV", 7, " WHERE " + address_to_change + "SN=7"},
+              {"STK010POREV", -1, " WHERE " + address_to_change + "PARTNO='P1' "},
+              {"STK010POREV", omitted, " WHERE " + address_to_change + "PARTNO='P1' "},
               {"STK011PORTN", 0, open_parenthesis + "0"},
               {"STK011PORTN", 7, open_parenthesis + "7"},
-              {"STK011PORTN", -1, " WHERE " + address + "PARTNO='P1' "},
-              {"STK011PORTN", omitted, " WHERE " + address + "PARTNO='P1' "},
-              {"stk011portn", 7, " WHERE " + address + "SN=7"},
-              {"STK011PORTN ", 7, " WHERE " + address + "SN=7"},
-              {"STK010PORTN", 7, " WHERE " + address + "SN=7"}};
+              {"STK011PORTN", -1, " WHERE " + address_to_change + "PARTNO='P1' "},
+              {"STK011PORTN", omitted, " WHERE " + address_to_change + "PARTNO='P1' "},
+              {"stk011portn", 7, " WHERE " + address_to_change + "SN=7"},
+              {"STK011PORTN ", 7, " WHERE " + address_to_change + "SN=7"},
+              {"STK010PORTN", 7, " WHERE " + address_to_change + "SN=7"}};
   for (const auto& [type, number, condition] : rows) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_line_to_change);
     each.set("CanUpdate", 1);
     EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.type = type, .number = number}, fields),
               done);
@@ -61,11 +62,11 @@ TEST_P(TranDetailUpdate, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
   const struct {
     Value number;
     std::string owner_query;
-  } rows[] = {{7, "Select ADDBY from STKTRANDT WHERE " + address + "SN=7"},
-              {-1, "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' "}};
+  } rows[] = {{7, "Select ADDBY from STKTRANDT WHERE " + address_to_change + "SN=7"},
+              {-1, "Select ADDBY from STKTRANDT WHERE " + address_to_change + "PARTNO='P1' "}};
   for (const auto& [number, owner_query] : rows)
     for (const bool found : {true, false}) {
-      Stage each(GetParam(), absent);
+      Stage each(GetParam(), no_line_to_change);
       each.set("Owner", 1);
       if (found) each.finds(owner_query, {{"ADDBY"}, {{" TESTER"}}});
       EXPECT_EQ(write_line(each.client("CTranDetail"), "Update", {.number = number}, fields), done);
@@ -84,11 +85,11 @@ TEST_P(TranDetailUpdate, TheCreatorOfTheLineGoesOnOverTheSameConnection) {
 TEST_P(TranDetailUpdate, TheOwnerQueryOfAPurchaseReturnIsWellFormed) {
   stage.set("Owner", 1);
   EXPECT_EQ(play({.type = "STK011PORTN", .number = 7}), done);
-  EXPECT_TRUE(tells("R1.Open Select ADDBY from STKTRANDT WHERE " + address + "SN=7 | C1 3 1 -1"));
+  EXPECT_TRUE(tells("R1.Open Select ADDBY from STKTRANDT WHERE " + address_to_change + "SN=7 | C1 3 1 -1"));
 }
 
 TEST_P(TranDetailUpdate, OfSeveralLinesTheLastOneTellsTheOwner) {
-  const std::string owner_query = "Select ADDBY from STKTRANDT WHERE " + address + "PARTNO='P1' ";
+  const std::string owner_query = "Select ADDBY from STKTRANDT WHERE " + address_to_change + "PARTNO='P1' ";
   stage.set("Owner", 1);
   stage.finds(owner_query, {{"ADDBY"}, {{"OTHER"}, {"TESTER"}}});
   stage.finds(owner_query, {{"ADDBY"}, {{"TESTER"}, {"OTHER"}}});

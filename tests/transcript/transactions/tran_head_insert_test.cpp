@@ -5,11 +5,11 @@ namespace {
 
 const std::string existing = "Select * From STKTRANHD where TRANNO='T1'";
 const std::string lines = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
-const std::vector<std::string> absent{existing, lines};
+const std::vector<std::string> no_document{existing, lines};
 
 class TranHeadInsert : public TransactionStage {
  protected:
-  TranHeadInsert() : TransactionStage("CTranHead", absent) { stage.set("CanInsert", 1); }
+  TranHeadInsert() : TransactionStage("CTranHead", no_document) { stage.set("CanInsert", 1); }
   Outcome play(const Value& copied = omitted) {
     return insert_head(client(), "T1", "STK010POREV", fields, copied);
   }
@@ -21,7 +21,7 @@ const std::string created = opened + asked(existing) +
                             "C1.Execute <GetInsertSQL STKTRANHD> | -1\n";
 TEST_P(TranHeadInsert, CreatesTheHeaderAloneWhenNothingIsCopied) {
   for (const Value& copied : {omitted, Value("")}) {
-    Stage other(GetParam(), absent);
+    Stage other(GetParam(), no_document);
     other.set("CanInsert", 1);
     EXPECT_EQ(insert_head(other.client("CTranHead"), "T1", "STK010POREV", fields, copied), done);
     EXPECT_EQ(other.database_calls(), created + "C1.CommitTrans\nC1.Close\n");
@@ -45,7 +45,7 @@ TEST_P(TranHeadInsert, ACopyOfADocumentWithoutLinesCreatesTheHeaderAlone) {
 TEST_P(TranHeadInsert, NoFailureIsRolledBackTheConnectionIsLetGo) {
   for (const char* failing :
        {"BeginTrans", "<GetInsertSQL", "R1.Open SELECT * FROM STKTRANDT", "INSERT INTO", "CommitTrans"}) {
-    Stage each(GetParam(), absent);
+    Stage each(GetParam(), no_document);
     each.set("CanInsert", 1).fails(failing, Error(-2147217900, "locked"));
     each.finds(lines, {{"TRANNO", "REFERENCE", "SN", "PARTNO", "REFPARTNO", "MONO", "QTY", "VQTY", "UPRICE",
                         "NOTES"},

@@ -7,7 +7,7 @@ namespace {
 
 const std::vector<std::string> columns{"TRANNO", "REFERENCE", "SN",   "PARTNO", "REFPARTNO",
                                        "MONO",   "QTY",       "VQTY", "UPRICE", "NOTES"};
-const std::string query = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
+const std::string copied_lines = "SELECT * FROM STKTRANDT WHERE TRANNO='T0'";
 const std::string head =
     "INSERT INTO STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,REFPARTNO,MONO,QTY,VQTY,UPRICE,NOTES,ADDBY,ADDDT,"
     "EDITBY,EDITDT) VALUES('T1',";
@@ -16,7 +16,9 @@ class LineCopy : public testing::Test {
  protected:
   LineCopy() { on_stage(stage); }
   static void on_stage(Stage& each) {
-    each.set("CanInsert", 1).finds_nothing("Select * From STKTRANHD where TRANNO='T1'").finds_nothing(query);
+    each.set("CanInsert", 1)
+        .finds_nothing("Select * From STKTRANHD where TRANNO='T1'")
+        .finds_nothing(copied_lines);
   }
   static Outcome play(Stage& each, Fields fields) {
     return insert_head(each.client("CTranHead"), "T1", "STK010POREV", fields, "T0");
@@ -42,7 +44,7 @@ TEST_F(LineCopy, IsDatedInTheFormOfTheKindOfDatabase) {
   for (const auto& [kind, date] : rows) {
     Stage each(kind);
     on_stage(each);
-    each.finds(query, {columns, {{"T0", "PO1", 7, "P1", "R1", "M1", 2.5, 0, 1.25, "note"}}});
+    each.finds(copied_lines, {columns, {{"T0", "PO1", 7, "P1", "R1", "M1", 2.5, 0, 1.25, "note"}}});
     EXPECT_EQ(play(each, {{"TRANNO", "T1"}, {"ADDBY", "ANNA"}}), done);
     const std::string day = date;
     EXPECT_EQ(each.database_calls(),
@@ -53,7 +55,7 @@ TEST_F(LineCopy, IsDatedInTheFormOfTheKindOfDatabase) {
               "C1.BeginTrans\n"
               "C1.Execute <GetInsertSQL STKTRANHD> | -1\n"
               "R1.Open " +
-                  query +
+                  copied_lines +
                   " | C1 3 1 -1\n"
                   "C1.Execute " +
                   head + "'PO1',7,'P1','R1','M1',2.5,0,1.25,'note','ANNA'," + day + ",'ANNA'," + day +
@@ -70,7 +72,8 @@ TEST_F(LineCopy, TakesTheTimeForEachDateAnew) {
     return automation::Date{automation::parse_date("2024/04/05 00:00:00")->serial + seconds++ / 86400.0};
   });
   stage.finds(
-      query, {columns, {{"T0", "", 1, "P1", "", "", 1, 1, 1, ""}, {"T0", "", 2, "P2", "", "", 1, 1, 1, ""}}});
+      copied_lines,
+      {columns, {{"T0", "", 1, "P1", "", "", 1, 1, 1, ""}, {"T0", "", 2, "P2", "", "", 1, 1, 1, ""}}});
   EXPECT_EQ(play(stage, {{"ADDBY", "ANNA"}}), done);
   EXPECT_EQ(copies(stage), "C1.Execute " + head +
                                "'',1,'P1','','',1,1,1,'','ANNA',#2024/04/05 00:00:00#,"
@@ -85,10 +88,10 @@ TEST_F(LineCopy, TakesTheTimeForEachDateAnew) {
 }
 
 TEST_F(LineCopy, KeepsTheNumbersAndTheOrderFound) {
-  stage.finds(query, {columns,
-                      {{"T0", "", 3, "C", "", "", 1, 1, 1, ""},
-                       {"T0", "", 1, "A", "", "", 1, 1, 1, ""},
-                       {"T0", "", 1, "B", "", "", 1, 1, 1, ""}}});
+  stage.finds(copied_lines, {columns,
+                             {{"T0", "", 3, "C", "", "", 1, 1, 1, ""},
+                              {"T0", "", 1, "A", "", "", 1, 1, 1, ""},
+                              {"T0", "", 1, "B", "", "", 1, 1, 1, ""}}});
   EXPECT_EQ(play(stage, {{"X", 1}}), done);
   const std::string tail = ",'','',1,1,1,'','',#2024/04/05 14:05:09#,'',#2024/04/05 14:05:09#) | -1\n";
   EXPECT_EQ(copies(stage), "C1.Execute " + head + "'',3,'C'" + tail + "C1.Execute " + head + "'',1,'A'" +
@@ -110,7 +113,7 @@ TEST_F(LineCopy, BelongsToTheFirstCreatorNamedExactly) {
   for (const auto& [fields, user] : rows) {
     Stage each;
     on_stage(each);
-    each.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
+    each.finds(copied_lines, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
     EXPECT_EQ(play(each, fields), done);
     EXPECT_TRUE(copies(each).starts_with("C1.Execute " + head + "'',1,'A','','',1,1,1,'','" + user +
                                          "',#2024/04/05 14:05:09#,'" + user +
@@ -122,16 +125,16 @@ TEST_F(LineCopy, BelongsToTheFirstCreatorNamedExactly) {
 TEST_F(LineCopy, TakesTheCollectionsThatTheBuilderHandedBack) {
   const Fields replaced{{"ADDBY", "BUILDER"}};
   stage.set("rights.replaces 1", replaced.names).set("rights.replaces 2", replaced.values);
-  stage.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
+  stage.finds(copied_lines, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
   EXPECT_EQ(play(stage, {{"ADDBY", "ANNA"}}), done);
   EXPECT_NE(copies(stage).find("'BUILDER'"), std::string::npos);
 }
 
 TEST_F(LineCopy, WritesNullAsNothingAndNumbersBare) {
-  stage.finds(query, {columns,
-                      {{"T0", Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}},
-                       {"T0", "it's", -1, "", "", "", 0.1, 1e15, -0.00001, "two  blanks "},
-                       {"T0", "", "5", "", "", "", "x", automation::Currency{12300}, true, 7}}});
+  stage.finds(copied_lines, {columns,
+                             {{"T0", Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}},
+                              {"T0", "it's", -1, "", "", "", 0.1, 1e15, -0.00001, "two  blanks "},
+                              {"T0", "", "5", "", "", "", "x", automation::Currency{12300}, true, 7}}});
   EXPECT_EQ(play(stage, {{"X", 1}}), done);
   const std::string tail = ",'',#2024/04/05 14:05:09#,'',#2024/04/05 14:05:09#) | -1\n";
   EXPECT_EQ(copies(stage), "C1.Execute " + head + "'',,'','','',,,,''" + tail + "C1.Execute " + head +
@@ -148,7 +151,7 @@ TEST_F(LineCopy, ReadsTheColumnsInTheirOrderAndThenTheTime) {
   for (std::size_t first = 0; first <= time; ++first) {
     Stage each;
     on_stage(each);
-    each.finds(query, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
+    each.finds(copied_lines, {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}}});
     for (std::size_t i = first; i < time; ++i)
       each.fails(std::string("(") + columns_read[i] + ").Value", Error(100 + static_cast<int>(i), "failed"));
     const automation::ScopedClock no_clock(
@@ -166,7 +169,7 @@ TEST_F(LineCopy, IsReadServerSideAlsoWithTheRecordsetOfTheBuilder) {
                                        "C2.Execute <GetInsertSQL STKTRANHD> | -1\n"
                                        "R1.CursorLocation = 2\n"
                                        "R1.Open " +
-                                       query +
+                                       copied_lines +
                                        " | C2 3 1 -1\n"
                                        "R1.Close\n"
                                        "C2.CommitTrans\n"
@@ -175,7 +178,7 @@ TEST_F(LineCopy, IsReadServerSideAlsoWithTheRecordsetOfTheBuilder) {
 }
 
 TEST_F(LineCopy, AFailureInTheMiddleLeavesTheTransactionUncommitted) {
-  stage.finds(query,
+  stage.finds(copied_lines,
               {columns, {{"T0", "", 1, "A", "", "", 1, 1, 1, ""}, {"T0", "", 2, "B", "", "", 1, 1, 1, ""}}});
   stage.fails("C1.Execute INSERT", Error(-2147217900, "full"), 2);
   EXPECT_EQ(play(stage, {{"X", 1}}), trapped(-2147217900, "full"));
@@ -185,7 +188,7 @@ TEST_F(LineCopy, AFailureInTheMiddleLeavesTheTransactionUncommitted) {
 }
 
 TEST_F(LineCopy, AValueWithoutATextEndsInTheTrap) {
-  stage.finds(query, {columns, {{"T0", "", 1, Object(), "", "", 1, 1, 1, ""}}});
+  stage.finds(copied_lines, {columns, {{"T0", "", 1, Object(), "", "", 1, 1, 1, ""}}});
   EXPECT_EQ(play(stage, {{"X", 1}}), trapped(91, "Object variable or With block variable not set"));
 }
 

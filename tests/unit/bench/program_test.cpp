@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string content_of(const std::string& path) {
+std::string printed_content(const std::string& path) {
   std::ifstream in(path);
   return {std::istreambuf_iterator<char>(in), {}};
 }
@@ -34,16 +34,16 @@ class BenchProgramTest : public ::testing::Test {
 };
 
 TEST_F(BenchProgramTest, TidiesUpTheFolderThatItWasGiven) {
-  EXPECT_EQ(run("--folder " + folder_.file("work")), 0) << content_of(output_);
-  EXPECT_NE(content_of(output_).find("work"), std::string::npos);
+  EXPECT_EQ(run("--folder " + folder_.file("work")), 0) << printed_content(output_);
+  EXPECT_NE(printed_content(output_).find("work"), std::string::npos);
   EXPECT_TRUE(fs::is_empty(folder_.file("work")));
 }
 
 TEST_F(BenchProgramTest, TellsOfAFolderOnADiskThatNothingIsJudged) {
   // The system's own tables are no memory file system, but nothing can be made there either.
   EXPECT_EQ(run("--folder /proc"), 1);
-  EXPECT_NE(content_of(output_).find("On a disk, in /proc: nothing is judged."), std::string::npos)
-      << content_of(output_);
+  EXPECT_NE(printed_content(output_).find("On a disk, in /proc: nothing is judged."), std::string::npos)
+      << printed_content(output_);
 }
 
 TEST_F(BenchProgramTest, WritesOnlyFiguresOfAWholeRun) {
@@ -52,7 +52,7 @@ TEST_F(BenchProgramTest, WritesOnlyFiguresOfAWholeRun) {
   std::ofstream(document) << content;
   for (const char* part : {"", "--quick", "--processor-time"})
     EXPECT_EQ(run(std::string(part) + " --write-readme " + document), 2) << part;
-  EXPECT_EQ(content_of(document), content);
+  EXPECT_EQ(printed_content(document), content);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace tallyra::client {
 namespace {
 
-using Words = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 // "A1 {ADDRNO=text A1} int32 3": the arguments in their order, the collections in braces at their place.
 std::string shape(const Call& call) {
@@ -44,7 +44,7 @@ TEST(Call, NamesAClassByProgIdOrByItsBareNameInAnyCase) {
 
 TEST(Call, PlacesArgumentsAndCollectionsAsTheWordsStand) {
   const struct {
-    Words words;
+    Texts words;
     const char* shape;
   } rows[] = {
       {{"CRevAddr", "Delete", "A1"}, "[text A1]"},
@@ -84,8 +84,8 @@ TEST(Call, TakesAWordForAPairOnlyWhenItsFrontIsAColumnName) {
 }
 
 TEST(Call, HasOnePairOfCollections) {
-  for (const Words& words : {Words{"X.Y", "Z", "A=1", "x", "B=2"}, Words{"X.Y", "Z", "@", "A=1"},
-                             Words{"X.Y", "Z", "A=1", "@"}, Words{"X.Y", "Z", "@", "@"}})
+  for (const Texts& words : {Texts{"X.Y", "Z", "A=1", "x", "B=2"}, Texts{"X.Y", "Z", "@", "A=1"},
+                             Texts{"X.Y", "Z", "A=1", "@"}, Texts{"X.Y", "Z", "@", "@"}})
     EXPECT_TRUE(
         usage_error_text([&] { parse_call(words); }).starts_with("a call has one pair of collections"))
         << words[2] << " " << words[3];

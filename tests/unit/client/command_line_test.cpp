@@ -8,26 +8,26 @@
 namespace tallyra::client {
 namespace {
 
-using Words = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
-std::variant<TextRequest, CallRequest> parsed(const Words& words) {
+std::variant<TextRequest, CallRequest> parsed(const Texts& words) {
   return parse_command_line(words, [](const std::string&) { return std::nullopt; });
 }
 
-CallRequest request_of(const Words& words) {
+CallRequest request_of(const Texts& words) {
   return std::get<CallRequest>(parsed(words));
 }
 
-std::string arguments_of(const Words& words) {
+std::string arguments_of(const Texts& words) {
   std::string text;
   for (const auto& argument : request_of(words).call.arguments) text += "[" + shown_text(argument) + "]";
   return text;
 }
 
 TEST(CommandLine, TakesOptionsBeforeBetweenAndBehindTheCall) {
-  for (const Words& words :
-       {Words{"--db", "DSN=x", "--user", "ANNA", "--language", "zh", "--json", "CRevAddr", "Delete", "A1"},
-        Words{"CRevAddr", "--db=DSN=x", "Delete", "--user=ANNA", "A1", "--language=zh", "--json"}}) {
+  for (const Texts& words :
+       {Texts{"--db", "DSN=x", "--user", "ANNA", "--language", "zh", "--json", "CRevAddr", "Delete", "A1"},
+        Texts{"CRevAddr", "--db=DSN=x", "Delete", "--user=ANNA", "A1", "--language=zh", "--json"}}) {
     const CallRequest request = request_of(words);
     EXPECT_EQ(request.call.prog_id, "Tallyra.CRevAddr");
     EXPECT_EQ(request.call.member, "Delete");
@@ -73,7 +73,7 @@ TEST(CommandLine, LetsProgressBeAskedForOrForbidden) {
 
 TEST(CommandLine, PassesArgumentsAsTheyAre) {
   const struct {
-    Words words;
+    Texts words;
     const char* arguments;
   } rows[] = {
       {{"X.Y", "Z", "-5", "-0.5", "-.5", "n:-3"}, "[-5][-0.5][-.5][-3]"},
@@ -108,7 +108,7 @@ TEST(CommandLine, RefusesAnOptionWithoutItsValueOrGivenTwice) {
 }
 
 TEST(CommandLine, HelpNamesOptionsClassesValuesExamplesAndExitStatus) {
-  for (const Words& words : {Words{"--help"}, Words{"-h"}, Words{"CRevAddr", "--help"}}) {
+  for (const Texts& words : {Texts{"--help"}, Texts{"-h"}, Texts{"CRevAddr", "--help"}}) {
     const std::string help = std::get<TextRequest>(parsed(words)).text;
     for (const char* part : {"--db", "--user", "--language", "--kind", "--json", "--progress", "--list",
                              "CStockClose", "CStkShipNote", "n:12.5", "null:", "Examples:", "Exit status:"})

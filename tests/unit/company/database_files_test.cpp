@@ -19,7 +19,7 @@ void write(const std::string& path, const std::string& content) {
   std::ofstream(path) << content;
 }
 
-std::string content_of(const std::string& path) {
+std::string text_of_file(const std::string& path) {
   std::ifstream in(path);
   return {std::istreambuf_iterator<char>(in), {}};
 }
@@ -41,7 +41,7 @@ TEST_F(DatabaseFiles, AFileTakesItsPlaceOnlyWhenItIsDone) {
   GrowingFile done(database_, false);
   write(done.path(), "whole");
   done.put_in_place();
-  EXPECT_EQ(content_of(database_), "whole");
+  EXPECT_EQ(text_of_file(database_), "whole");
 }
 
 TEST_F(DatabaseFiles, WhatIsReplacedGoesWithTheFilesBesideIt) {
@@ -49,16 +49,16 @@ TEST_F(DatabaseFiles, WhatIsReplacedGoesWithTheFilesBesideIt) {
   write(database_ + ".keys", "numbers of the old one");
   GrowingFile fresh(database_, true);
   write(fresh.path(), "new");
-  EXPECT_EQ(content_of(database_), "old");
+  EXPECT_EQ(text_of_file(database_), "old");
   fresh.put_in_place();
-  EXPECT_EQ(content_of(database_), "new");
+  EXPECT_EQ(text_of_file(database_), "new");
   EXPECT_FALSE(std::filesystem::exists(database_ + ".keys"));
 }
 
 TEST_F(DatabaseFiles, NothingIsReplacedUnasked) {
   write(database_ + ".keys", "numbers");
   EXPECT_THROW(GrowingFile(database_, false), Refusal);
-  EXPECT_EQ(content_of(database_ + ".keys"), "numbers");
+  EXPECT_EQ(text_of_file(database_ + ".keys"), "numbers");
 }
 
 TEST_F(DatabaseFiles, APlaceThatIsNoneIsRefused) {

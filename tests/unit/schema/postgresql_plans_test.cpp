@@ -21,7 +21,7 @@ using namespace tallyra::tests::samples;
 using company::AdoConnection;
 
 // The first statement of a class in the corpus that has all these parts.
-std::string statement_of(const std::string& of_class, const std::vector<std::string>& parts) {
+std::string recorded_statement(const std::string& of_class, const std::vector<std::string>& parts) {
   std::ifstream corpus(std::string(STATEMENT_CORPUS) + "/" + of_class + ".sqlserver.sql");
   for (std::string line; std::getline(corpus, line);) {
     const bool all =
@@ -40,13 +40,13 @@ std::string plan_of(const AdoConnection& connection, const std::string& statemen
   return plan;
 }
 
-struct Expected {
+struct ServerPlan {
   const char* of_class;
   std::vector<std::string> parts;
   std::vector<std::string> indexes;
 };
 
-const std::vector<Expected> expected = {
+const std::vector<ServerPlan> server_plans = {
     {"CStockClose",
      {"Select STKTRANDT.PARTNO,SUM", "DEPTNOFR='20'", "'2024/02/29'"},
      {"stktranhd_by_source"}},
@@ -69,8 +69,8 @@ TEST(PostgresqlPlans, ReadNothingButTheCoveringIndexes) {
   // Without it no row is known to be visible to everybody, and an index alone does not do.
   connection.execute("VACUUM STKTRANHD");
   connection.execute("VACUUM STKTRANDT");
-  for (const Expected& it : expected) {
-    const std::string statement = statement_of(it.of_class, it.parts);
+  for (const ServerPlan& it : server_plans) {
+    const std::string statement = recorded_statement(it.of_class, it.parts);
     const std::string plan = plan_of(connection, statement);
     for (const std::string& index : it.indexes) {
       const bool used = plan.find("Index Only Scan using " + index) != plan.npos ||

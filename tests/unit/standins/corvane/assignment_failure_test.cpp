@@ -10,7 +10,7 @@ namespace {
 using automation::Object;
 using automation::Value;
 
-Object addresses() {
+Object dated_addresses() {
   return table_of({{"ADDRNO", 200}, {"SN", 3}, {"ADDDT", 135}});
 }
 
@@ -84,7 +84,8 @@ TEST(BuilderFailure, GivesNoTextAndTellsWhy) {
   const Object builder = power_check("");
   for (const char* member : {"GetInsertSQL", "GetUpdateSQL"}) {
     for (const Failure& row : failures()) {
-      EXPECT_EQ(build(builder, member, row.table, row.names, row.values, addresses()), "") << row.description;
+      EXPECT_EQ(build(builder, member, row.table, row.names, row.values, dated_addresses()), "")
+          << row.description;
       EXPECT_EQ(builder.get("ErrNumber"), Value(row.number)) << row.description;
       EXPECT_EQ(builder.get("ErrDescription"), Value(row.description));
     }
@@ -98,7 +99,7 @@ TEST(BuilderFailure, NumbersSurviveSinglePrecision) {
 
 TEST(BuilderFailure, ArgumentsOfTheWrongKindAreAFailureToo) {
   const Object builder = power_check("");
-  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", "no list", list_of({1}), addresses()), Value(""));
+  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", "no list", list_of({1}), dated_addresses()), Value(""));
   EXPECT_EQ(builder.get("ErrNumber"), Value(automation::error_number::object_required));
   EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", list_of({"SN"}), list_of({1}), list_of({})), Value(""));
   EXPECT_EQ(builder.get("ErrNumber"), Value(automation::error_number::no_such_member));

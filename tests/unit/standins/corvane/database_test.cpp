@@ -46,9 +46,9 @@ TEST(CorvaneDatabase, AMissingNumberIsZero) {
 }
 
 TEST(CorvaneDatabase, AQuotedTextStaysOneText) {
-  EXPECT_EQ(quoted(""), "''");
-  EXPECT_EQ(quoted("O'Brien"), "'O''Brien'");
-  EXPECT_EQ(quoted("''"), "''''''");
+  EXPECT_EQ(quoted_text(""), "''");
+  EXPECT_EQ(quoted_text("O'Brien"), "'O''Brien'");
+  EXPECT_EQ(quoted_text("''"), "''''''");
   std::string out = "A=";
   append_quoted(out, "'; Drop Table T --");
   EXPECT_EQ(out, "A='''; Drop Table T --'");

@@ -19,14 +19,14 @@ using automation::Value;
 using automation::error_number::no_such_member;
 using automation::error_number::wrong_argument_count;
 
-Object addresses() {
+Object numbered_addresses() {
   return table_of({{"ADDRNO", 200}, {"SN", 3}});
 }
 
 TEST(PowerCheckObject, AFailureIsForgottenAtTheNextCall) {
   const Object builder = power_check("");
-  build(builder, "GetInsertSQL", "REVADDR", {"X"}, {1}, addresses());
-  EXPECT_EQ(build(builder, "GetInsertSQL", "REVADDR", {"SN"}, {1}, addresses()),
+  build(builder, "GetInsertSQL", "REVADDR", {"X"}, {1}, numbered_addresses());
+  EXPECT_EQ(build(builder, "GetInsertSQL", "REVADDR", {"SN"}, {1}, numbered_addresses()),
             "Insert Into REVADDR(SN) Values(1)");
   EXPECT_EQ(builder.get("ErrNumber"), Value(0));
   EXPECT_EQ(builder.get("ErrDescription"), Value(""));
@@ -49,16 +49,18 @@ TEST(PowerCheckObject, TheFailureOfAStatementBuiltMeanwhileIsNotThatOfTheOneArou
   const Object builder = power_check("");
   bool failing = true;
   const Object names = automation::make_object<BusyCollection>([&] {
-    EXPECT_EQ(build(builder, "GetUpdateSQL", "REVADDR", {failing ? "X" : "SN"}, {1}, addresses()).empty(),
-              failing);
+    EXPECT_EQ(
+        build(builder, "GetUpdateSQL", "REVADDR", {failing ? "X" : "SN"}, {1}, numbered_addresses()).empty(),
+        failing);
   });
   names.call("Add", "SN");
-  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({7}), addresses()),
+  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({7}), numbered_addresses()),
             Value("Insert Into REVADDR(SN) Values(7)"));
   EXPECT_EQ(builder.get("ErrNumber"), Value(0));
   EXPECT_EQ(builder.get("ErrDescription"), Value(""));
   failing = false;
-  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({"seven"}), addresses()), Value(""));
+  EXPECT_EQ(builder.call("GetInsertSQL", "REVADDR", names, list_of({"seven"}), numbered_addresses()),
+            Value(""));
   EXPECT_EQ(builder.get("ErrNumber"), Value(failure::unfit_value));
 }
 

@@ -30,13 +30,13 @@ std::string after_equals(std::string_view sql) {
   return shown(tokens, column_after(tokens, token_at(tokens, "=")));
 }
 
-struct Row {
+struct ColumnRow {
   std::string_view operand;
   std::string_view column;
 };
 
 // An operand means the same column on either side.
-const Row rows[] = {
+const ColumnRow rows[] = {
     {"A", "A"},         {"[a b]", "a b"}, {"T.A", "T.A"},      {"main.T.A", "T.A"}, {"(A)", "A"},
     {"((T.A))", "T.A"}, {"Max(A)", "A"},  {"min(T.A)", "T.A"}, {"'x'", ""},         {"1", ""},
     {"Sum(A)", ""},     {"Max(A,B)", ""}, {"(A,B)", ""},       {"f()", ""},         {"Max(f(A))", ""},

@@ -8,7 +8,7 @@
 namespace tallyra::tests::dialect {
 namespace {
 
-std::string misread(std::string_view sql) {
+std::string misread_on_the_server(std::string_view sql) {
   return std::string(standins::ado::dialect::misread_by_postgresql(cut(sql)));
 }
 
@@ -26,13 +26,13 @@ TEST(PostgresqlMisreadText, IsFoundWhereAQuoteOrACommentEndsElsewhere) {
            "Select {fn now()}",
            "Select 1 /* {fn now()} */",
        })
-    EXPECT_NE(misread(sql), "") << sql;
+    EXPECT_NE(misread_on_the_server(sql), "") << sql;
 }
 
 TEST(PostgresqlMisreadText, IsToldByThePartThatIsReadOtherwise) {
-  EXPECT_EQ(misread("Select $a$'$a$"), "$a$");
-  EXPECT_EQ(misread("Select E'\\''"), "'\\''");
-  EXPECT_EQ(misread("Select {fn now()}"), "{");
+  EXPECT_EQ(misread_on_the_server("Select $a$'$a$"), "$a$");
+  EXPECT_EQ(misread_on_the_server("Select E'\\''"), "'\\''");
+  EXPECT_EQ(misread_on_the_server("Select {fn now()}"), "{");
 }
 
 TEST(PostgresqlMisreadText, IsNoneWhereEveryoneReadsTheSame) {
@@ -40,7 +40,7 @@ TEST(PostgresqlMisreadText, IsNoneWhereEveryoneReadsTheSame) {
        {"", "Select 'a\\' From T", "Select E'x' From T", "Select E 'x\\'", "Select \"a{b}\" From T",
         "Select A -- it ends", "Select /* here */ A", "Select a$b From T",
         "Insert Into T Values('{fn now()}','$$')", "Select A&'x'"})
-    EXPECT_EQ(misread(sql), "") << sql;
+    EXPECT_EQ(misread_on_the_server(sql), "") << sql;
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace {
 
 using standins::ado::dialect::PostgresqlDialect;
 
-std::string rewritten(std::string_view sql) {
+std::string rewritten_for_the_server(std::string_view sql) {
   StockColumns columns;
   PostgresqlDialect dialect(columns);
   return std::string(dialect.rewrite(sql));
@@ -16,7 +16,7 @@ std::string rewritten(std::string_view sql) {
 
 struct Row {
   std::string_view sql;
-  std::string_view rewritten;
+  std::string_view rewritten_for_the_server;
 };
 
 TEST(PostgresqlWords, WritesItsOwnWords) {
@@ -43,7 +43,7 @@ TEST(PostgresqlWords, WritesItsOwnWords) {
       {"Update STKTRANHD Set TRANDT=#2024/3/7# Where TRANDT=''",
        "Update STKTRANHD Set TRANDT='2024-03-07 00:00:00' Where TRANDT='1900-01-01 00:00:00'"},
   };
-  for (const Row& row : rows) EXPECT_EQ(rewritten(row.sql), row.rewritten);
+  for (const Row& row : rows) EXPECT_EQ(rewritten_for_the_server(row.sql), row.rewritten_for_the_server);
 }
 
 TEST(PostgresqlWords, LeavesAloneWhatMeansTheSameOrIsMalformed) {
@@ -61,7 +61,7 @@ TEST(PostgresqlWords, LeavesAloneWhatMeansTheSameOrIsMalformed) {
            "Select [open From T",
            "Select 'Delete T Where'",
        })
-    EXPECT_EQ(rewritten(sql), sql);
+    EXPECT_EQ(rewritten_for_the_server(sql), sql);
 }
 
 }  // namespace
