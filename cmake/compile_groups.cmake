@@ -7,8 +7,8 @@ function(tallyra_compile_alone)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
-# tallyra_compile_soon(target): one that waits for a person or for the database most of the time. Optimising it further
+# tallyra_compile_soon(target): one that waits for a person or for the database most of the time. Optimising it more
 # takes the compiler longer than it ever saves.
 function(tallyra_compile_soon target)
-  target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
+  target_compile_options(${target} PRIVATE $<IF:$<CONFIG:Release>,-O1,-O0>)
 endfunction()

@@ -30,6 +30,7 @@ find_package(nlohmann_json REQUIRED)
 find_package(ODBC REQUIRED)
 find_package(GTest REQUIRED)
 add_library(tallyra_headers_alone OBJECT EXCLUDE_FROM_ALL ${sources})
+set_target_properties(tallyra_headers_alone PROPERTIES UNITY_BUILD OFF)
 target_include_directories(tallyra_headers_alone PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(tallyra_headers_alone PRIVATE
   tallyra_build_rules CLI11::CLI11 nlohmann_json::nlohmann_json ODBC::ODBC GTest::gtest)

@@ -11,7 +11,8 @@ source "$(dirname "$0")/../setup.sh"
 cd "$repository"
 
 most_files=60
-build=build/release
+# Where every source is compiled by itself.
+build=build/debug
 
 # "LINES FILE" for each changed file that is still there; a file that was only moved has not changed.
 changed_files() {
@@ -51,7 +52,7 @@ case ${1:-} in
 esac
 
 install_packages clang-tidy-16
-(cmake --preset release >/dev/null)
+(cmake --preset debug >/dev/null)
 wanted=$(while read -r file; do [ -z "$file" ] || source_of "$file"; done <<<"$files")
 sources=$(grep -xF -f <(known_sources) <<<"$wanted" || true)
 left_out=$(($(grep -c . <<<"$wanted" || true) - $(grep -c . <<<"$sources" || true)))

@@ -192,8 +192,8 @@ TEST(HostileText, NestedTooDeeplyGoesThroughUntouched) {
             "Select " + repeated("(", 500) + "A" + repeated(")", 500) + " From T LIMIT 1");
 }
 
-TEST(HostileText, OfManyMegabytesTakesLinearTime) {
-  constexpr std::size_t bytes = 2'500'000;
+TEST(HostileText, OfMuchTextTakesLinearTime) {
+  constexpr std::size_t bytes = 400'000;
   StockColumns columns;
   SqliteDialect dialect(columns);
   for (const std::string_view piece : {"(",
@@ -232,7 +232,7 @@ TEST(HostileText, OfManyMegabytesTakesLinearTime) {
     }
   }
   const std::string long_value =
-      "Insert Into STKTRANHD(TRANNO,TRANDT) Values('" + repeated("x'' ", 4 * bytes) + "',";
+      "Insert Into STKTRANHD(TRANNO,TRANDT) Values('" + repeated("x'' ", 24 * bytes) + "',";
   for (int i = 0; i < 2; ++i)
     EXPECT_EQ(dialect.rewrite(long_value + "'2024/03/31')"), long_value + "'2024-03-31 00:00:00')");
 }
