@@ -125,10 +125,10 @@ level_sanitize() {
   ! built_native sanitize || run_level sanitize sanitize -E '_on_postgresql$'
 }
 level_windows() { ! built_windows || run_level windows windows; }
-# Without the two programs that take minutes and in which no text depends on the user's language.
+# Without the three programs that take minutes and in which no text depends on the user's language.
 level_windows_german() {
   ! built_windows ||
-    TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level windows-german windows -E '^(failed_close_tests|com_load_tests)$'
+    TALLYRA_TEST_LOCALE=de_DE.UTF-8 run_level windows-german windows -E '^(failed_close_tests|com_(load|memory)_tests)$'
 }
 level_demo_dll() { ! built_windows || run_script demo-dll "$repository/scripts/demo.sh" --dll; }
 level_demo_dll_postgres() {
