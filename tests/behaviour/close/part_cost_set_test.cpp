@@ -13,7 +13,7 @@ using stage::done;
 using stage::Fields;
 using stage::Outcome;
 
-class PartCostSetOnSqlite : public testing::TestWithParam<const char*> {
+class PartCostSetOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome play(const char* member, std::int32_t type, Fields& fields, const char* user = "ADMIN") {
     const Object settings = company.client("CPartCostSet", user);
@@ -29,10 +29,10 @@ class PartCostSetOnSqlite : public testing::TestWithParam<const char*> {
   CompanyDatabase company{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, PartCostSetOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+INSTANTIATE_TEST_SUITE_P(Kinds, PartCostSetOnEachEngine, testing::Values("MSACCESS", "MSSQLSERVER"),
                          [](const auto& param) { return std::string(param.param); });
 
-TEST_P(PartCostSetOnSqlite, ASettingLivesItsWholeLifeAlsoUnderANegativeNumber) {
+TEST_P(PartCostSetOnEachEngine, ASettingLivesItsWholeLifeAlsoUnderANegativeNumber) {
   for (const std::int32_t type : {7, -5, 0}) {
     Fields setting{{"MTYPESN", type}, {"MTYPENM", "Raw"}};
     EXPECT_EQ(play("Insert", type, setting), done) << type;
@@ -53,7 +53,7 @@ TEST_P(PartCostSetOnSqlite, ASettingLivesItsWholeLifeAlsoUnderANegativeNumber) {
   }
 }
 
-TEST_P(PartCostSetOnSqlite, AFailedStatementChangesNothing) {
+TEST_P(PartCostSetOnEachEngine, AFailedStatementChangesNothing) {
   company.run({"INSERT INTO PARTCOSTSET(MTYPESN,MTYPENM) VALUES(7,'Raw')"});
   company.refuse("NO_NEW", "INSERT", "PARTCOSTSET", "", "settled");
   company.refuse("KEPT", "DELETE", "PARTCOSTSET", "", "settled");
@@ -67,7 +67,7 @@ TEST_P(PartCostSetOnSqlite, AFailedStatementChangesNothing) {
   EXPECT_EQ(stored(), "7|Raw|0\n");
 }
 
-TEST_P(PartCostSetOnSqlite, ATagAsksForItsRightAndChangesWhatAnEditDoes) {
+TEST_P(PartCostSetOnEachEngine, ATagAsksForItsRightAndChangesWhatAnEditDoes) {
   company.grant("EDITOR", "CANUPDATE,OWNER");
   company.grant("BOSS", "CANAPPROVED");
   company.run({"INSERT INTO PARTCOSTSET(MTYPESN,MTYPENM) VALUES(7,'Raw')"});

@@ -11,12 +11,12 @@ namespace {
 using stage::done;
 using stage::Outcome;
 
-class MonthCloseOnSqlite : public testing::TestWithParam<const char*> {
+class MonthCloseOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   ClosingCompany company{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, MonthCloseOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+INSTANTIATE_TEST_SUITE_P(Kinds, MonthCloseOnEachEngine, testing::Values("MSACCESS", "MSSQLSERVER"),
                          [](const auto& param) { return std::string(param.param); });
 
 // In the order of the parts' bytes: capitals before small letters, Chinese last.
@@ -30,7 +30,7 @@ const char* const january_departments =
     "20 |frame|3|0\n"
     "20 |螺丝|2|0\n";
 
-TEST_P(MonthCloseOnSqlite, WritesADocumentPerDepartmentThatMovedAnything) {
+TEST_P(MonthCloseOnEachEngine, WritesADocumentPerDepartmentThatMovedAnything) {
   EXPECT_EQ(company.close("2024/01/31"), done);
   EXPECT_EQ(company.department_lines("2024-02-01"), january_departments);
   EXPECT_EQ(
@@ -42,7 +42,7 @@ TEST_P(MonthCloseOnSqlite, WritesADocumentPerDepartmentThatMovedAnything) {
   EXPECT_EQ(company.rows("SELECT CLOSEDT, STATUSSN FROM STKCLOSEHD"), "2024/01/31|0\n");
 }
 
-TEST_P(MonthCloseOnSqlite, PricesTheCompanyDocumentByPriceType) {
+TEST_P(MonthCloseOnEachEngine, PricesTheCompanyDocumentByPriceType) {
   EXPECT_EQ(company.close("2024/01/31"), done);
   EXPECT_EQ(company.company_lines("2024-02-01"),
             "BOLT-1|2|9|Month`s close\n"   // price type 2, but purchased: average price
@@ -52,7 +52,7 @@ TEST_P(MonthCloseOnSqlite, PricesTheCompanyDocumentByPriceType) {
             "螺丝|9|0.5|Month`s close\n");
 }
 
-TEST_P(MonthCloseOnSqlite, TheNextMonthOpensWithTheDocumentsOfThisOne) {
+TEST_P(MonthCloseOnEachEngine, TheNextMonthOpensWithTheDocumentsOfThisOne) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   ASSERT_EQ(company.approve("2024/01/31"), done);
   EXPECT_EQ(company.close("2024/02/29"), done);
@@ -71,7 +71,7 @@ TEST_P(MonthCloseOnSqlite, TheNextMonthOpensWithTheDocumentsOfThisOne) {
       << "3 at 20 carried over and 1 at 40";
 }
 
-TEST_P(MonthCloseOnSqlite, AClosedDateIsRefusedAndNothingChanges) {
+TEST_P(MonthCloseOnEachEngine, AClosedDateIsRefusedAndNothingChanges) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   const std::string before = company.everything();
   const Outcome outcome = company.close("2024/01/31");
@@ -80,7 +80,7 @@ TEST_P(MonthCloseOnSqlite, AClosedDateIsRefusedAndNothingChanges) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, DeletingTheCloseRestoresTheStateBefore) {
+TEST_P(MonthCloseOnEachEngine, DeletingTheCloseRestoresTheStateBefore) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   ASSERT_EQ(company.approve("2024/01/31"), done);
   const std::string before = company.everything();
@@ -90,7 +90,7 @@ TEST_P(MonthCloseOnSqlite, DeletingTheCloseRestoresTheStateBefore) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, DeletingTakesApprovedDocumentsToo) {
+TEST_P(MonthCloseOnEachEngine, DeletingTakesApprovedDocumentsToo) {
   const std::string before = company.everything();
   ASSERT_EQ(company.close("2024/01/31"), done);
   ASSERT_EQ(company.approve("2024/01/31"), done);
@@ -99,7 +99,7 @@ TEST_P(MonthCloseOnSqlite, DeletingTakesApprovedDocumentsToo) {
   EXPECT_EQ(company.remove("2024/01/31"), done) << "a date that was never closed";
 }
 
-TEST_P(MonthCloseOnSqlite, ApprovingApprovesEarlierRecordsAndOnlyThisDatesDocuments) {
+TEST_P(MonthCloseOnEachEngine, ApprovingApprovesEarlierRecordsAndOnlyThisDatesDocuments) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   company.run({"UPDATE STKTRANHD SET STATUSSN=2 WHERE TRANTYPE IN ('STK027CLOSE','STKCLOSEALL')"});
   ASSERT_EQ(company.close("2024/02/29"), done);
@@ -111,28 +111,28 @@ TEST_P(MonthCloseOnSqlite, ApprovingApprovesEarlierRecordsAndOnlyThisDatesDocume
             "2024/02/01|2\n2024/03/01|1\n");
 }
 
-TEST_P(MonthCloseOnSqlite, UnapprovedCloseDocumentsOfAnyMonthAreRemovedByTheNextRun) {
+TEST_P(MonthCloseOnEachEngine, UnapprovedCloseDocumentsOfAnyMonthAreRemovedByTheNextRun) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   ASSERT_EQ(company.close("2024/02/29"), done) << "January was not approved";
   EXPECT_EQ(company.department_lines("2024-02-01"), "");
   EXPECT_EQ(company.company_lines("2024-02-01"), "");
 }
 
-TEST_P(MonthCloseOnSqlite, ACloseWithoutMovementsWritesOnlyItsRecord) {
+TEST_P(MonthCloseOnEachEngine, ACloseWithoutMovementsWritesOnlyItsRecord) {
   EXPECT_EQ(company.close("2023/12/31"), done);
   EXPECT_EQ(company.rows("SELECT Count(*) FROM STKTRANHD WHERE TRANTYPE IN ('STK027CLOSE','STKCLOSEALL')"),
             "0\n");
   EXPECT_EQ(company.rows("SELECT CLOSEDT FROM STKCLOSEHD"), "2023/12/31\n");
 }
 
-TEST_P(MonthCloseOnSqlite, WithoutDepartmentsNothingIsWritten) {
+TEST_P(MonthCloseOnEachEngine, WithoutDepartmentsNothingIsWritten) {
   company.run({"DELETE FROM DEPARTS"});
   const std::string before = company.everything();
   EXPECT_EQ(company.close("2024/01/31"), (Outcome{0, 1, "Department have not been setted"}));
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, AFailingDepartmentLeavesNoCloseDocument) {
+TEST_P(MonthCloseOnEachEngine, AFailingDepartmentLeavesNoCloseDocument) {
   company.refuse("NO_ROOM", "INSERT", "STKTRANDT", "NEW.PARTNO='frame' AND NEW.NOTES IS NULL",
                  "no more room");
   const std::string before = company.everything();
@@ -146,7 +146,7 @@ TEST_P(MonthCloseOnSqlite, AFailingDepartmentLeavesNoCloseDocument) {
   EXPECT_EQ(company.department_lines("2024-02-01"), january_departments);
 }
 
-TEST_P(MonthCloseOnSqlite, AFailingCompanyCloseLeavesNoCloseDocument) {
+TEST_P(MonthCloseOnEachEngine, AFailingCompanyCloseLeavesNoCloseDocument) {
   company.refuse("NO_ROOM", "INSERT", "STKTRANDT", "NEW.NOTES='Month`s close' AND NEW.PARTNO='frame'",
                  "no more room");
   const std::string before = company.everything();
@@ -154,7 +154,7 @@ TEST_P(MonthCloseOnSqlite, AFailingCompanyCloseLeavesNoCloseDocument) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, AColumnThatDoesNotExistRemovesTheDocumentsAgain) {
+TEST_P(MonthCloseOnEachEngine, AColumnThatDoesNotExistRemovesTheDocumentsAgain) {
   const std::string before = company.everything();
   stage::Fields fields{{"CLOSEDT", "2024/01/31"}, {"NOSUCHCOLUMN", 1}};
   const auto object = company.client("CStockClose");
@@ -167,7 +167,7 @@ TEST_P(MonthCloseOnSqlite, AColumnThatDoesNotExistRemovesTheDocumentsAgain) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, PartsThatDifferOnlyInCaseOrHyphensKeepOneLineEach) {
+TEST_P(MonthCloseOnEachEngine, PartsThatDifferOnlyInCaseOrHyphensKeepOneLineEach) {
   company.run({"DELETE FROM STKTRANDT", "DELETE FROM STKTRANHD", "DELETE FROM PARTS"});
   const char* const parts[] = {"a",  "A",  "a-b", "ab", "AB", "a b", "a_b", "aB",
                                "Zz", "zZ", "ä",   "Ä",  "中", "😀",   "~",   "0"};
@@ -210,7 +210,7 @@ std::vector<Outcome> every_method(const ClosingCompany& company, const std::stri
   return outcomes;
 }
 
-TEST_P(MonthCloseOnSqlite, AMissingTableIsToldAndNothingIsWritten) {
+TEST_P(MonthCloseOnEachEngine, AMissingTableIsToldAndNothingIsWritten) {
   company.run({"ALTER TABLE STKCLOSEHD RENAME TO ELSEWHERE"});
   const std::string before =
       company.rows("SELECT * FROM STKTRANHD") + company.rows("SELECT * FROM STKTRANDT");
@@ -222,7 +222,7 @@ TEST_P(MonthCloseOnSqlite, AMissingTableIsToldAndNothingIsWritten) {
   EXPECT_EQ(company.rows("SELECT * FROM STKTRANHD") + company.rows("SELECT * FROM STKTRANDT"), before);
 }
 
-TEST_P(MonthCloseOnSqlite, AnUnreachableDatabaseIsTold) {
+TEST_P(MonthCloseOnEachEngine, AnUnreachableDatabaseIsTold) {
   for (const Outcome& outcome :
        every_method(company, "DRIVER={SQLite3};Database=/no/such/folder/company.db")) {
     EXPECT_EQ(outcome.result, 0);
@@ -231,7 +231,7 @@ TEST_P(MonthCloseOnSqlite, AnUnreachableDatabaseIsTold) {
   }
 }
 
-TEST_P(MonthCloseOnSqlite, AnUnregisteredCollaboratorIsTold) {
+TEST_P(MonthCloseOnEachEngine, AnUnregisteredCollaboratorIsTold) {
   const std::string before = company.everything();
   for (const char* prog_id : {"Lexbank.ErrMsg", "Corvane.CPowerCheck", "Lexbank.CPartF", "Corvane.CSystem"}) {
     const automation::local::ScopedClass hidden(prog_id, nullptr);
@@ -241,7 +241,7 @@ TEST_P(MonthCloseOnSqlite, AnUnregisteredCollaboratorIsTold) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(MonthCloseOnSqlite, AValueThatDoesNotConvertIsToldAndTheDocumentsGo) {
+TEST_P(MonthCloseOnEachEngine, AValueThatDoesNotConvertIsToldAndTheDocumentsGo) {
   const std::string before = company.everything();
   const struct {
     const char* column;
@@ -261,12 +261,12 @@ TEST_P(MonthCloseOnSqlite, AValueThatDoesNotConvertIsToldAndTheDocumentsGo) {
   }
 }
 
-TEST_P(MonthCloseOnSqlite, AnOwnerRightIsNoRightHere) {
+TEST_P(MonthCloseOnEachEngine, AnOwnerRightIsNoRightHere) {
   company.grant("OWNER", "OWNER");
   EXPECT_EQ(company.close("2024/01/31", "OWNER").number, 10000016);
 }
 
-TEST_P(MonthCloseOnSqlite, RecordsAreReadWithTypedValues) {
+TEST_P(MonthCloseOnEachEngine, RecordsAreReadWithTypedValues) {
   ASSERT_EQ(company.close("2024/01/31"), done);
   stage::Fields fields;
   const auto object = company.client("CStockClose");

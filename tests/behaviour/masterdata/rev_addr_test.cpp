@@ -24,7 +24,7 @@ struct KeyRecord {
   const char* system_database;
 };
 
-class KeyRecordOnSqlite : public testing::TestWithParam<KeyRecord> {
+class KeyRecordOnEachEngine : public testing::TestWithParam<KeyRecord> {
  protected:
   Outcome play(const char* method, const char* key, Fields& fields, const char* user = "ADMIN") {
     const Object object = company.client(GetParam().class_name, user);
@@ -49,7 +49,7 @@ class KeyRecordOnSqlite : public testing::TestWithParam<KeyRecord> {
   CompanyDatabase company{GetParam().system_database};
 };
 
-INSTANTIATE_TEST_SUITE_P(Classes, KeyRecordOnSqlite,
+INSTANTIATE_TEST_SUITE_P(Classes, KeyRecordOnEachEngine,
                          testing::Values(KeyRecord{"CRevAddr", "REVADDR", "ADDRNO", "ADDRNM", "MSACCESS"},
                                          KeyRecord{"CRevAddr", "REVADDR", "ADDRNO", "ADDRNM", "MSSQLSERVER"},
                                          KeyRecord{"CSTKController", "STKCONTROLLER", "CONTROLLERNO",
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Classes, KeyRecordOnSqlite,
                            return std::string(param.param.class_name) + "_" + param.param.system_database;
                          });
 
-TEST_P(KeyRecordOnSqlite, ARowLivesItsWholeLife) {
+TEST_P(KeyRecordOnEachEngine, ARowLivesItsWholeLife) {
   Fields fields = row("A1");
   EXPECT_EQ(play("Insert", "A1", fields), done);
   EXPECT_EQ(stored(), "A1|O'Neil 中文 😀|NULL|ADMIN|2024/03/07 12:00:00\n");
@@ -82,7 +82,7 @@ TEST_P(KeyRecordOnSqlite, ARowLivesItsWholeLife) {
   EXPECT_EQ(nothing.text(), "");
 }
 
-TEST_P(KeyRecordOnSqlite, AnOwnerEndsInTheTrapAndChangesNothing) {
+TEST_P(KeyRecordOnEachEngine, AnOwnerEndsInTheTrapAndChangesNothing) {
   company.grant("OWNER", "OWNER");
   Fields fields = row("A1", "OWNER");
   ASSERT_EQ(play("Insert", "A1", fields), done);
@@ -96,7 +96,7 @@ TEST_P(KeyRecordOnSqlite, AnOwnerEndsInTheTrapAndChangesNothing) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_P(KeyRecordOnSqlite, WhoHasNoRightIsRefused) {
+TEST_P(KeyRecordOnEachEngine, WhoHasNoRightIsRefused) {
   company.grant("AUDITOR", "CANFINISHED");
   Fields fields = row("A1");
   ASSERT_EQ(play("Insert", "A1", fields), done);
@@ -109,7 +109,7 @@ TEST_P(KeyRecordOnSqlite, WhoHasNoRightIsRefused) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_P(KeyRecordOnSqlite, BadInputIsToldAndLosesNothing) {
+TEST_P(KeyRecordOnEachEngine, BadInputIsToldAndLosesNothing) {
   Fields fields = row("A1");
   ASSERT_EQ(play("Insert", "A1", fields), done);
   const std::string before = stored();
@@ -132,7 +132,7 @@ TEST_P(KeyRecordOnSqlite, BadInputIsToldAndLosesNothing) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_P(KeyRecordOnSqlite, AMissingTableIsTold) {
+TEST_P(KeyRecordOnEachEngine, AMissingTableIsTold) {
   company.run({std::string("DROP TABLE ") + GetParam().table});
   Fields fields = row("A1");
   for (const Outcome& outcome : {play("Read", "A1", fields), play("Insert", "A1", fields),
@@ -143,7 +143,7 @@ TEST_P(KeyRecordOnSqlite, AMissingTableIsTold) {
   }
 }
 
-TEST_P(KeyRecordOnSqlite, AnUnreachableDatabaseIsTold) {
+TEST_P(KeyRecordOnEachEngine, AnUnreachableDatabaseIsTold) {
   Fields fields = row("A1");
   const Object object = company.client(GetParam().class_name);
   object.put("ConnectionString", "DRIVER={SQLite3};Database=/no/such/folder/company.db");

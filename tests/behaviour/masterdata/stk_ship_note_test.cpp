@@ -12,7 +12,7 @@ using stage::done;
 using stage::Fields;
 using stage::Outcome;
 
-class ShipNoteOnSqlite : public testing::TestWithParam<const char*> {
+class ShipNoteOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome play(const char* member, const char* number, Fields& fields, const char* user = "ADMIN") {
     const Object note = company.client("CStkShipNote", user);
@@ -29,10 +29,10 @@ class ShipNoteOnSqlite : public testing::TestWithParam<const char*> {
   CompanyDatabase company{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ShipNoteOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+INSTANTIATE_TEST_SUITE_P(Kinds, ShipNoteOnEachEngine, testing::Values("MSACCESS", "MSSQLSERVER"),
                          [](const auto& param) { return std::string(param.param); });
 
-TEST_P(ShipNoteOnSqlite, ANoteLivesItsWholeLife) {
+TEST_P(ShipNoteOnEachEngine, ANoteLivesItsWholeLife) {
   Fields note{
       {"TRANNO", "T1"}, {"TRANTYPE", "STK030SHIPN"}, {"NOTES", "arrived, 1 box wet"}, {"ADDBY", "ADMIN"}};
   EXPECT_EQ(play("Insert", "T1", note), done);
@@ -49,7 +49,7 @@ TEST_P(ShipNoteOnSqlite, ANoteLivesItsWholeLife) {
   EXPECT_EQ(play("Read", "T1", read).number, 10000003);
 }
 
-TEST_P(ShipNoteOnSqlite, AnOwnerEndsInTheTrapWhateverTheTypeOfTheNote) {
+TEST_P(ShipNoteOnEachEngine, AnOwnerEndsInTheTrapWhateverTheTypeOfTheNote) {
   company.grant("OWNER", "OWNER");
   company.run(
       {"INSERT INTO STKSHIPNOTE(TRANNO,TRANTYPE,ADDBY) VALUES('T1','STK030SHIPN','OWNER'),"
@@ -66,7 +66,7 @@ TEST_P(ShipNoteOnSqlite, AnOwnerEndsInTheTrapWhateverTheTypeOfTheNote) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_P(ShipNoteOnSqlite, ANoteWithoutCreatorHasNoOwner) {
+TEST_P(ShipNoteOnEachEngine, ANoteWithoutCreatorHasNoOwner) {
   company.grant("OWNER", "OWNER");
   company.run(
       {"INSERT INTO STKSHIPNOTE(TRANNO,TRANTYPE,ADDBY) VALUES('T1','STK030SHIPN',NULL),"
@@ -80,7 +80,7 @@ TEST_P(ShipNoteOnSqlite, ANoteWithoutCreatorHasNoOwner) {
   EXPECT_EQ(stored(), before);
 }
 
-TEST_P(ShipNoteOnSqlite, ARightToInsertOfTwoIsNoneHereAndOneForAddresses) {
+TEST_P(ShipNoteOnEachEngine, ARightToInsertOfTwoIsNoneHereAndOneForAddresses) {
   company.run({"INSERT INTO USERRIGHTS(USERID,FUNCCODE,CANINSERT) VALUES('CLERK','*',2)"});
   Fields note{{"TRANNO", "T1"}, {"NOTES", "x"}};
   EXPECT_EQ(play("Insert", "T1", note, "CLERK").number, 10000016);
@@ -92,7 +92,7 @@ TEST_P(ShipNoteOnSqlite, ARightToInsertOfTwoIsNoneHereAndOneForAddresses) {
       done);
 }
 
-TEST_P(ShipNoteOnSqlite, AnEmptyNumberIsANumberAndAnApostropheBreaksTheStatement) {
+TEST_P(ShipNoteOnEachEngine, AnEmptyNumberIsANumberAndAnApostropheBreaksTheStatement) {
   Fields note{{"TRANNO", ""}, {"NOTES", "of no document"}};
   EXPECT_EQ(play("Insert", "", note), done);
   Fields change{{"NOTES", "changed"}};
@@ -110,7 +110,7 @@ TEST_P(ShipNoteOnSqlite, AnEmptyNumberIsANumberAndAnApostropheBreaksTheStatement
   EXPECT_EQ(stored(), "");
 }
 
-TEST_P(ShipNoteOnSqlite, AFailedInsertLeavesNothing) {
+TEST_P(ShipNoteOnEachEngine, AFailedInsertLeavesNothing) {
   Fields note{{"TRANNO", "T1"}, {"NOTES", "x"}};
   company.refuse("NO_NOTES", "INSERT", "STKSHIPNOTE", "", "no notes");
   const Outcome outcome = play("Insert", "T1", note);

@@ -13,15 +13,15 @@ using automation::Value;
 using stage::done;
 using stage::Fields;
 
-class CheckPostingOnSqlite : public testing::TestWithParam<const char*> {
+class CheckPostingOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   CountingCompany company{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, CheckPostingOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+INSTANTIATE_TEST_SUITE_P(Kinds, CheckPostingOnEachEngine, testing::Values("MSACCESS", "MSSQLSERVER"),
                          [](const auto& param) { return std::string(param.param); });
 
-TEST_P(CheckPostingOnSqlite, APartIsPostedWithWhatWasCountedLessWhatMoved) {
+TEST_P(CheckPostingOnEachEngine, APartIsPostedWithWhatWasCountedLessWhatMoved) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");            // nothing moved
   company.counted("S1", "P2", "0");            // 3 went out
@@ -42,7 +42,7 @@ TEST_P(CheckPostingOnSqlite, APartIsPostedWithWhatWasCountedLessWhatMoved) {
             "P6|4|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ALineWithoutQuantityIsNoDifferenceEvenAgainstNothing) {
+TEST_P(CheckPostingOnEachEngine, ALineWithoutQuantityIsNoDifferenceEvenAgainstNothing) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "NULL");
   company.counted("S1", "P2", "0");
@@ -50,7 +50,7 @@ TEST_P(CheckPostingOnSqlite, ALineWithoutQuantityIsNoDifferenceEvenAgainstNothin
   EXPECT_EQ(company.postings(), "0|0");
 }
 
-TEST_P(CheckPostingOnSqlite, ASumOfZeroOrLessCountsAsNothing) {
+TEST_P(CheckPostingOnEachEngine, ASumOfZeroOrLessCountsAsNothing) {
   company.check("S1", "2024-03-31", "10");
   for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "5");
   company.counted("S1", "P4", "0");
@@ -65,7 +65,7 @@ TEST_P(CheckPostingOnSqlite, ASumOfZeroOrLessCountsAsNothing) {
   EXPECT_EQ(company.posted_lines(), "P1|5|1.5\nP2|2|1.5\nP3|2|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, TheTimeOfDayOfTheCheckCounts) {
+TEST_P(CheckPostingOnEachEngine, TheTimeOfDayOfTheCheckCounts) {
   company.check("S1", "2024-03-31", "10");
   company.check("S2", "2024-03-31 12:00:00", "20");
   company.counted("S1", "P1", "10");
@@ -81,7 +81,7 @@ TEST_P(CheckPostingOnSqlite, TheTimeOfDayOfTheCheckCounts) {
             "2024/03/31\n2024/03/31 12:00:00\n");
 }
 
-TEST_P(CheckPostingOnSqlite, TheDocumentSaysWhereItComesFrom) {
+TEST_P(CheckPostingOnEachEngine, TheDocumentSaysWhereItComesFrom) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P2", "5");
   expect_posted(company.approve("S1"));
@@ -99,14 +99,14 @@ TEST_P(CheckPostingOnSqlite, TheDocumentSaysWhereItComesFrom) {
       << "the header itself, in the transaction that the posting has committed";
 }
 
-TEST_P(CheckPostingOnSqlite, LinesComeInTheOrderOfTheirParts) {
+TEST_P(CheckPostingOnEachEngine, LinesComeInTheOrderOfTheirParts) {
   company.check("S1", "2024-03-31", "10");
   for (const char* part : {"P6", "P2", "P4", "P1"}) company.counted("S1", part, "1");
   expect_posted(company.approve("S1"));
   EXPECT_EQ(company.posted_lines(), "P1|1|1.5\nP2|1|1.5\nP4|1|1.5\nP6|1|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheCheckDate) {
+TEST_P(CheckPostingOnEachEngine, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheCheckDate) {
   company.closed("2024-01-31");
   company.closed("2024-02-29");
   company.closed("2024-04-30");
@@ -123,7 +123,7 @@ TEST_P(CheckPostingOnSqlite, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheCheckDa
   EXPECT_EQ(company.posted_lines(), "P1|10|1.5\nP2|8|1.5\nP3|7|1.5\nP4|10|1.5\nP5|8|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ACloseOnTheCheckDateLeavesNoPeriod) {
+TEST_P(CheckPostingOnEachEngine, ACloseOnTheCheckDateLeavesNoPeriod) {
   company.closed("2024-03-31");
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "10");
@@ -132,7 +132,7 @@ TEST_P(CheckPostingOnSqlite, ACloseOnTheCheckDateLeavesNoPeriod) {
   EXPECT_EQ(company.posted_lines(), "P1|10|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, WithoutACloseThePeriodBeginsAfterTheFirstOfJanuary2004) {
+TEST_P(CheckPostingOnEachEngine, WithoutACloseThePeriodBeginsAfterTheFirstOfJanuary2004) {
   company.closed("2024-04-30");
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "10");
@@ -143,7 +143,7 @@ TEST_P(CheckPostingOnSqlite, WithoutACloseThePeriodBeginsAfterTheFirstOfJanuary2
   EXPECT_EQ(company.posted_lines(), "P1|10|1.5\nP2|7|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, EveryTypeAndStatusCountsThatLeavesTheDepartmentButOnlyTransfersThatEnterIt) {
+TEST_P(CheckPostingOnEachEngine, EveryTypeAndStatusCountsThatLeavesTheDepartmentButOnlyTransfersThatEnterIt) {
   company.check("S1", "2024-03-31", "10");
   for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "10");
   company.moves("T1", "STK010POREV", "2024-03-10", "10", "", "P1", "1");
@@ -156,7 +156,7 @@ TEST_P(CheckPostingOnSqlite, EveryTypeAndStatusCountsThatLeavesTheDepartmentButO
   EXPECT_EQ(company.posted_lines(), "P1|4|1.5\nP2|6|1.5\nP3|10|1.5\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ACheckAfterACloseCountsTheCloseDocument) {
+TEST_P(CheckPostingOnEachEngine, ACheckAfterACloseCountsTheCloseDocument) {
   company.moves("T1", "STK010POREV", "2024-02-10", "10", "", "P1", "8");
   company.moves("T2", "STK024MRPL", "2024-02-20", "20", "10", "P1", "1");
   Fields record{{"CLOSEDT", "2024/02/29"}, {"STATUSSN", 0}};
@@ -171,7 +171,7 @@ TEST_P(CheckPostingOnSqlite, ACheckAfterACloseCountsTheCloseDocument) {
   EXPECT_EQ(company.posted_lines(), "P1|1|1.5\n") << "12 counted, 9 carried over by the close, 2 moved since";
 }
 
-TEST_P(CheckPostingOnSqlite, ApprovingTwicePostsTwiceAndUnapprovalRemovesAllPostings) {
+TEST_P(CheckPostingOnEachEngine, ApprovingTwicePostsTwiceAndUnapprovalRemovesAllPostings) {
   company.check("S1", "2024-03-31", "10");
   company.check("S2", "2024-03-31", "20");
   company.counted("S1", "P1", "5");
@@ -201,7 +201,7 @@ TEST_P(CheckPostingOnSqlite, ApprovingTwicePostsTwiceAndUnapprovalRemovesAllPost
 
 // 0.1 is missing and posted; then 0.2 that went out and 0.1 that came in are not quite the 0.3 that was
 // counted.
-TEST_P(CheckPostingOnSqlite, ASecondApprovalPostsWhatRoundingHasLeft) {
+TEST_P(CheckPostingOnEachEngine, ASecondApprovalPostsWhatRoundingHasLeft) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "0.3");
   company.moves("T1", "STK020MISS", "2024-03-10", "10", "", "P1", "0.1");
@@ -213,28 +213,28 @@ TEST_P(CheckPostingOnSqlite, ASecondApprovalPostsWhatRoundingHasLeft) {
   EXPECT_EQ(company.rows("SELECT Count(*) FROM STKTRANDT WHERE SN=0 AND Abs(QTY)<1e-15 AND QTY<>0"), "1\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ACheckWithoutLinesSucceedsAndPostsNothing) {
+TEST_P(CheckPostingOnEachEngine, ACheckWithoutLinesSucceedsAndPostsNothing) {
   company.check("S1", "2024-03-31", "10");
   EXPECT_EQ(company.approve("S1"), done);
   EXPECT_EQ(company.postings(), "0|0");
   EXPECT_EQ(company.rows("SELECT STATUSSN FROM STKCHECKHD"), "1\n");
 }
 
-TEST_P(CheckPostingOnSqlite, ACheckOfAnUnknownDepartmentHasNoLines) {
+TEST_P(CheckPostingOnEachEngine, ACheckOfAnUnknownDepartmentHasNoLines) {
   company.check("S1", "2024-03-31", "99");
   company.counted("S1", "P1", "5");
   EXPECT_EQ(company.approve("S1"), done);
   EXPECT_EQ(company.postings(), "0|0");
 }
 
-TEST_P(CheckPostingOnSqlite, ATagInAnotherCasePostsNothing) {
+TEST_P(CheckPostingOnEachEngine, ATagInAnotherCasePostsNothing) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");
   EXPECT_EQ(company.update("S1", "approved"), done);
   EXPECT_EQ(company.postings(), "0|0");
 }
 
-TEST_P(CheckPostingOnSqlite, AnErrorAmongTheLinesLeavesNothingBehind) {
+TEST_P(CheckPostingOnEachEngine, AnErrorAmongTheLinesLeavesNothingBehind) {
   company.check("S1", "2024-03-31", "10");
   for (const char* part : {"P1", "P2", "P3"}) company.counted("S1", part, "1");
   company.refuse("NO_P3", "INSERT", "STKTRANDT", "NEW.PARTNO='P3'", "P3 is not allowed");
@@ -245,7 +245,7 @@ TEST_P(CheckPostingOnSqlite, AnErrorAmongTheLinesLeavesNothingBehind) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(CheckPostingOnSqlite, TheHeaderReadAfterwardsTellsWhetherTheApprovalIsStored) {
+TEST_P(CheckPostingOnEachEngine, TheHeaderReadAfterwardsTellsWhetherTheApprovalIsStored) {
   const Object head = company.client("CCheckHead");
   const auto approve_at = [&](double moment) {
     Fields fields{{"STATUSSN", 1}, {"STATUSDT", automation::Date{moment}}};
@@ -272,7 +272,7 @@ TEST_P(CheckPostingOnSqlite, TheHeaderReadAfterwardsTellsWhetherTheApprovalIsSto
   EXPECT_EQ(company.postings(), "1|1");
 }
 
-TEST_P(CheckPostingOnSqlite, AnErrorWhileItIsTakenBackLeavesThePosting) {
+TEST_P(CheckPostingOnEachEngine, AnErrorWhileItIsTakenBackLeavesThePosting) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");
   expect_posted(company.approve("S1"));
@@ -284,7 +284,7 @@ TEST_P(CheckPostingOnSqlite, AnErrorWhileItIsTakenBackLeavesThePosting) {
   EXPECT_EQ(company.everything(), before) << "its lines and the status of the check too";
 }
 
-TEST_P(CheckPostingOnSqlite, DeletingAnApprovedCheckLeavesItsPosting) {
+TEST_P(CheckPostingOnEachEngine, DeletingAnApprovedCheckLeavesItsPosting) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");
   expect_posted(company.approve("S1"));

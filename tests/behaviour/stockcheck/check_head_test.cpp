@@ -17,7 +17,7 @@ using stage::done;
 using stage::Fields;
 using stage::Outcome;
 
-class CheckRecordOnSqlite : public testing::TestWithParam<const char*> {
+class CheckRecordOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome head(const char* member, const char* number, Fields& fields, const char* user = "ADMIN") {
     const Object object = company.client("CCheckHead", user);
@@ -47,10 +47,10 @@ class CheckRecordOnSqlite : public testing::TestWithParam<const char*> {
   CountingCompany company{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, CheckRecordOnSqlite, testing::Values("MSACCESS", "MSSQLSERVER"),
+INSTANTIATE_TEST_SUITE_P(Kinds, CheckRecordOnEachEngine, testing::Values("MSACCESS", "MSSQLSERVER"),
                          [](const auto& param) { return std::string(param.param); });
 
-TEST_P(CheckRecordOnSqlite, AStocktakingLivesItsWholeLife) {
+TEST_P(CheckRecordOnEachEngine, AStocktakingLivesItsWholeLife) {
   Fields header = sheet("S1");
   EXPECT_EQ(head("Insert", "S1", header), done);
   Fields bolts = counted("P1", 5.5);
@@ -86,7 +86,7 @@ TEST_P(CheckRecordOnSqlite, AStocktakingLivesItsWholeLife) {
   EXPECT_EQ(remove_line("S1", "P1"), done);
 }
 
-TEST_P(CheckRecordOnSqlite, WhatIsMissingIsReadAsEmptyCollections) {
+TEST_P(CheckRecordOnEachEngine, WhatIsMissingIsReadAsEmptyCollections) {
   Fields read{{"LEFT", "over"}};
   Outcome outcome = head("Read", "S1", read);
   EXPECT_EQ(outcome.result, 100);
@@ -100,7 +100,7 @@ TEST_P(CheckRecordOnSqlite, WhatIsMissingIsReadAsEmptyCollections) {
   EXPECT_EQ(outcome.number, 10000003) << "the part of the line is missing";
 }
 
-TEST_P(CheckRecordOnSqlite, KeysAreTakenAsTheyAre) {
+TEST_P(CheckRecordOnEachEngine, KeysAreTakenAsTheyAre) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "1");
   Fields read;
@@ -111,7 +111,7 @@ TEST_P(CheckRecordOnSqlite, KeysAreTakenAsTheyAre) {
   EXPECT_EQ(company.rows("SELECT PARTNO FROM STKCHECKDT"), "P1\n");
 }
 
-TEST_P(CheckRecordOnSqlite, UnknownPartsAndRepeatedKeysAreRefused) {
+TEST_P(CheckRecordOnEachEngine, UnknownPartsAndRepeatedKeysAreRefused) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "1");
   company.counted("S1", "GONE", "1");
@@ -126,7 +126,7 @@ TEST_P(CheckRecordOnSqlite, UnknownPartsAndRepeatedKeysAreRefused) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(CheckRecordOnSqlite, OwnersChangeWhatTheyHaveCreated) {
+TEST_P(CheckRecordOnEachEngine, OwnersChangeWhatTheyHaveCreated) {
   company.grant("CLERK", "OWNER");
   company.grant("OTHER", "OWNER");
   company.check("S1", "2024-03-31", "10");
@@ -152,7 +152,7 @@ TEST_P(CheckRecordOnSqlite, OwnersChangeWhatTheyHaveCreated) {
   EXPECT_EQ(company.everything(), "");
 }
 
-TEST_P(CheckRecordOnSqlite, OwnersAreComparedWithoutBlanksAndAHeaderWithoutCreatorHasNone) {
+TEST_P(CheckRecordOnEachEngine, OwnersAreComparedWithoutBlanksAndAHeaderWithoutCreatorHasNone) {
   company.grant("CLERK", "OWNER");
   const struct {
     const char* creator;
@@ -170,7 +170,7 @@ TEST_P(CheckRecordOnSqlite, OwnersAreComparedWithoutBlanksAndAHeaderWithoutCreat
   EXPECT_EQ(remove_head("S1", "CLERK").number, 10000016);
 }
 
-TEST_P(CheckRecordOnSqlite, ATagInAnotherCaseNeedsTheRightOfAnEdit) {
+TEST_P(CheckRecordOnEachEngine, ATagInAnotherCaseNeedsTheRightOfAnEdit) {
   company.grant("BOSS", "CANAPPROVED");
   company.grant("EDITOR", "CANUPDATE");
   company.grant("CLERK", "OWNER");
@@ -185,7 +185,7 @@ TEST_P(CheckRecordOnSqlite, ATagInAnotherCaseNeedsTheRightOfAnEdit) {
   EXPECT_EQ(company.postings(), "1|1");
 }
 
-TEST_P(CheckRecordOnSqlite, AnEmptyKeyIsAKeyAndAnApostropheBreaksTheStatement) {
+TEST_P(CheckRecordOnEachEngine, AnEmptyKeyIsAKeyAndAnApostropheBreaksTheStatement) {
   Fields header = sheet("");
   EXPECT_EQ(head("Insert", "", header), done);
   EXPECT_EQ(head("Insert", "", header).number, 10000004);
@@ -207,7 +207,7 @@ TEST_P(CheckRecordOnSqlite, AnEmptyKeyIsAKeyAndAnApostropheBreaksTheStatement) {
   EXPECT_EQ(company.everything(), "");
 }
 
-TEST_P(CheckRecordOnSqlite, HeaderAndLinesAreDeletedTogetherOrNotAtAll) {
+TEST_P(CheckRecordOnEachEngine, HeaderAndLinesAreDeletedTogetherOrNotAtAll) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "1");
   company.refuse("KEPT", "DELETE", "STKCHECKDT", "", "the line is kept");
@@ -219,7 +219,7 @@ TEST_P(CheckRecordOnSqlite, HeaderAndLinesAreDeletedTogetherOrNotAtAll) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(CheckRecordOnSqlite, AnOwnerTestWithoutAHeaderPasses) {
+TEST_P(CheckRecordOnEachEngine, AnOwnerTestWithoutAHeaderPasses) {
   company.grant("CLERK", "OWNER");
   company.counted("S9", "P1", "1");
   EXPECT_EQ(company.update("S9", "", "CLERK"), done);
@@ -228,7 +228,7 @@ TEST_P(CheckRecordOnSqlite, AnOwnerTestWithoutAHeaderPasses) {
   EXPECT_EQ(company.everything(), "");
 }
 
-TEST_P(CheckRecordOnSqlite, BadInputIsToldAndChangesNothing) {
+TEST_P(CheckRecordOnEachEngine, BadInputIsToldAndChangesNothing) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "1");
   const std::string before = company.everything();
@@ -244,7 +244,7 @@ TEST_P(CheckRecordOnSqlite, BadInputIsToldAndChangesNothing) {
   EXPECT_EQ(company.everything(), before);
 }
 
-TEST_P(CheckRecordOnSqlite, TheClosingDateGuardIncludesTheCloseDate) {
+TEST_P(CheckRecordOnEachEngine, TheClosingDateGuardIncludesTheCloseDate) {
   company.closed("2024-03-31");
   const Object head_object = company.client("CCheckHead");
   // Another method sets up the message library that the guard asks.
@@ -266,7 +266,7 @@ TEST_P(CheckRecordOnSqlite, TheClosingDateGuardIncludesTheCloseDate) {
   EXPECT_EQ(stage::outcome_of(head_object, 0), (Outcome{0, 0, ""}));
 }
 
-TEST_P(CheckRecordOnSqlite, TheClosingDateGuardReportsAnErrorAsItselfAndRaises) {
+TEST_P(CheckRecordOnEachEngine, TheClosingDateGuardReportsAnErrorAsItselfAndRaises) {
   const Object head_object = company.client("CCheckHead");
   company.run({"DROP TABLE STKCLOSEHD"});
   std::int32_t raised = 0;

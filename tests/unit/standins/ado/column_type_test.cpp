@@ -10,7 +10,7 @@ using automation::Date;
 using automation::Decimal;
 using automation::Null;
 
-class ColumnTypeTest : public Stage {
+class ColumnTypeTest : public ScratchDatabase {
  protected:
   // The column of one table with one row.
   Object column(std::string_view declaration, std::string_view literal) {
@@ -130,7 +130,7 @@ TEST_F(ColumnTypeTest, ColumnsTellSizeAndPrecision) {
   }
 }
 
-class ExpressionTest : public Stage {
+class ExpressionTest : public ScratchDatabase {
  protected:
   ExpressionTest() {
     execute(connection, "create table T(G integer, D double, I integer, S varchar(20), W timestamp)");

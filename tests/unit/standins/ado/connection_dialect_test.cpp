@@ -5,7 +5,7 @@ namespace {
 
 // Statements in the component's dialects reach SQLite in its own words, with the date columns as the database
 // itself declares them.
-class DialectPassageTest : public Stage {
+class DialectPassageTest : public ScratchDatabase {
  protected:
   DialectPassageTest() {
     execute(connection, "create table STKCLOSEHD(CLOSEDT timestamp, NOTE varchar(20))");

@@ -5,7 +5,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class StatementErrorTest : public Stage {
+class StatementErrorTest : public ScratchDatabase {
  protected:
   StatementErrorTest() {
     execute(connection, "create table T(A integer primary key, B varchar(20) not null)");

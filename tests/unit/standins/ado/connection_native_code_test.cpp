@@ -11,7 +11,7 @@ namespace {
 constexpr std::int32_t permission_denied = -2147217911;
 const std::string library = TALLYRA_NATIVE_EXTENSION;
 
-class NativeCodeTest : public Stage {
+class NativeCodeTest : public ScratchDatabase {
  protected:
   NativeCodeTest() { setenv("TALLYRA_MARKER", marker().c_str(), 1); }
   ~NativeCodeTest() override { unsetenv("TALLYRA_MARKER"); }

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t permission_denied = -2147217911;
 constexpr std::int32_t errors_in_command = -2147217900;
 
-class RefusedStatementTest : public Stage {
+class RefusedStatementTest : public ScratchDatabase {
  protected:
   RefusedStatementTest() {
     execute(connection, "create table T(A varchar(20), D timestamp)");

@@ -3,7 +3,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class ConnectionTest : public Stage {};
+class ConnectionTest : public ScratchDatabase {};
 
 Object closed_connection() {
   return automation::create("ADODB.Connection");

@@ -6,7 +6,7 @@ namespace {
 constexpr std::int32_t no_transaction = -2147168242;
 constexpr std::int32_t only_one_transaction = -2147168237;
 
-class TransactionTest : public Stage {
+class TransactionTest : public ScratchDatabase {
  protected:
   TransactionTest() { execute(connection, "create table T(A integer)"); }
 

@@ -3,7 +3,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class CursorTest : public Stage {
+class CursorTest : public ScratchDatabase {
  protected:
   CursorTest() {
     execute(connection, "create table T(A integer, B varchar(20))");

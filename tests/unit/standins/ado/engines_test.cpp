@@ -8,7 +8,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-using EnginesTest = Stage;
+using EnginesTest = ScratchDatabase;
 
 TEST_F(EnginesTest, AStringThatNamesTheProviderGoesToOdbc) {
   const auto session = open_session("Provider=MSDASQL;" + odbc_string(), "", "", 0);

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t item_not_found = 3265;
 
-class FieldTest : public Stage {
+class FieldTest : public ScratchDatabase {
  protected:
   FieldTest() {
     execute(connection, "create table T(PARTNO varchar(20), QTY double)");

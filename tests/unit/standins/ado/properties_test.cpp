@@ -6,7 +6,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class PropertiesTest : public Stage {};
+class PropertiesTest : public ScratchDatabase {};
 
 Object property(const Object& connection, const Value& name_or_index) {
   return automation::to_object(connection.call("Properties", name_or_index));

@@ -5,7 +5,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class ReachingKeywordsTest : public Stage {
+class ReachingKeywordsTest : public ScratchDatabase {
  protected:
   std::string file() const { return path("written"); }
   std::int32_t open(const std::string& more) const {

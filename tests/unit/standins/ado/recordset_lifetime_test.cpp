@@ -5,7 +5,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class LifetimeTest : public Stage {};
+class LifetimeTest : public ScratchDatabase {};
 
 TEST_F(LifetimeTest, ManyConnectionsOneAfterTheOther) {
   for (int round = 0; round < 200; ++round) {

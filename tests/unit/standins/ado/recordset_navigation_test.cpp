@@ -6,7 +6,7 @@ namespace {
 constexpr std::int32_t no_current_record = 3021;
 constexpr std::int32_t cannot_fetch_backward = -2147217884;
 
-class NavigationTest : public Stage {
+class NavigationTest : public ScratchDatabase {
  protected:
   NavigationTest() {
     execute(connection, "create table T(A integer)");

@@ -3,7 +3,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class OpenRecordsetTest : public Stage {
+class OpenRecordsetTest : public ScratchDatabase {
  protected:
   OpenRecordsetTest() {
     execute(connection, "create table T(A integer, B varchar(20))");

@@ -8,32 +8,32 @@
 
 namespace tallyra::standins::ado::test {
 
-Stage::Stage() {
+ScratchDatabase::ScratchDatabase() {
   register_classes();
   make_database("test.db");
 }
 
-void Stage::make_database(std::string_view file) const {
+void ScratchDatabase::make_database(std::string_view file) const {
   std::ofstream(path(file), std::ios::app);
 }
 
-std::string Stage::path(std::string_view file) const {
+std::string ScratchDatabase::path(std::string_view file) const {
   return folder_.file(file);
 }
 
-std::string Stage::connection_string(std::string_view file) const {
+std::string ScratchDatabase::connection_string(std::string_view file) const {
   return (std::getenv("TALLYRA_TEST_OVER_ODBC") ? "Provider=MSDASQL;" : "") + odbc_string(file);
 }
 
-std::string Stage::odbc_string(std::string_view file) const {
+std::string ScratchDatabase::odbc_string(std::string_view file) const {
   return "DRIVER={SQLite3};Database=" + path(file) + ";SyncPragma=OFF;Timeout=100";
 }
 
-Object Stage::open_connection() const {
+Object ScratchDatabase::open_connection() const {
   return open_connection("test.db");
 }
 
-Object Stage::open_connection(std::string_view file) const {
+Object ScratchDatabase::open_connection(std::string_view file) const {
   make_database(file);
   Object connection = automation::create("ADODB.Connection");
   connection.call("Open", connection_string(file), "", "", -1);

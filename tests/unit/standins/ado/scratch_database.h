@@ -20,9 +20,9 @@ using automation::Object;
 using automation::Value;
 
 // A folder of its own for each test, gone afterwards.
-class Stage : public testing::Test {
+class ScratchDatabase : public testing::Test {
  protected:
-  Stage();
+  ScratchDatabase();
 
   std::string path(std::string_view file) const;
   // Of the test's database, or of another in the same folder. Means the engine's own library where this build

@@ -29,7 +29,7 @@ class Journal : public TraceSink {
   std::map<std::uint64_t, std::size_t> ordinals_;
 };
 
-class TraceTest : public Stage {};
+class TraceTest : public ScratchDatabase {};
 
 TEST_F(TraceTest, TellsWhatWentToTheEngineInOrder) {
   Journal journal;

@@ -8,7 +8,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class ColumnDescription : public Stage {
+class ColumnDescription : public ScratchDatabase {
  protected:
   ColumnDescription() : plain_(odbc_string()) {
     EXPECT_TRUE(

@@ -6,7 +6,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class DateColumnCatalogTest : public Stage {
+class DateColumnCatalogTest : public ScratchDatabase {
  protected:
   DateColumnCatalogTest()
       : plain_(odbc_string()),

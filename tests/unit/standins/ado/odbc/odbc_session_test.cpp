@@ -5,7 +5,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class OdbcSessionTest : public Stage {
+class OdbcSessionTest : public ScratchDatabase {
  protected:
   OdbcSessionTest() { session_.run("create table T(A integer, D timestamp)", false); }
 

@@ -15,7 +15,7 @@ namespace {
 
 // How a value is asked of a driver depends on what the driver can do. One driver that can do everything is
 // treated here as each of the others.
-class RowReaderTest : public Stage, public testing::WithParamInterface<DriverTraits> {
+class RowReaderTest : public ScratchDatabase, public testing::WithParamInterface<DriverTraits> {
  protected:
   RowReaderTest() {
     const std::string target = odbc_string();

@@ -3,7 +3,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class UnicodeTest : public Stage {};
+class UnicodeTest : public ScratchDatabase {};
 
 TEST_F(UnicodeTest, ValuesAndConditions) {
   const Object connection = open_connection();

@@ -7,7 +7,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class PostgresqlLoginTest : public ServerStage {
+class PostgresqlLoginTest : public ScratchServer {
  protected:
   PostgresqlLoginTest() {
     server().administer("postgres", "DROP ROLE IF EXISTS secured");

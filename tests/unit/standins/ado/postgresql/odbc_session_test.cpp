@@ -5,10 +5,10 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class PostgresqlByOdbcTest : public ServerStage {
+class PostgresqlByOdbcTest : public ScratchServer {
  protected:
   PostgresqlByOdbcTest()
-      : ServerStage(
+      : ScratchServer(
             {"CREATE TABLE T(A integer PRIMARY KEY, B bpchar COLLATE \"C\", V varchar(20), "
              "Q double precision, N numeric(12,4), S smallint, G bigint, F boolean, D timestamp(0))"}) {}
 

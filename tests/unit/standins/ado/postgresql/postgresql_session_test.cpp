@@ -8,11 +8,11 @@ using automation::Date;
 using automation::Decimal;
 using automation::Null;
 
-class PostgresqlSessionTest : public ServerStage {
+class PostgresqlSessionTest : public ScratchServer {
  protected:
   PostgresqlSessionTest()
-      : ServerStage({"CREATE TABLE T(A integer PRIMARY KEY, B bpchar COLLATE \"C\", D timestamp(0))",
-                     "CREATE TABLE U(A integer, Q double precision)"}) {}
+      : ScratchServer({"CREATE TABLE T(A integer PRIMARY KEY, B bpchar COLLATE \"C\", D timestamp(0))",
+                       "CREATE TABLE U(A integer, Q double precision)"}) {}
 
   Object connection = open_connection();
 };

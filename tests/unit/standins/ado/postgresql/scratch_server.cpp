@@ -4,16 +4,16 @@
 
 namespace tallyra::standins::ado::test {
 
-ServerStage::ServerStage(const std::vector<std::string>& statements)
+ScratchServer::ScratchServer(const std::vector<std::string>& statements)
     : database_(server_.new_database(statements)) {
   register_classes();
 }
 
-std::string ServerStage::connection_string(std::string_view more) const {
+std::string ScratchServer::connection_string(std::string_view more) const {
   return server_.connection_string(database_, more);
 }
 
-Object ServerStage::open_connection(std::string_view more) const {
+Object ScratchServer::open_connection(std::string_view more) const {
   Object connection = automation::create("ADODB.Connection");
   connection.call("Open", connection_string(more), "", "", -1);
   return connection;

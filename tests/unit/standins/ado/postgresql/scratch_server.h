@@ -6,9 +6,9 @@
 namespace tallyra::standins::ado::test {
 
 // A database of its own for each test, on the program's server.
-class ServerStage : public testing::Test {
+class ScratchServer : public testing::Test {
  protected:
-  explicit ServerStage(const std::vector<std::string>& statements = {});
+  explicit ScratchServer(const std::vector<std::string>& statements = {});
 
   std::string connection_string(std::string_view more = {}) const;
   Object open_connection(std::string_view more = {}) const;

@@ -82,9 +82,9 @@ std::string columns_of(const std::string& table) {
          "CHECK(length(B)<=20), V varchar(10) COLLATE \"C\", D timestamp(0))";
 }
 
-class StoredValueTest : public ServerStage {
+class StoredValueTest : public ScratchServer {
  protected:
-  StoredValueTest() : ServerStage({columns_of("SHAPED"), columns_of("TEXTS")}) {}
+  StoredValueTest() : ScratchServer({columns_of("SHAPED"), columns_of("TEXTS")}) {}
 };
 
 // The comment makes a text one that is no shape.

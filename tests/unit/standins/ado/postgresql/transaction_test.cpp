@@ -7,11 +7,12 @@ namespace {
 
 constexpr std::int32_t unspecified = -2147467259;
 
-class PostgresqlTransactionTest : public ServerStage {
+class PostgresqlTransactionTest : public ScratchServer {
  protected:
   PostgresqlTransactionTest()
-      : ServerStage({"CREATE TABLE T(A integer PRIMARY KEY, B double precision)", "CREATE TABLE P(A integer)",
-                     "CREATE TABLE L(A integer CONSTRAINT LATE UNIQUE DEFERRABLE INITIALLY DEFERRED)"}) {}
+      : ScratchServer({"CREATE TABLE T(A integer PRIMARY KEY, B double precision)",
+                       "CREATE TABLE P(A integer)",
+                       "CREATE TABLE L(A integer CONSTRAINT LATE UNIQUE DEFERRABLE INITIALLY DEFERRED)"}) {}
 
   void insert(int number) const {
     execute(connection, "Insert Into T(A,B) Values(" + std::to_string(number) + ",0.5)");

@@ -151,7 +151,7 @@ class Values {
   std::mt19937 random_{20240331};
 };
 
-class LiteralBinderStorageTest : public Stage {
+class LiteralBinderStorageTest : public ScratchDatabase {
  protected:
   LiteralBinderStorageTest() {
     make_database("text.db");

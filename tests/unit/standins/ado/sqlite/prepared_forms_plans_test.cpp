@@ -20,7 +20,7 @@ std::string content_of(const std::filesystem::path& file) {
   return content.str();
 }
 
-class PlansTest : public Stage {
+class PlansTest : public ScratchDatabase {
  protected:
   PlansTest() { EXPECT_EQ(execute_sqlite(database.get(), content_of(TALLYRA_SCHEMA).c_str()), SQLITE_OK); }
 

@@ -10,7 +10,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class SqliteColumnsTest : public Stage {
+class SqliteColumnsTest : public ScratchDatabase {
  protected:
   Object connect(const std::string& prefix) const {
     const Object connection = automation::create("ADODB.Connection");

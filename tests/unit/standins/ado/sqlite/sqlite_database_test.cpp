@@ -27,7 +27,7 @@ class Unprivileged {
   bool done_;
 };
 
-class SqliteDatabaseTest : public Stage {
+class SqliteDatabaseTest : public ScratchDatabase {
  protected:
   std::string complaint(const std::string& text) const {
     const Object connection = automation::create("ADODB.Connection");

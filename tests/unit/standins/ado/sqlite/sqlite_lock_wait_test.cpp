@@ -27,7 +27,7 @@ class CountedSleep {
   sqlite3_vfs own_;
 };
 
-class SqliteLockWaitTest : public Stage {
+class SqliteLockWaitTest : public ScratchDatabase {
  protected:
   SqliteLockWaitTest() {
     connection = open_connection();

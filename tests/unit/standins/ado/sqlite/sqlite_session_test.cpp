@@ -8,7 +8,7 @@
 namespace tallyra::standins::ado::test {
 namespace {
 
-class SqliteSessionTest : public Stage {
+class SqliteSessionTest : public ScratchDatabase {
  protected:
   Object connection = open_connection();
 };
