@@ -53,11 +53,11 @@ class PostgresqlServer {
   void promote();
 
  private:
-  void initialize();
   void make();
   void stop();
   void configure(std::string_view settings) const;
   void wait_until_ready() const;
+  bool is_ready() const;
   std::string data() const { return folder_.file("data"); }
 
   TestFolder folder_;

@@ -1,16 +1,13 @@
-#include "tests/support/ado_double.h"
-
 #include <gtest/gtest.h>
 
 #include "automation/convert.h"
-#include "automation/error.h"
+#include "tests/support/ado_double.h"
+#include "tests/support/ado_errors.h"
 #include "tests/support/shown.h"
 
 namespace tallyra::stage {
-namespace {
 
 using automation::Arguments;
-using automation::Error;
 using automation::MemberTable;
 using automation::method;
 using automation::Object;
@@ -18,16 +15,7 @@ using automation::property;
 using automation::read_write;
 using automation::Value;
 
-const Error object_open{3705, "Operation is not allowed when the object is open."};
-const Error object_closed{3704, "Operation is not allowed when the object is closed."};
-const Error connection_unusable{3709, "The connection cannot be used to perform this operation."};
-const Error in_a_transaction{3246, "Connection object cannot be explicitly closed while in a transaction."};
-const Error no_transaction{-2147168242, "No transaction is active."};
-const Error no_current_record{3021, "Either BOF or EOF is True."};
-const Error wrong_arguments{3001,
-                            "Arguments are of the wrong type, are out of acceptable range, or are in "
-                            "conflict with one another."};
-const Error no_such_item{3265, "Item cannot be found in the collection."};
+namespace {
 
 class FieldDouble : public automation::Implements<FieldDouble>, public Named {
  public:
@@ -83,7 +71,7 @@ class FieldsDouble : public automation::Implements<FieldsDouble> {
     if (recordset_.script().takes_any_query() && columns.empty())
       return automation::make_object<FieldDouble>(recordset_, automation::to_text(key), columns.size());
     ADD_FAILURE() << "a field that the stage was not told about: " << shown(key);
-    throw no_such_item;
+    throw ado_errors::no_such_item;
   }
   Value count() {
     recordset_.script().step(recordset_.name() + ".Fields.Count", AdoScript::Line::hidden);
@@ -95,142 +83,10 @@ class FieldsDouble : public automation::Implements<FieldsDouble> {
   RecordsetDouble& recordset_;
 };
 
-// What a connection tells of itself, by name.
-class PropertiesDouble : public automation::Implements<PropertiesDouble> {
- public:
-  explicit PropertiesDouble(const AdoScript& script) : script_(script) {}
-  static const MemberTable<PropertiesDouble>& members() {
-    static const MemberTable<PropertiesDouble> table{{0, "Item", method<&PropertiesDouble::item>}};
-    return table;
-  }
-  Value item(Arguments arguments);
-
- private:
-  const AdoScript& script_;
-};
-
-class PropertyDouble : public automation::Implements<PropertyDouble> {
- public:
-  explicit PropertyDouble(Value value) : value_(std::move(value)) {}
-  static const MemberTable<PropertyDouble>& members() {
-    static const MemberTable<PropertyDouble> table{{0, "Value", property<&PropertyDouble::value>}};
-    return table;
-  }
-  Value value() { return value_; }
-
- private:
-  Value value_;
-};
-
-Value PropertiesDouble::item(Arguments arguments) {
-  const std::string name = automation::to_text(arguments[0].get());
-  const auto found = script_.properties.find(name);
-  if (found != script_.properties.end()) return automation::make_object<PropertyDouble>(found->second);
-  ADD_FAILURE() << "a property that the script was not told about: " << name;
-  throw no_such_item;
-}
-
-std::string next_name(AdoScript& script, const char* kind) {
-  return kind + std::to_string(script.next_number(kind));
-}
-
 }  // namespace
 
-ConnectionDouble::ConnectionDouble(AdoScript& script) : Named(next_name(script, "C")), script_(script) {
-  script_.born();
-}
-ConnectionDouble::~ConnectionDouble() {
-  script_.gone();
-}
-
-const MemberTable<ConnectionDouble>& ConnectionDouble::members() {
-  static const MemberTable<ConnectionDouble> table{
-      {1, "Open", method<&ConnectionDouble::open>},
-      {2, "Execute", method<&ConnectionDouble::execute>},
-      {3, "BeginTrans", method<&ConnectionDouble::begin>},
-      {4, "CommitTrans", method<&ConnectionDouble::commit>},
-      {5, "RollbackTrans", method<&ConnectionDouble::roll_back>},
-      {6, "Close", method<&ConnectionDouble::close>},
-      {7, "State", property<&ConnectionDouble::state>},
-      {8, "CommandTimeout",
-       read_write<&ConnectionDouble::command_timeout, &ConnectionDouble::set_command_timeout>},
-      {9, "Properties", property<&ConnectionDouble::properties>},
-  };
-  return table;
-}
-
-void ConnectionDouble::require_open() const {
-  if (!open_) throw object_closed;
-}
-
-Value ConnectionDouble::open(Arguments arguments) {
-  script_.step(name() + ".Open" + shown(arguments));
-  if (open_) throw object_open;
-  open_ = true;
-  return {};
-}
-
-Value ConnectionDouble::execute(Arguments arguments) {
-  automation::expect_arguments(arguments, 3, 3);
-  if (!arguments[1].is_reference()) throw Error(automation::error_number::type_mismatch);
-  const std::string statement = automation::to_text(arguments[0].get());
-  script_.step(name() + ".Execute " + statement + " | " + shown(arguments[2].get()));
-  require_open();
-  AdoScript::Executed executed = script_.executed(statement);
-  arguments[1].set(executed.affected);
-  if (!executed.found) return {};
-  auto recordset = automation::make_object<RecordsetDouble>(script_);
-  static_cast<RecordsetDouble*>(recordset.dispatch())->stand_on(std::move(*executed.found));
-  return recordset;
-}
-
-Value ConnectionDouble::begin(Arguments) {
-  script_.step(name() + ".BeginTrans");
-  require_open();
-  in_transaction_ = true;
-  return 1;
-}
-
-Value ConnectionDouble::commit(Arguments) {
-  script_.step(name() + ".CommitTrans");
-  if (!in_transaction_ && !script_.ignores_needless_commits) throw no_transaction;
-  in_transaction_ = false;
-  return {};
-}
-
-Value ConnectionDouble::roll_back(Arguments) {
-  script_.step(name() + ".RollbackTrans");
-  if (!in_transaction_) throw no_transaction;
-  in_transaction_ = false;
-  return {};
-}
-
-Value ConnectionDouble::close(Arguments) {
-  script_.step(name() + ".Close");
-  require_open();
-  if (in_transaction_) throw in_a_transaction;
-  open_ = false;
-  return {};
-}
-
-Value ConnectionDouble::state() {
-  script_.step(name() + ".State");
-  return open_ ? 1 : 0;
-}
-
-Value ConnectionDouble::command_timeout() {
-  return 30;
-}
-
-void ConnectionDouble::set_command_timeout(const Value& value) {
-  script_.step(name() + ".CommandTimeout = " + shown(value));
-}
-
-Value ConnectionDouble::properties() {
-  return automation::make_object<PropertiesDouble>(script_);
-}
-
-RecordsetDouble::RecordsetDouble(AdoScript& script) : Named(next_name(script, "R")), script_(script) {
+RecordsetDouble::RecordsetDouble(AdoScript& script)
+    : Named("R" + std::to_string(script.next_number("R"))), script_(script) {
   script_.born();
 }
 RecordsetDouble::~RecordsetDouble() {
@@ -259,17 +115,17 @@ void RecordsetDouble::stand_on(Rows rows) {
 }
 
 void RecordsetDouble::require_open() const {
-  if (!rows_) throw object_closed;
+  if (!rows_) throw ado_errors::object_closed;
 }
 
 Value RecordsetDouble::open(Arguments arguments) {
   automation::expect_arguments(arguments, 5, 5);
   const std::string statement = automation::to_text(arguments[0].get());
   script_.step(name() + ".Open " + statement + " |" + shown(arguments.subspan(1)));
-  if (rows_) throw object_open;
+  if (rows_) throw ado_errors::object_open;
   const Object connection = automation::to_object(arguments[1].get());
   const auto* used = dynamic_cast<const ConnectionDouble*>(connection.dispatch());
-  if (!used || !used->is_open()) throw connection_unusable;
+  if (!used || !used->is_open()) throw ado_errors::connection_unusable;
   rows_ = &script_.opened(statement);
   row_ = 0;
   return {};
@@ -291,7 +147,7 @@ Value RecordsetDouble::at_end() {
 Value RecordsetDouble::move(const char* how, std::size_t row) {
   script_.step(name() + how);
   require_open();
-  if (rows_->rows.empty()) throw no_current_record;
+  if (rows_->rows.empty()) throw ado_errors::no_current_record;
   row_ = row;
   return {};
 }
@@ -307,7 +163,7 @@ Value RecordsetDouble::move_last(Arguments) {
 Value RecordsetDouble::move_next(Arguments) {
   script_.step(name() + ".MoveNext", AdoScript::Line::hidden);
   require_open();
-  if (row_ >= rows_->rows.size()) throw no_current_record;
+  if (row_ >= rows_->rows.size()) throw ado_errors::no_current_record;
   ++row_;
   return {};
 }
@@ -324,7 +180,7 @@ Value RecordsetDouble::cursor_location() {
 
 void RecordsetDouble::set_cursor_location(const Value& value) {
   script_.step(name() + ".CursorLocation = " + shown(value));
-  if (rows_) throw object_open;
+  if (rows_) throw ado_errors::object_open;
   client_side_ = automation::equals_number(value, 3);
 }
 
@@ -333,14 +189,14 @@ Value RecordsetDouble::use_active_connection(RecordsetDouble& recordset, automat
   if (access == automation::Access::read) return Object();
   automation::expect_arguments(arguments, 1, 1);
   recordset.script_.step(recordset.name() + ".ActiveConnection = " + shown(arguments[0].get()));
-  if (access != automation::Access::put_reference) throw wrong_arguments;
-  if (recordset.rows_ && !recordset.client_side_) throw object_open;
+  if (access != automation::Access::put_reference) throw ado_errors::wrong_arguments;
+  if (recordset.rows_ && !recordset.client_side_) throw ado_errors::object_open;
   return {};
 }
 
 Value RecordsetDouble::value_of(std::size_t column) const {
   require_open();
-  if (row_ >= rows_->rows.size()) throw no_current_record;
+  if (row_ >= rows_->rows.size()) throw ado_errors::no_current_record;
   return rows_->rows[row_].at(column);
 }
 
