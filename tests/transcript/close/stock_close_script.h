@@ -16,6 +16,8 @@ class MonthCloseStage {
 
   std::string outgoing_query(const std::string& department) const;
   std::string incoming_query(const std::string& department) const;
+  // Everything that a run for Access has asked from the last line on that a close without a failure asks too.
+  std::string way_out() const;
   // Nothing has moved in this period, and there is no close of its last day yet.
   void knows_period(const std::string& after, const std::string& until, const std::string& document_date);
   // The date between the quotes of the kind.
