@@ -60,6 +60,25 @@ TEST_F(CostCall, AReplacedCloseDateComesBackToTheCaller) {
   EXPECT_EQ(date, Value("#2024/03/30#"));
 }
 
+TEST_F(CostCall, IsToTheFunctionThatPriceTypeAndMaterialTypeName) {
+  stage.set("system.GetPartCost", 1).set("system.GetLastUprice", 1).set("system.GetAvgUprice", 1);
+  const struct {
+    Value price_type;
+    Value material_type;
+    std::string function;
+  } rows[] = {{2, 2, "GetPartCost"},       {2, 3.0, "GetPartCost"},  {2, 1, "GetAvgUprice"},
+              {2, Null{}, "GetAvgUprice"}, {1, 1, "GetLastUprice"},  {1, 2, "GetLastUprice"},
+              {1, 99, "GetLastUprice"},    {3, 2, "GetAvgUprice"},   {0, 2, "GetAvgUprice"},
+              {Null{}, 2, "GetAvgUprice"}, {"2", "2", "GetPartCost"}};
+  for (const auto& [price_type, material_type, function] : rows) {
+    stage.clear();
+    EXPECT_EQ(close(price_type, material_type, 1.0, "A"), done);
+    for (const std::string each : {"GetPartCost", "GetLastUprice", "GetAvgUprice"})
+      EXPECT_EQ(wrote("system." + each + " "), each == function)
+          << stage::shown(price_type) << " " << stage::shown(material_type);
+  }
+}
+
 TEST_F(CostCall, OnlyMaterialTypesAboveOneAreProduced) {
   stage.set("system.GetPartCost", 1).set("system.GetAvgUprice", 2);
   const struct {
@@ -71,6 +90,16 @@ TEST_F(CostCall, OnlyMaterialTypesAboveOneAreProduced) {
     EXPECT_EQ(close(2, material_type), done);
     EXPECT_TRUE(wrote(std::string("system.") + function)) << stage::shown(material_type);
   }
+}
+
+TEST_F(CostCall, IsNotMadeWithoutDepartmentDocuments) {
+  stage::no_documents(stage, "");
+  const auto client = stage.client("CStockClose");
+  EXPECT_EQ(stage::outcome_of(client, client.call("STKMonthClose", ref(id), ref(date))), done);
+  EXPECT_EQ(stage.database_calls(),
+            "R1.CursorLocation = 3\nC1.CommandTimeout = 0\nC1.Open 'DSN=x' '' '' -1\n" +
+                opened("R1", stage::department_documents(""), "C1") +
+                "C1.BeginTrans\nC1.CommitTrans\nR1.Close\n");
 }
 
 TEST_F(CostCall, CostsAreWrittenUnrounded) {

@@ -16,11 +16,6 @@ using stage::Outcome;
 using stage::refused;
 using stage::trapped;
 
-// A line of the transcript: how the steps open a query.
-std::string opened(const std::string& recordset, const std::string& query, const std::string& connection) {
-  return recordset + ".Open " + query + " | " + connection + " 3 1 -1\n";
-}
-
 TEST(MonthClose, TheWholeRunOnAccess) {
   MonthCloseStage company("MSACCESS");
   EXPECT_EQ(company.close(), done);
@@ -124,37 +119,6 @@ TEST(MonthClose, WhatIsNoDateEndsInTheTrapBeforeAnyCheck) {
   }
 }
 
-TEST(MonthClose, ADepartmentWithoutMovementsGetsNoDocument) {
-  MonthCloseStage company;
-  automation::Value id = "K9", date = "#2024/03/31#", department = "30";
-  stage::no_movements(company.stage, "30", "#2024/02/29#", "#2024/03/31#");
-  EXPECT_EQ(company.close(), done);
-  company.stage.clear();
-  const Value result = company.client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date),
-                                           automation::ref(department));
-  EXPECT_EQ(stage::outcome_of(company.client, result), done);
-  EXPECT_EQ(company.stage.database_calls(),
-            "R10.CursorLocation = 3\nR11.CursorLocation = 3\nR12.CursorLocation = 3\n"
-            "C5.CommandTimeout = 0\nC5.Open 'DSN=x' '' '' -1\n" +
-                opened("R10", stage::department_out("30", "#2024/02/29#", "#2024/03/31#"), "C5") +
-                opened("R11", stage::department_in("30", "#2024/02/29#", "#2024/03/31#"), "C5") +
-                "C5.BeginTrans\nC5.CommitTrans\nR10.Close\nR11.Close\n");
-}
-
-TEST(MonthClose, WithoutDepartmentDocumentsTheCompanyGetsNone) {
-  stage::Stage stage;
-  stage::no_documents(stage, "");
-  const auto client = stage.client("CStockClose");
-  Value id = "K9", date = "#2024/03/31#";
-  EXPECT_EQ(
-      stage::outcome_of(client, client.call("STKMonthClose", automation::ref(id), automation::ref(date))),
-      done);
-  EXPECT_EQ(stage.database_calls(),
-            "R1.CursorLocation = 3\nC1.CommandTimeout = 0\nC1.Open 'DSN=x' '' '' -1\n" +
-                opened("R1", stage::department_documents(""), "C1") +
-                "C1.BeginTrans\nC1.CommitTrans\nR1.Close\n");
-}
-
 TEST(MonthClose, TheStepsAloneOnAFreshObjectWriteMalformedDates) {
   stage::Stage stage;
   stage::no_movements(stage, "10", "", "#2024/03/31#");
@@ -172,39 +136,6 @@ TEST(MonthClose, TheStepsAloneOnAFreshObjectWriteMalformedDates) {
                 "R4.CursorLocation = 3\nC2.CommandTimeout = 0\nC2.Open 'DSN=x' '' '' -1\n" +
                 opened("R4", stage::department_documents(""), "C2") +
                 "C2.BeginTrans\nC2.CommitTrans\nR4.Close\n");
-}
-
-TEST(MonthClose, APartIsPricedByItsPriceTypeAndMaterialType) {
-  const struct {
-    Value price_type;
-    Value material_type;
-    const char* function;
-  } rows[] = {{2, 2, "GetPartCost"},       {2, 3.0, "GetPartCost"},  {2, 1, "GetAvgUprice"},
-              {2, Null{}, "GetAvgUprice"}, {1, 1, "GetLastUprice"},  {1, 2, "GetLastUprice"},
-              {1, 99, "GetLastUprice"},    {3, 2, "GetAvgUprice"},   {0, 2, "GetAvgUprice"},
-              {Null{}, 2, "GetAvgUprice"}, {"2", "2", "GetPartCost"}};
-  for (const auto& [price_type, material_type, function] : rows) {
-    stage::Stage stage;
-    stage.finds(stage::department_documents(""), {{"MTYPESN", "PARTNO", "PRICETYPESN", "EDITDT", "QTY"},
-                                                  {{material_type, "A", price_type, Null{}, 1.0}}});
-    stage.set("system.GetPartCost", 1).set("system.GetLastUprice", 1).set("system.GetAvgUprice", 1);
-    const auto client = stage.client("CStockClose");
-    Value id = "K9", date = "#2024/03/31#";
-    client.call("STKMonthClose", automation::ref(id), automation::ref(date));
-    EXPECT_NE(stage.transcript().find(std::string("system.") + function + " "), std::string::npos)
-        << stage::shown(price_type) << " " << stage::shown(material_type);
-  }
-}
-
-TEST(MonthClose, ANullSumEndsTheDepartmentInTheTrap) {
-  stage::Stage stage;
-  const auto client = stage.client("CStockClose");
-  stage::no_movements(stage, "10", "", "#2024/03/31#");
-  stage.finds(stage::department_out("10", "", "#2024/03/31#"), {{"PARTNO", "QTY"}, {{"A", Null{}}}});
-  Value id = "K9", date = "#2024/03/31#", department = "10";
-  EXPECT_EQ(stage::outcome_of(client, client.call("STKMonthCloseDept", automation::ref(id),
-                                                  automation::ref(date), automation::ref(department))),
-            trapped(94, "Invalid use of Null"));
 }
 
 TEST(MonthClose, ThePreviousCloseIsADayWhateverItsTime) {
@@ -245,31 +176,6 @@ TEST(MonthClose, ADepartmentWithoutANameIsClosedAndOneWithoutANumberIsNot) {
         client.call("Insert", "2024/03/31", automation::ref(fields.names), automation::ref(fields.values)));
     EXPECT_EQ(outcome, has_number ? done : trapped(94, "Invalid use of Null"));
   }
-}
-
-TEST(MonthClose, UserAndPartsAreWrittenAsTheyStand) {
-  stage::Stage stage;
-  stage.user = "O'Neil";
-  stage::no_movements(stage, "1'0", "", "#2024/03/31#");
-  stage.finds(stage::department_out("1'0", "", "#2024/03/31#"),
-              {{"PARTNO", "QTY"}, {{"a'b", 1.0}, {Null{}, 2.0}}});
-  const auto client = stage.client("CStockClose");
-  Value id = "K9", date = "#2024/03/31#", department = "1'0";
-  client.call("STKMonthCloseDept", automation::ref(id), automation::ref(date), automation::ref(department));
-  const std::string line =
-      "C1.Execute Insert Into STKTRANDT (TRANNO,REFERENCE,SN,PARTNO,QTY,UPRICE,ADDBY,ADDDT,EDITBY,EDITDT)"
-      " Values('K9','',0,";
-  EXPECT_EQ(stage.database_calls(),
-            "R1.CursorLocation = 3\nR2.CursorLocation = 3\nR3.CursorLocation = 3\n"
-            "C1.CommandTimeout = 0\nC1.Open 'DSN=x' '' '' -1\n" +
-                opened("R1", stage::department_out("1'0", "", "#2024/03/31#"), "C1") +
-                opened("R2", stage::department_in("1'0", "", "#2024/03/31#"), "C1") +
-                "R1.MoveFirst\nC1.BeginTrans\n"
-                "C1.Execute Insert Into STKTRANHD(TRANNO,TRANTYPE,STATUSSN,TRANDT,DEPTNOFR,NOTES,ADDBY,ADDDT,"
-                "EDITBY,EDITDT) Values('K9','STK027CLOSE',0,,'1'0 ','','O'Neil',,'O'Neil',) | -1\n" +
-                line + "'a'b',1, 0 ,'O'Neil',,'O'Neil',) | -1\n" + line +
-                "'',2, 0 ,'O'Neil',,'O'Neil',) | -1\n"
-                "C1.CommitTrans\nR1.Close\nR2.Close\n");
 }
 
 }  // namespace

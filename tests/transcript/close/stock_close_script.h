@@ -29,4 +29,10 @@ class MonthCloseStage {
   automation::Object client;
 };
 
+// A line of the transcript: how the steps open a query.
+inline std::string opened(const std::string& recordset, const std::string& query,
+                          const std::string& connection) {
+  return recordset + ".Open " + query + " | " + connection + " 3 1 -1\n";
+}
+
 }  // namespace tallyra
