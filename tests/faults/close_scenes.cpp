@@ -1,5 +1,6 @@
 #include "tests/faults/scene.h"
 #include "tests/support/queries.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra::faults {
 namespace {
@@ -47,11 +48,10 @@ void add_cost_settings(std::vector<Scene>& scenes) {
   };
   for (const char* member : {"Read", "Insert", "Update"})
     scenes.push_back({"CPartCostSet", member, "", all_rights, [member](const Object& object, Fields& fields) {
-                        Value key = 7;
-                        return object.call(member, ref(key), ref(fields.names), ref(fields.values));
+                        return stage::call_record(object, member, 7, fields);
                       }});
   scenes.push_back({"CPartCostSet", "Delete", "", all_rights,
-                    [](const Object& object, Fields&) { return object.call("Delete", 7); }});
+                    [](const Object& object, Fields&) { return stage::call_record(object, "Delete", 7); }});
 }
 
 std::vector<Scene> month_close_scenes() {
@@ -62,30 +62,25 @@ std::vector<Scene> month_close_scenes() {
          stage.finds(row_query, {{"CLOSEDT", "STATUSSN"}, {{Date{45382}, 0}}});
        },
        [](const Object& object, Fields& fields) {
-         return object.call("Read", "2024/03/31", ref(fields.names), ref(fields.values));
+         return stage::call_record(object, "Read", "2024/03/31", fields);
        },
        std::nullopt, true},
       {"CStockClose", "Update", "", [](Stage& stage) { stage.set("CanApproved", 1); },
        [](const Object& object, Fields& fields) {
-         Value tag = "APPROVED";
-         return object.call("Update", "2024/03/31", ref(fields.names), ref(fields.values), ref(tag));
+         return stage::call_record(object, "Update", "2024/03/31", fields, "APPROVED");
        }},
       {"CStockClose", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); },
-       [](const Object& object, Fields&) { return object.call("Delete", "2024/03/31"); }},
+       [](const Object& object, Fields&) { return stage::call_record(object, "Delete", "2024/03/31"); }},
       {"CStockClose", "Insert", "", company,
        [](const Object& object, Fields& fields) {
-         return object.call("Insert", "2024/03/31", ref(fields.names), ref(fields.values));
+         return stage::call_record(object, "Insert", "2024/03/31", fields);
        }},
       {"CStockClose", "STKMonthCloseDept", "", [](Stage& stage) { department_moves(stage, ""); },
        [](const Object& object, Fields&) {
-         Value id = "K1", date = "#2024/03/31#", department = "10";
-         return object.call("STKMonthCloseDept", ref(id), ref(date), ref(department));
+         return stage::close_department(object, "K1", "#2024/03/31#", "10");
        }},
       {"CStockClose", "STKMonthClose", "", [](Stage& stage) { company_documents(stage, ""); },
-       [](const Object& object, Fields&) {
-         Value id = "K1", date = "#2024/03/31#";
-         return object.call("STKMonthClose", ref(id), ref(date));
-       }},
+       [](const Object& object, Fields&) { return stage::close_company(object, "K1", "#2024/03/31#"); }},
   };
 }
 

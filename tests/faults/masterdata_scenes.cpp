@@ -1,4 +1,5 @@
 #include "tests/faults/scene.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra::faults {
 namespace {
@@ -8,11 +9,6 @@ using automation::ref;
 using automation::Value;
 using stage::Fields;
 using stage::Stage;
-
-Value call_with_key(const Object& object, const char* member, Fields& fields) {
-  Value key = "A1";
-  return object.call(member, ref(key), ref(fields.names), ref(fields.values));
-}
 
 struct KeyRecord {
   const char* class_name;
@@ -31,11 +27,12 @@ auto owned_by(const char* user, const std::string& owner_query) {
 
 void add_key_record(std::vector<Scene>& scenes, const KeyRecord& record) {
   const auto with_fields = [](const char* member) {
-    return [member](const Object& object, Fields& fields) { return call_with_key(object, member, fields); };
+    return [member](const Object& object, Fields& fields) {
+      return stage::call_record(object, member, "A1", fields);
+    };
   };
   const auto remove = [](const Object& object, Fields&) {
-    Value key = "A1";
-    return object.call("Delete", ref(key));
+    return stage::call_record(object, "Delete", "A1");
   };
   const auto add = [&](const char* member, const char* branch, auto prepare,
                        std::optional<stage::Outcome> reported = std::nullopt) {

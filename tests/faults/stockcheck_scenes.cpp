@@ -1,6 +1,7 @@
 #include "tests/faults/scene.h"
 #include "tests/support/outcome.h"
 #include "tests/support/queries.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra::faults {
 namespace {
@@ -13,22 +14,21 @@ using automation::Value;
 using stage::Fields;
 using stage::Stage;
 
-Value call_head(const Object& object, const char* member, Fields& fields) {
-  Value key = "S1";
-  return object.call(member, ref(key), ref(fields.names), ref(fields.values));
+auto with_head(const char* member) {
+  return [member](const Object& object, Fields& fields) {
+    return stage::call_record(object, member, "S1", fields);
+  };
 }
 
 auto update_head(const char* tag) {
   return [tag](const Object& object, Fields& fields) {
-    Value operation = tag;
-    return object.call("Update", "S1", ref(fields.names), ref(fields.values), ref(operation));
+    return stage::call_record(object, "Update", "S1", fields, tag);
   };
 }
 
 auto with_line(const char* member) {
   return [member](const Object& object, Fields& fields) {
-    Value check = "S1", part = "P1";
-    return object.call(member, ref(check), ref(part), ref(fields.names), ref(fields.values));
+    return stage::call_record(object, member, "S1", "P1", fields);
   };
 }
 
@@ -61,21 +61,19 @@ void counted_sheet(Stage& stage) {
 }
 
 void add_head(std::vector<Scene>& scenes) {
-  const auto read = [](const Object& object, Fields& fields) { return call_head(object, "Read", fields); };
-  const auto insert = [](const Object& object, Fields& fields) {
-    return call_head(object, "Insert", fields);
+  const auto remove = [](const Object& object, Fields&) {
+    return stage::call_record(object, "Delete", "S1");
   };
-  const auto remove = [](const Object& object, Fields&) { return object.call("Delete", "S1"); };
   static const std::string row_query = "Select STKCHECKHD.* From STKCHECKHD Where STKCHECKHD.CHECKNO='S1'";
   const auto found = [](Stage& stage) { stage.finds(row_query, {{"CHECKNO", "NOTES"}, {{"S1", Null{}}}}); };
-  scenes.push_back({"CCheckHead", "Read", "found", found, read});
-  scenes.push_back(
-      {"CCheckHead", "Read", "missing", [](Stage& stage) { stage.finds_nothing(row_query); }, read});
+  scenes.push_back({"CCheckHead", "Read", "found", found, with_head("Read")});
+  scenes.push_back({"CCheckHead", "Read", "missing", [](Stage& stage) { stage.finds_nothing(row_query); },
+                    with_head("Read")});
   scenes.push_back({"CCheckHead", "Insert", "",
                     [](Stage& stage) {
                       stage.set("CanInsert", 1).finds_nothing("Select * From STKCHECKHD where CHECKNO='S1'");
                     },
-                    insert});
+                    with_head("Insert")});
   scenes.push_back({"CCheckHead", "Delete", "", [](Stage& stage) { stage.set("CanDelete", 1); }, remove});
   scenes.push_back(
       {"CCheckHead", "Delete", "owner", [](Stage& stage) { own_header(stage, "CHECKNO"); }, remove});
@@ -97,8 +95,7 @@ void add_head(std::vector<Scene>& scenes) {
 
 void add_detail(std::vector<Scene>& scenes) {
   const auto remove = [](const Object& object, Fields&) {
-    Value check = "S1", part = "P1";
-    return object.call("Delete", ref(check), ref(part));
+    return stage::call_record(object, "Delete", "S1", "P1");
   };
   static const std::string row_query =
       "Select STKCHECKDT.*,PARTS.PARTNM,PARTS.COLORNO,PARTS.COLORNM,PARTS.UNITNM From STKCHECKDT INNER JOIN "

@@ -1,5 +1,7 @@
 #include "tests/behaviour/close/closing_company.h"
 
+#include "tests/support/record_methods.h"
+
 namespace tallyra::behaviour {
 namespace {
 
@@ -51,21 +53,16 @@ ClosingCompany::ClosingCompany(const std::string& system_database, int lock_wait
 
 Outcome ClosingCompany::close(const char* date, const char* user) const {
   Fields fields{{"CLOSEDT", date}, {"STATUSSN", 0}};
-  const Object object = client("CStockClose", user);
-  return stage::outcome_of(object, object.call("Insert", date, ref(fields.names), ref(fields.values)));
+  return stage::play_record(client("CStockClose", user), "Insert", date, fields);
 }
 
 Outcome ClosingCompany::approve(const char* date) const {
   Fields fields{{"STATUSSN", 1}};
-  Value tag = "APPROVED";
-  const Object object = client("CStockClose");
-  return stage::outcome_of(object,
-                           object.call("Update", date, ref(fields.names), ref(fields.values), ref(tag)));
+  return stage::play_record(client("CStockClose"), "Update", date, fields, "APPROVED");
 }
 
 Outcome ClosingCompany::remove(const char* date) const {
-  const Object object = client("CStockClose");
-  return stage::outcome_of(object, object.call("Delete", date));
+  return stage::play_record(client("CStockClose"), "Delete", date);
 }
 
 std::string ClosingCompany::department_lines(const std::string& day) const {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/company_database.h"
+#include "tests/support/record_methods.h"
 
 // Costing settings on a real database.
 namespace tallyra::behaviour {
@@ -16,13 +17,10 @@ using stage::Outcome;
 class PartCostSetOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome play(const char* member, std::int32_t type, Fields& fields, const char* user = "ADMIN") {
-    const Object settings = company.client("CPartCostSet", user);
-    return stage::outcome_of(settings, settings.call(member, type, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CPartCostSet", user), member, type, fields);
   }
   Outcome update(std::int32_t type, Fields& fields, Value tag, const char* user) {
-    const Object settings = company.client("CPartCostSet", user);
-    return stage::outcome_of(settings,
-                             settings.call("Update", type, ref(fields.names), ref(fields.values), ref(tag)));
+    return stage::play_record(company.client("CPartCostSet", user), "Update", type, fields, tag);
   }
   std::string stored() { return company.rows("SELECT MTYPESN,MTYPENM,STATUSSN FROM PARTCOSTSET ORDER BY 1"); }
 

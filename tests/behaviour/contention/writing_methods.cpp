@@ -1,6 +1,7 @@
 #include "tests/behaviour/contention/writing_methods.h"
 
 #include "tests/support/document_methods.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra::behaviour {
 namespace {
@@ -18,31 +19,22 @@ const Value day = *automation::parse_date("2024/03/07 12:00:00");
 // The classes whose methods take a key and the collections.
 Outcome write(const Company& company, const char* class_name, const char* method, const Value& key,
               Fields fields) {
-  const Object object = company.client(class_name);
-  return stage::outcome_of(object, object.call(method, key, ref(fields.names), ref(fields.values)));
+  return stage::play_record(company.client(class_name), method, key, fields);
 }
 Outcome write(const Company& company, const char* class_name, const char* method, const Value& key,
               Fields fields, Value tag) {
-  const Object object = company.client(class_name);
-  return stage::outcome_of(object, object.call(method, key, ref(fields.names), ref(fields.values), ref(tag)));
+  return stage::play_record(company.client(class_name), method, key, fields, std::move(tag));
 }
 Outcome remove(const Company& company, const char* class_name, const Value& key) {
-  const Object object = company.client(class_name);
-  return stage::outcome_of(object, object.call("Delete", key));
+  return stage::play_record(company.client(class_name), "Delete", key);
 }
 
 Outcome write_counted(const Company& company, const char* method, Value part) {
   Fields fields{{"CHECKNO", "S1"}, {"PARTNO", part}, {"QTY", 9}, {"ADDDT", day}};
-  Value check = "S1";
-  const Object object = company.client("CCheckDetail");
-  return stage::outcome_of(object,
-                           object.call(method, ref(check), ref(part), ref(fields.names), ref(fields.values)));
+  return stage::play_record(company.client("CCheckDetail"), method, "S1", std::move(part), fields);
 }
 Outcome remove_counted(const Company& company) {
-  Value check = "S1";
-  Value part = "frame";
-  const Object object = company.client("CCheckDetail");
-  return stage::outcome_of(object, object.call("Delete", ref(check), ref(part)));
+  return stage::play_record(company.client("CCheckDetail"), "Delete", "S1", "frame");
 }
 
 Outcome write_document_line(const Company& company, const char* method, int number) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "tests/behaviour/close/closing_company.h"
+#include "tests/support/record_methods.h"
 
 // What is left to a key that a client does not check: every table can be read, and every row of the table
 // that the method writes to can be written.
@@ -24,18 +25,14 @@ class KeyReach : public testing::TestWithParam<const char*> {
   }
 
   Outcome read(const std::string& key, Fields& fields, const char* user) const {
-    Value number = key;
-    const Object object = company.client("CRevAddr", user);
-    return stage::outcome_of(object, object.call("Read", ref(number), ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CRevAddr", user), "Read", key, fields);
   }
   Outcome update(const std::string& key, Fields fields = {{"ADDRNM", "mine"}},
                  const char* user = "CLERK") const {
-    const Object object = company.client("CRevAddr", user);
-    return stage::outcome_of(object, object.call("Update", key, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CRevAddr", user), "Update", key, fields);
   }
   Outcome remove(const std::string& key, const char* user = "CLERK") const {
-    const Object object = company.client("CRevAddr", user);
-    return stage::outcome_of(object, object.call("Delete", key));
+    return stage::play_record(company.client("CRevAddr", user), "Delete", key);
   }
 
   std::string addresses() const { return company.rows("SELECT ADDRNO,ADDRNM FROM REVADDR ORDER BY 1"); }

@@ -2,6 +2,7 @@
 
 #include "automation/convert.h"
 #include "tests/support/company_database.h"
+#include "tests/support/record_methods.h"
 
 // Receiving addresses and stock controllers on a real database.
 namespace tallyra::behaviour {
@@ -27,12 +28,10 @@ struct KeyRecord {
 class KeyRecordOnEachEngine : public testing::TestWithParam<KeyRecord> {
  protected:
   Outcome play(const char* method, const char* key, Fields& fields, const char* user = "ADMIN") {
-    const Object object = company.client(GetParam().class_name, user);
-    return stage::outcome_of(object, object.call(method, key, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client(GetParam().class_name, user), method, key, fields);
   }
   Outcome remove(const char* key, const char* user = "ADMIN") {
-    const Object object = company.client(GetParam().class_name, user);
-    return stage::outcome_of(object, object.call("Delete", key));
+    return stage::play_record(company.client(GetParam().class_name, user), "Delete", key);
   }
   std::string stored() {
     return company.rows(std::string("SELECT ") + GetParam().key + "," + GetParam().name +

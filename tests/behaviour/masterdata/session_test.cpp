@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/company_database.h"
+#include "tests/support/record_methods.h"
 
 // What a client has to know of its session: whose rights count, and what the error fields tell.
 namespace tallyra::behaviour {
@@ -20,7 +21,7 @@ class SharedThread : public testing::Test {
     company.run({"INSERT INTO REVADDR(ADDRNO,ADDBY) VALUES('A1','OTHER'),('A2','OTHER'),('A3','OTHER')"});
   }
   static Outcome remove(const Object& object, const char* address) {
-    return stage::outcome_of(object, object.call("Delete", address));
+    return stage::play_record(object, "Delete", address);
   }
   CompanyDatabase company;
 };

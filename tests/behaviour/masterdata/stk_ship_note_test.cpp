@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/company_database.h"
+#include "tests/support/record_methods.h"
 
 // Shipping notes on a real database.
 namespace tallyra::behaviour {
@@ -15,12 +16,10 @@ using stage::Outcome;
 class ShipNoteOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome play(const char* member, const char* number, Fields& fields, const char* user = "ADMIN") {
-    const Object note = company.client("CStkShipNote", user);
-    return stage::outcome_of(note, note.call(member, number, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CStkShipNote", user), member, number, fields);
   }
   Outcome remove(const char* number, const char* user = "ADMIN") {
-    const Object note = company.client("CStkShipNote", user);
-    return stage::outcome_of(note, note.call("Delete", number));
+    return stage::play_record(company.client("CStkShipNote", user), "Delete", number);
   }
   std::string stored() {
     return company.rows("SELECT TRANNO,TRANTYPE,NOTES,ADDBY FROM STKSHIPNOTE ORDER BY 1");

@@ -4,6 +4,7 @@
 
 #include "tests/behaviour/stockcheck/counting_company.h"
 #include "tests/support/data_source.h"
+#include "tests/support/record_methods.h"
 
 // Approvals of stocktakings over connection strings that name neither the driver nor the database: the
 // posting gets its number while the approval is writing the database.
@@ -53,11 +54,9 @@ class CheckPostingSource : public testing::TestWithParam<std::tuple<const char*,
 
   stage::Outcome approve(const char* number) {
     Fields fields{{"STATUS", "APPROVED"}, {"STATUSSN", 1}};
-    Value operation = "APPROVED";
     const Object head = company.client("CCheckHead");
     head.put("ConnectionString", connection_string);
-    return stage::outcome_of(
-        head, head.call("Update", number, ref(fields.names), ref(fields.values), ref(operation)));
+    return stage::play_record(head, "Update", number, fields, "APPROVED");
   }
 };
 

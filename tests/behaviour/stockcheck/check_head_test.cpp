@@ -3,6 +3,7 @@
 #include "automation/convert.h"
 #include "automation/error.h"
 #include "tests/behaviour/stockcheck/counting_company.h"
+#include "tests/support/record_methods.h"
 
 // Headers and lines of stocktakings on a real database, from the counted sheet to its deletion.
 namespace tallyra::behaviour {
@@ -20,22 +21,17 @@ using stage::Outcome;
 class CheckRecordOnEachEngine : public testing::TestWithParam<const char*> {
  protected:
   Outcome head(const char* member, const char* number, Fields& fields, const char* user = "ADMIN") {
-    const Object object = company.client("CCheckHead", user);
-    return stage::outcome_of(object, object.call(member, number, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CCheckHead", user), member, number, fields);
   }
   Outcome line(const char* member, const char* number, const char* part, Fields& fields,
                const char* user = "ADMIN") {
-    const Object object = company.client("CCheckDetail", user);
-    return stage::outcome_of(object,
-                             object.call(member, number, part, ref(fields.names), ref(fields.values)));
+    return stage::play_record(company.client("CCheckDetail", user), member, number, part, fields);
   }
   Outcome remove_head(const char* number, const char* user = "ADMIN") {
-    const Object object = company.client("CCheckHead", user);
-    return stage::outcome_of(object, object.call("Delete", number));
+    return stage::play_record(company.client("CCheckHead", user), "Delete", number);
   }
   Outcome remove_line(const char* number, const char* part, const char* user = "ADMIN") {
-    const Object object = company.client("CCheckDetail", user);
-    return stage::outcome_of(object, object.call("Delete", number, part));
+    return stage::play_record(company.client("CCheckDetail", user), "Delete", number, part);
   }
   static Fields sheet(const char* number, const char* user = "ADMIN") {
     return {{"CHECKNO", number}, {"CHECKDT", Date{45382}}, {"DEPTNO", "10"}, {"ADDBY", user}};

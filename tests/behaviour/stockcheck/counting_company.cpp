@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/record_methods.h"
+
 namespace tallyra::behaviour {
 namespace {
 
@@ -51,10 +53,7 @@ void CountingCompany::counted(const std::string& number, const std::string& part
 
 stage::Outcome CountingCompany::update(const char* number, const char* tag, const char* user) const {
   Fields fields{{"STATUS", tag}, {"STATUSSN", std::string_view(tag) == "APPROVED" ? 1 : 0}};
-  Value operation = tag;
-  const Object head = client("CCheckHead", user);
-  return stage::outcome_of(
-      head, head.call("Update", number, ref(fields.names), ref(fields.values), ref(operation)));
+  return stage::play_record(client("CCheckHead", user), "Update", number, fields, tag);
 }
 
 std::string CountingCompany::posted_lines() const {

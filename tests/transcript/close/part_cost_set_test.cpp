@@ -4,6 +4,7 @@
 
 #include "tests/support/fields.h"
 #include "tests/support/outcome.h"
+#include "tests/support/record_methods.h"
 #include "tests/support/stage.h"
 
 // The costing settings of material types: keys that are numbers, and tags that mean nothing more than a
@@ -36,9 +37,8 @@ class PartCostSet : public testing::TestWithParam<const char*> {
  protected:
   Outcome play(const char* member, const Value& number = 7) {
     const Object settings = stage.client("CPartCostSet");
-    Value key = number;
-    if (std::string_view(member) == "Delete") return outcome_of(settings, settings.call(member, key));
-    return outcome_of(settings, settings.call(member, ref(key), ref(fields.names), ref(fields.values)));
+    if (std::string_view(member) == "Delete") return stage::play_record(settings, member, number);
+    return stage::play_record(settings, member, number, fields);
   }
 
   Stage stage{GetParam()};
@@ -57,11 +57,7 @@ TEST_P(PartCostSet, EveryTagIsTheSameStatement) {
   for (const auto& [tag, right] : rows) {
     Stage each(GetParam());
     each.set(right, 1);
-    const Object settings = each.client("CPartCostSet");
-    Value operation = tag;
-    EXPECT_EQ(outcome_of(settings,
-                         settings.call("Update", 7, ref(fields.names), ref(fields.values), ref(operation))),
-              done)
+    EXPECT_EQ(stage::play_record(each.client("CPartCostSet"), "Update", 7, fields, tag), done)
         << stage::shown(tag);
     EXPECT_EQ(each.database_calls(), update_calls) << stage::shown(tag);
   }

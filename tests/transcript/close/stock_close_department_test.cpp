@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/queries.h"
+#include "tests/support/record_methods.h"
 #include "tests/transcript/close/stock_close_script.h"
 
 // The close document of one department.
@@ -21,9 +22,8 @@ class DepartmentClose : public testing::Test {
     company.stage.clear();
   }
   stage::Outcome close(const char* number) {
-    Value id = "K001", date = "#2024/03/31#", department = number;
     return stage::outcome_of(company.client,
-                             company.client.call("STKMonthCloseDept", ref(id), ref(date), ref(department)));
+                             stage::close_department(company.client, "K001", "#2024/03/31#", number));
   }
 
   MonthCloseStage company;
@@ -69,8 +69,7 @@ class DepartmentCloseAlone : public testing::Test {
     stage::no_movements(stage, number, "", "#2024/03/31#");
     stage.finds(stage::department_out(number, "", "#2024/03/31#"), {{"PARTNO", "QTY"}, std::move(rows)});
     const auto client = stage.client("CStockClose");
-    Value id = "K9", date = "#2024/03/31#", department = number;
-    return stage::outcome_of(client, client.call("STKMonthCloseDept", ref(id), ref(date), ref(department)));
+    return stage::outcome_of(client, stage::close_department(client, "K9", "#2024/03/31#", number));
   }
 
   stage::Stage stage;

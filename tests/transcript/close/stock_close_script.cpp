@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tests/support/queries.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra {
 
@@ -45,7 +46,7 @@ void MonthCloseStage::knows_period(const std::string& after, const std::string& 
 }
 
 stage::Outcome MonthCloseStage::close(const Value& date) {
-  return stage::outcome_of(client, client.call("Insert", date, ref(fields.names), ref(fields.values)));
+  return stage::play_record(client, "Insert", date, fields);
 }
 
 std::string MonthCloseStage::way_out() const {

@@ -2,6 +2,7 @@
 
 #include "tests/support/fields.h"
 #include "tests/support/outcome.h"
+#include "tests/support/record_methods.h"
 #include "tests/support/stage.h"
 
 // Reading, changing and deleting the record of a month close, as far as it is not told of all record classes
@@ -40,19 +41,12 @@ class CloseRecordTest : public testing::TestWithParam<Kind> {
   Outcome read(const char* date) {
     stage.finds_nothing(
         text("Select STKCLOSEHD.* From STKCLOSEHD Where STKCLOSEHD.CLOSEDT=`" + std::string(date) + "`"));
-    const Object object = client();
-    return outcome_of(object, object.call("Read", date, ref(fields.names), ref(fields.values)));
+    return stage::play_record(client(), "Read", date, fields);
   }
   Outcome update(const char* date, const char* tag) {
-    const Object object = client();
-    Value operation = tag;
-    return outcome_of(object,
-                      object.call("Update", date, ref(fields.names), ref(fields.values), ref(operation)));
+    return stage::play_record(client(), "Update", date, fields, tag);
   }
-  Outcome remove(const Value& date) {
-    const Object object = client();
-    return outcome_of(object, object.call("Delete", date));
-  }
+  Outcome remove(const Value& date) { return stage::play_record(client(), "Delete", date); }
 
   Stage stage{GetParam().system_database};
   Fields fields{{"STATUSSN", 1}};

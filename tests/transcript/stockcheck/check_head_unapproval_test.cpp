@@ -1,3 +1,4 @@
+#include "tests/support/record_methods.h"
 #include "tests/transcript/stockcheck/check_script.h"
 
 // What the un-approval of a stocktaking does beside the update of its header.
@@ -7,9 +8,7 @@ namespace {
 class CheckHeadUnapproval : public CheckStage {
  protected:
   Outcome unapprove() {
-    const Object head = stage.client("CCheckHead");
-    Value tag = "UNAPPROVED";
-    return outcome_of(head, head.call("Update", "S1", ref(fields.names), ref(fields.values), ref(tag)));
+    return stage::play_record(stage.client("CCheckHead"), "Update", "S1", fields, "UNAPPROVED");
   }
 };
 TALLYRA_ON_EVERY_KIND(CheckHeadUnapproval);

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "tests/support/queries.h"
+#include "tests/support/record_methods.h"
 
 namespace tallyra::stockcheck_test {
 
@@ -35,9 +36,7 @@ StocktakingStage& StocktakingStage::moved(const std::string& part, Value out, Va
 }
 
 stage::Outcome StocktakingStage::approve() {
-  Value tag = "APPROVED";
-  return stage::outcome_of(client,
-                           client.call("Update", "S1", ref(fields.names), ref(fields.values), ref(tag)));
+  return stage::play_record(client, "Update", "S1", fields, "APPROVED");
 }
 
 std::string StocktakingStage::close_query(const std::string& check_date) const {
