@@ -6,6 +6,7 @@
 #include "standins/ado/sqlite/prepared_forms.h"
 #include "standins/ado/sqlite/sqlite_database.h"
 #include "standins/ado/sqlite/sqlite_date_columns.h"
+#include "tests/support/recorded_statements.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 // What the component sends is found by the same way whether its values are in the text or apart.
@@ -44,17 +45,14 @@ TEST_F(PlansTest, OfAFormAreThoseOfItsTexts) {
   std::vector<dialect::LiteralUse> uses;
   int compared = 0;
   int with_values_apart = 0;
-  for (const auto& file : std::filesystem::directory_iterator(TALLYRA_STATEMENTS)) {
-    std::ifstream lines(file.path());
-    for (std::string sql; std::getline(lines, sql);) {
-      if (!scan_literals(sql, form)) continue;
-      const std::string apart(dialect.rewrite_form(sql, form.literals, uses));
-      const std::string whole(dialect.rewrite(sql));
-      const Plan expected = plan(whole);
-      EXPECT_EQ(plan(apart), expected) << sql;
-      compared += !expected.empty();
-      with_values_apart += apart != whole;
-    }
+  for (const auto& [class_name, kind, sql] : stage::recorded_statements()) {
+    if (!scan_literals(sql, form)) continue;
+    const std::string apart(dialect.rewrite_form(sql, form.literals, uses));
+    const std::string whole(dialect.rewrite(sql));
+    const Plan expected = plan(whole);
+    EXPECT_EQ(plan(apart), expected) << sql;
+    compared += !expected.empty();
+    with_values_apart += apart != whole;
   }
   EXPECT_GT(compared, 100);
   EXPECT_GT(with_values_apart, 100);
