@@ -17,7 +17,7 @@ using automation::Value;
 constexpr const char* check = "CK24020001";
 
 // The posting has committed by itself, so the second commit of the approval is an error: its success shows in
-// the adjustments that it has stored.
+// the lines of the posting that it has stored.
 constexpr double no_transaction = -2147168242;
 
 void approve(const std::string& connection_string) {

@@ -48,7 +48,7 @@ class Production {
   Insert details_;
   int last_number_ = 0;
   std::map<int, std::deque<Order>> running_;  // by department, oldest first
-  EarlierDocuments issues_;
+  Returnables issues_;
 };
 
 }  // namespace tallyra::samples::company

@@ -46,8 +46,8 @@ class Purchasing {
   Insert lines_;
   int last_number_ = 0;
   std::map<int, std::vector<Order>> open_orders_;  // by department
-  EarlierDocuments receipts_;
-  EarlierDocuments returns_;
+  Returnables receipts_;
+  Returnables returns_;
 };
 
 }  // namespace tallyra::samples::company

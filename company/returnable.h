@@ -12,7 +12,7 @@ namespace tallyra::samples::company {
 
 // A document that a later one can refer to: a receipt that is partly sent back, an issue that is partly
 // returned.
-struct Earlier {
+struct Returnable {
   std::string reference;  // what the later document's lines refer to
   int department;
   std::string partner;
@@ -21,9 +21,9 @@ struct Earlier {
 };
 
 // The latest such documents of one kind; older ones are forgotten.
-class EarlierDocuments {
+class Returnables {
  public:
-  void add(Earlier document) {
+  void add(Returnable document) {
     if (documents_.size() < capacity) {
       documents_.push_back(std::move(document));
     } else {
@@ -32,17 +32,17 @@ class EarlierDocuments {
   }
 
   // Any one of them, which is then gone, so that no document is taken back twice.
-  std::optional<Earlier> take(Random& random) {
+  std::optional<Returnable> take(Random& random) {
     if (documents_.empty()) return std::nullopt;
     std::swap(random.pick(documents_), documents_.back());
-    Earlier taken = std::move(documents_.back());
+    Returnable taken = std::move(documents_.back());
     documents_.pop_back();
     return taken;
   }
 
  private:
   static constexpr std::size_t capacity = 256;
-  std::vector<Earlier> documents_;
+  std::vector<Returnable> documents_;
   std::size_t oldest_ = 0;
 };
 

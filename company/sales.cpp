@@ -59,7 +59,7 @@ int Sales::issue_material(const Task& task) {
   return write(document, issues_);
 }
 
-int Sales::write(Document& document, EarlierDocuments& written) {
+int Sales::write(Document& document, Returnables& written) {
   if (document.lines.empty()) return 0;
   const std::string order = order_number("SO", document.day, last_number_);
   const std::string at = timestamp(document.day - std::chrono::days{generation_.random.between(1, 15)});
@@ -87,14 +87,14 @@ int Sales::take_material_back(const Task& task) {
   return give_back(issues_, sales_return, task);
 }
 
-int Sales::give_back(EarlierDocuments& from, const DocumentType& type, const Task& task) {
-  const auto earlier = from.take(generation_.random);
-  if (!earlier) return 0;
-  Document document{&type, task.day, earlier->department, -1, earlier->partner, earlier->partner_name, {}};
-  for (const Line& line : earlier->lines) {
+int Sales::give_back(Returnables& from, const DocumentType& type, const Task& task) {
+  const auto returned = from.take(generation_.random);
+  if (!returned) return 0;
+  Document document{&type, task.day, returned->department, -1, returned->partner, returned->partner_name, {}};
+  for (const Line& line : returned->lines) {
     const double quantity = quarter_of(line.quantity);
     if (quantity <= 0 || static_cast<int>(document.lines.size()) == std::min(task.max_lines, 3)) continue;
-    document.lines.push_back({line.part, quantity, line.price, earlier->reference, ""});
+    document.lines.push_back({line.part, quantity, line.price, returned->reference, ""});
   }
   if (document.lines.empty()) return 0;
   generation_.ledger.write(document);

@@ -24,15 +24,15 @@ class Sales {
   int take_material_back(const Task& task);
 
  private:
-  int write(Document& document, EarlierDocuments& written);
-  int give_back(EarlierDocuments& from, const DocumentType& type, const Task& task);
+  int write(Document& document, Returnables& written);
+  int give_back(Returnables& from, const DocumentType& type, const Task& task);
 
   Generation generation_;
   Insert headers_;
   Insert materials_;
   int last_number_ = 0;
-  EarlierDocuments shipments_;
-  EarlierDocuments issues_;
+  Returnables shipments_;
+  Returnables issues_;
 };
 
 }  // namespace tallyra::samples::company

@@ -7,7 +7,7 @@
 
 namespace tallyra::stockcheck {
 
-// Writes the counted differences of a stocktaking as one adjustment document of the counted department: per
+// Writes the counted differences of a stocktaking as one posting, a document of the counted department: per
 // part, counted quantity less what moved after the last close up to the day of the count. Parts without a
 // difference or without a counted quantity get no line; a stocktaking without differences gets no document.
 //

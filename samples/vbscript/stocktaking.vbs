@@ -6,8 +6,8 @@
 '   open DATE DEPARTMENT       enters the header
 '   count PART QUANTITY PRICE  enters a counted line
 '   show                       shows the header and all lines
-'   approve                    posts the differences as an adjustment document, and sees that it has a number
-'   unapprove                  takes the adjustments away
+'   approve                    posts the differences, and sees that the posting has a number
+'   unapprove                  takes the posting away
 ' The script host may hide a failed script, so the last line tells that this one came through.
 Option Explicit
 

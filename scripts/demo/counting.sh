@@ -74,7 +74,7 @@ show_counting() {
   show_sheet $counted_check 12
   lines_when_open=$(query "$(sheet_of $counted_check) SELECT count(*) FROM POSTED")
   approve_stocktaking $counted_check $counted_on
-  check "un-approved it had no adjustments" "$lines_when_open" 0
+  check "un-approved it had no posting" "$lines_when_open" 0
   check_counted_stocktaking
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Stocktakings of the demo: what they are held against, which parts are counted, and what their adjustments have to be.
+# Stocktakings of the demo: what they are held against, which parts are counted, and what their postings have to be.
 # To be sourced.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
@@ -8,7 +8,7 @@ counted_on=2024/02/15
 counted_department=30
 
 # What a stocktaking holds the count against: what moved in the department of HEAD since the last close, as the
-# documents tell it, without the stocktaking's own adjustments.
+# documents tell it, without the stocktaking's own posting.
 book="
   CLOSED AS (SELECT coalesce(max(C.CLOSEDT), '2004-01-01 00:00:00') AS DAY
              FROM HEAD K LEFT JOIN STKCLOSEHD C ON C.CLOSEDT<=K.CHECKDT),
@@ -23,7 +23,7 @@ book="
   BOOK AS (SELECT P.PARTNO, max(0.0, coalesce(O.QTY,0)) + max(0.0, coalesce(I.QTY,0)) AS QTY
            FROM PARTS P LEFT JOIN OUTGOING O ON O.PARTNO=P.PARTNO LEFT JOIN INCOMING I ON I.PARTNO=P.PARTNO)"
 
-# sheet_of CHECK: its lines as SHEET, its adjustments as POSTED.
+# sheet_of CHECK: its lines as SHEET, its posting as POSTED.
 sheet_of() {
   echo "
   WITH HEAD AS (SELECT * FROM STKCHECKHD WHERE CHECKNO='$1'), $book,
@@ -35,7 +35,7 @@ sheet_of() {
 
 # show_sheet CHECK ROWS: parts that differ first.
 show_sheet() {
-  table "$(sheet_of "$1") SELECT S.PARTNO AS part, S.BOOK AS book, S.COUNTED AS counted, A.QTY AS adjustment
+  table "$(sheet_of "$1") SELECT S.PARTNO AS part, S.BOOK AS book, S.COUNTED AS counted, A.QTY AS posting
          FROM SHEET S LEFT JOIN POSTED A ON A.PARTNO=S.PARTNO
          ORDER BY coalesce(S.COUNTED=S.BOOK, 2), S.PARTNO LIMIT $2"
 }
@@ -52,7 +52,7 @@ choose_counts() {
     FROM CHOSEN C JOIN DIFFERENCES D ON D.PLACE=C.PLACE AND D.MOVED=(C.QTY>0) ORDER BY C.PARTNO")
 }
 
-# Approved, its adjustments are the differences and nothing else.
+# Approved, its posting is the differences and nothing else.
 check_posting() {
   local differing
   differing=$(query "$(sheet_of "$1") SELECT count(*) FROM SHEET WHERE COUNTED<>BOOK")

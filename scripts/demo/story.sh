@@ -34,7 +34,7 @@ say "The documents of February that are left"
 show_documents $issue $copy $return
 check_documents
 
-say "A stocktaking of department $counted_department: counted sheet in, adjustment document out"
+say "A stocktaking of department $counted_department: counted sheet in, posting out"
 show_counting
 say "The stocktaking at the end of the month"
 show_large_stocktaking

@@ -96,7 +96,7 @@ Value ask_guard(const Object& object) {
 
 const std::string closed = "raised 0, 0 / 10000112.000000 / text of Msg10000112";
 
-TEST(MemoryGuardSweep, TheHeadOfChecksReportsErrorSevenAndRaisesWhileTheConnectionIsOpen) {
+TEST(MemoryGuardSweep, TheHeadOfStocktakingsReportsErrorSevenAndRaisesWhileTheConnectionIsOpen) {
   expect_outcomes("CCheckHead", ask_guard,
                   {"raised 0, 0 / 7.000000 / Out of memory", "raised 438, 0 / 7.000000 / Out of memory"},
                   closed);

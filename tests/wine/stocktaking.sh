@@ -24,12 +24,12 @@ check "and what the master data tells of the parts" "$(values_of UNITNM)" \
 take_stock approve
 check_counted_stocktaking
 take_stock unapprove
-check "un-approved it has no adjustments" "$(query "$(sheet_of $counted_check) SELECT count(*) FROM POSTED")" 0
-check "and no adjustment document" "$(query "SELECT count(*) FROM STKTRANHD WHERE REFERENCE='$counted_check'")" 0
+check "un-approved it has no posting" "$(query "$(sheet_of $counted_check) SELECT count(*) FROM POSTED")" 0
+check "and no header of one" "$(query "SELECT count(*) FROM STKTRANHD WHERE REFERENCE='$counted_check'")" 0
 # Over a data source, whose name tells neither the engine nor the file.
 printf '[stock]\nDriver=SQLite3\nDatabase=%s\n' "$database" >"$folder/odbc.ini"
 connection="DSN=stock" ODBCINI=$folder/odbc.ini take_stock approve
-check "approved over a data source its adjustment document has a number" \
+check "approved over a data source its posting has a number" \
   "$(query "SELECT count(*) FROM STKTRANHD WHERE REFERENCE='$counted_check' AND TRANNO LIKE 'CHECKISS%'")" 1
 check_counted_stocktaking
 

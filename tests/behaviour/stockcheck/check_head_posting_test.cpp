@@ -65,7 +65,7 @@ TEST_P(CheckPostingOnEachEngine, ASumOfZeroOrLessCountsAsNothing) {
   EXPECT_EQ(company.posted_lines(), "P1|5|1.5\nP2|2|1.5\nP3|2|1.5\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, TheTimeOfDayOfTheCheckCounts) {
+TEST_P(CheckPostingOnEachEngine, TheTimeOfDayOfTheCountCounts) {
   company.check("S1", "2024-03-31", "10");
   company.check("S2", "2024-03-31 12:00:00", "20");
   company.counted("S1", "P1", "10");
@@ -106,7 +106,7 @@ TEST_P(CheckPostingOnEachEngine, LinesComeInTheOrderOfTheirParts) {
   EXPECT_EQ(company.posted_lines(), "P1|1|1.5\nP2|1|1.5\nP4|1|1.5\nP6|1|1.5\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheCheckDate) {
+TEST_P(CheckPostingOnEachEngine, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheDayOfTheCount) {
   company.closed("2024-01-31");
   company.closed("2024-02-29");
   company.closed("2024-04-30");
@@ -123,7 +123,7 @@ TEST_P(CheckPostingOnEachEngine, ThePeriodBeginsAfterTheLastCloseAndEndsOnTheChe
   EXPECT_EQ(company.posted_lines(), "P1|10|1.5\nP2|8|1.5\nP3|7|1.5\nP4|10|1.5\nP5|8|1.5\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, ACloseOnTheCheckDateLeavesNoPeriod) {
+TEST_P(CheckPostingOnEachEngine, ACloseOnTheDayOfTheCountLeavesNoPeriod) {
   company.closed("2024-03-31");
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "10");
@@ -156,7 +156,7 @@ TEST_P(CheckPostingOnEachEngine, EveryTypeAndStatusCountsThatLeavesTheDepartment
   EXPECT_EQ(company.posted_lines(), "P1|4|1.5\nP2|6|1.5\nP3|10|1.5\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, ACheckAfterACloseCountsTheCloseDocument) {
+TEST_P(CheckPostingOnEachEngine, AStocktakingAfterACloseCountsTheCloseDocument) {
   company.moves("T1", "STK010POREV", "2024-02-10", "10", "", "P1", "8");
   company.moves("T2", "STK024MRPL", "2024-02-20", "20", "10", "P1", "1");
   Fields record{{"CLOSEDT", "2024/02/29"}, {"STATUSSN", 0}};
@@ -213,14 +213,14 @@ TEST_P(CheckPostingOnEachEngine, ASecondApprovalPostsWhatRoundingHasLeft) {
   EXPECT_EQ(company.rows("SELECT Count(*) FROM STKTRANDT WHERE SN=0 AND Abs(QTY)<1e-15 AND QTY<>0"), "1\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, ACheckWithoutLinesSucceedsAndPostsNothing) {
+TEST_P(CheckPostingOnEachEngine, AStocktakingWithoutLinesSucceedsAndPostsNothing) {
   company.check("S1", "2024-03-31", "10");
   EXPECT_EQ(company.approve("S1"), done);
   EXPECT_EQ(company.postings(), "0|0");
   EXPECT_EQ(company.rows("SELECT STATUSSN FROM STKCHECKHD"), "1\n");
 }
 
-TEST_P(CheckPostingOnEachEngine, ACheckOfAnUnknownDepartmentHasNoLines) {
+TEST_P(CheckPostingOnEachEngine, AStocktakingOfAnUnknownDepartmentHasNoLines) {
   company.check("S1", "2024-03-31", "99");
   company.counted("S1", "P1", "5");
   EXPECT_EQ(company.approve("S1"), done);
@@ -284,7 +284,7 @@ TEST_P(CheckPostingOnEachEngine, AnErrorWhileItIsTakenBackLeavesThePosting) {
   EXPECT_EQ(company.everything(), before) << "its lines and the status of the check too";
 }
 
-TEST_P(CheckPostingOnEachEngine, DeletingAnApprovedCheckLeavesItsPosting) {
+TEST_P(CheckPostingOnEachEngine, DeletingAnApprovedStocktakingLeavesItsPosting) {
   company.check("S1", "2024-03-31", "10");
   company.counted("S1", "P1", "5");
   expect_posted(company.approve("S1"));

@@ -39,7 +39,7 @@ class CountingCompany : public CompanyDatabase {
   automation::ScopedClock clock_{[] { return *automation::parse_date("2024/04/05 14:05:09"); }};
 };
 
-// The approval of a check with lines stores everything and reports that the second commit found no
+// The approval of a stocktaking with lines stores everything and reports that the second commit found no
 // transaction.
 void expect_posted(const stage::Outcome& outcome);
 

@@ -138,7 +138,7 @@ TEST(CheckPosting, TheHeaderNamesTheDepartmentOfTheFirstLineThatDiffers) {
   EXPECT_EQ(check.count(line), 2);
 }
 
-TEST(CheckPosting, ACheckWithoutDifferencesGetsNoDocumentAndIsCommittedTwiceAllTheSame) {
+TEST(CheckPosting, AStocktakingWithoutDifferencesGetsNoDocumentAndIsCommittedTwiceAllTheSame) {
   StocktakingStage check;
   check.sheet({{"A", 3.0}}).moved("A", 3.0, Null{});
   EXPECT_EQ(check.approve(), posted);
@@ -155,7 +155,7 @@ TEST(CheckPosting, WhereTheSecondCommitIsNoErrorTheApprovalSucceeds) {
   EXPECT_TRUE(check.stage.database_calls().ends_with(" | -1\nC1.CommitTrans\nC1.CommitTrans\nC1.Close\n"));
 }
 
-TEST(CheckPosting, ACheckWithoutLinesIsCommittedOnceAndSucceeds) {
+TEST(CheckPosting, AStocktakingWithoutLinesIsCommittedOnceAndSucceeds) {
   StocktakingStage check;
   check.stage.finds_nothing(stage::counted_lines);
   EXPECT_EQ(check.approve(), done);
@@ -185,7 +185,7 @@ TEST(CheckPosting, WithoutACloseThePeriodBeginsAfterTheFixedDay) {
   }
 }
 
-TEST(CheckPosting, TimesOfDayOfCheckAndCloseAreKept) {
+TEST(CheckPosting, TimesOfDayOfCountAndCloseAreKept) {
   StocktakingStage check;
   check.period_begin = "2024/02/29 18:30:00";
   check.period_end = "2024/03/31 12:00:00";
@@ -197,7 +197,7 @@ TEST(CheckPosting, TimesOfDayOfCheckAndCloseAreKept) {
   EXPECT_TRUE(check.after(header).starts_with("'K001','STKCHECKISS','S1',#2024/03/31 12:00:00#,"));
 }
 
-TEST(CheckPosting, AMissingCheckDateIsAnEmptyLiteral) {
+TEST(CheckPosting, AMissingDayOfTheCountIsAnEmptyLiteral) {
   StocktakingStage check("MSSQLSERVER");
   check.period_begin = "2004/01/01";
   check.period_end = "";

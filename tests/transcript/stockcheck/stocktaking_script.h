@@ -47,7 +47,7 @@ class StocktakingStage {
   automation::Object client;
 };
 
-// The approval of a check with lines: all is stored, and the second commit finds no transaction.
+// The approval of a stocktaking with lines: all is stored, and the second commit finds no transaction.
 inline const stage::Outcome posted = stage::trapped(-2147168242, "No transaction is active.");
 
 }  // namespace tallyra::stockcheck_test

@@ -8,7 +8,7 @@ namespace {
 
 using namespace tallyra::samples::company;
 
-Earlier document(int number) {
+Returnable document(int number) {
   return {std::to_string(number), 0, "", "", {}};
 }
 
@@ -20,7 +20,7 @@ TEST(Returnable, AQuarterIsAWholeNumberWithoutASign) {
 }
 
 TEST(Returnable, ADocumentIsTakenOnce) {
-  EarlierDocuments documents;
+  Returnables documents;
   Random random(3);
   EXPECT_FALSE(documents.take(random));
   for (int number = 0; number < 10; ++number) documents.add(document(number));
@@ -30,7 +30,7 @@ TEST(Returnable, ADocumentIsTakenOnce) {
 }
 
 TEST(Returnable, OlderDocumentsAreForgotten) {
-  EarlierDocuments documents;
+  Returnables documents;
   Random random(3);
   for (int number = 0; number < 300; ++number) documents.add(document(number));
   std::set<int> left;
