@@ -56,9 +56,9 @@ PostgresqlServer::PostgresqlServer(const std::string& parent) : folder_(parent),
 
 void PostgresqlServer::make() {
   give_to_unprivileged_user(folder_.path());
-  run({programs() + "initdb", "-D", data(), "-U", "postgres", "-A", "trust", "-E", "UTF8", "--locale=C.UTF-8",
-       "--no-sync", "--no-instructions"},
-      folder_.file("log"));
+  run_program({programs() + "initdb", "-D", data(), "-U", "postgres", "-A", "trust", "-E", "UTF8",
+               "--locale=C.UTF-8", "--no-sync", "--no-instructions"},
+              folder_.file("log"));
   configure("wal_level=replica\nmax_wal_senders=4\nfull_page_writes=off\nmax_connections=60\n");
   std::ofstream(data() + "/pg_hba.conf") << "host all secured 127.0.0.1/32 scram-sha-256\n"
                                             "local all all trust\nhost all all 127.0.0.1/32 trust\n"
@@ -69,7 +69,8 @@ void PostgresqlServer::make() {
 
 PostgresqlServer::PostgresqlServer(Standby, PostgresqlServer& primary) : port_(free_port()) {
   give_to_unprivileged_user(folder_.path());
-  run({programs() + "pg_basebackup", "-D", data(), "-R", "-X", "stream", "-c", "fast", "--no-sync", "-d",
+  run_program(
+      {programs() + "pg_basebackup", "-D", data(), "-R", "-X", "stream", "-c", "fast", "--no-sync", "-d",
        "host=127.0.0.1 port=" + std::to_string(primary.port()) + " user=postgres application_name=standby"},
       folder_.file("log"));
   configure("hot_standby=on\n");
@@ -111,7 +112,7 @@ bool PostgresqlServer::is_installed() {
 }
 
 void PostgresqlServer::start() {
-  process_ = spawn({programs() + "postgres", "-D", data()}, folder_.file("log"));
+  process_ = start_program({programs() + "postgres", "-D", data()}, folder_.file("log"));
   wait_until_ready();
 }
 

@@ -30,7 +30,7 @@ void give_to_unprivileged_user(const std::string& path) {
     throw std::runtime_error(path + " cannot be given away");
 }
 
-pid_t spawn(const std::vector<std::string>& command, const std::string& log) {
+pid_t start_program(const std::vector<std::string>& command, const std::string& log) {
   std::vector<char*> arguments;
   for (const std::string& part : command) arguments.push_back(const_cast<char*>(part.c_str()));
   arguments.push_back(nullptr);
@@ -55,9 +55,9 @@ std::string log_text(const std::string& log) {
   return {std::istreambuf_iterator<char>(text), {}};
 }
 
-void run(const std::vector<std::string>& command, const std::string& log) {
+void run_program(const std::vector<std::string>& command, const std::string& log) {
   int status = 0;
-  if (::waitpid(spawn(command, log), &status, 0) < 0 || status != 0) {
+  if (::waitpid(start_program(command, log), &status, 0) < 0 || status != 0) {
     throw std::runtime_error(command.front() + ": " + log_text(log));
   }
 }

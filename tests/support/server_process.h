@@ -11,9 +11,9 @@ namespace tallyra::tests {
 
 // Starts the program with its arguments in a process group of its own, so that a whole server can be ended;
 // it is ended with the test that started it. What it prints goes to the log.
-pid_t spawn(const std::vector<std::string>& command, const std::string& log);
+pid_t start_program(const std::vector<std::string>& command, const std::string& log);
 // The same, and waits for its end. Throws with the text of the log when it failed.
-void run(const std::vector<std::string>& command, const std::string& log);
+void run_program(const std::vector<std::string>& command, const std::string& log);
 std::string log_text(const std::string& log);
 
 // Makes a folder the property of whom the processes run as.
