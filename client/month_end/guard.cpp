@@ -6,9 +6,13 @@
 
 namespace tallyra::client {
 
-void require_no_unfinished_close(const Reader& reader) {
-  const auto holder = lock_holder(reader);
-  if (holder && !holder->dead()) throw Refusal(holder->text() + "; wait until it has ended", exit_locked);
+void require_no_unfinished_close(const Reader& reader, bool breaks_lock) {
+  if (const auto holder = lock_holder(reader); holder && !holder->may_be_taken(breaks_lock))
+    throw Refusal(holder->refusal(), exit_locked);
+  require_no_leftovers(reader);
+}
+
+void require_no_leftovers(const Reader& reader) {
   const auto left = leftovers(reader);
   if (left.empty()) return;
   throw Refusal(

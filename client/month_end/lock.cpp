@@ -39,28 +39,32 @@ std::string insert_statement(const LockHolder& holder) {
          literal(holder.process.started) + "," + literal(holder.since) + ")";
 }
 
+// What is read as nothing may be Null in the row, which equals no value.
+std::string is_value(const std::string& column, const std::string& literal, bool nothing) {
+  if (!nothing) return " And " + column + "=" + literal;
+  return " And (" + column + "=" + literal + " Or " + column + " Is Null)";
+}
+
+std::string is_text(const std::string& column, const std::string& text) {
+  return is_value(column, Reader::text_literal(text), text.empty());
+}
+
 // Of that holder alone: whoever has taken over meanwhile keeps his.
 std::string delete_statement(const LockHolder& holder) {
+  const std::int64_t id = holder.process.id;
   return "Delete From TALLYRALOCK Where LOCKKEY=" + Reader::text_literal(key) +
-         " And HOSTNAME=" + Reader::text_literal(holder.host) +
-         " And PROCESSID=" + std::to_string(holder.process.id) +
-         " And PROCESSSTART=" + Reader::text_literal(holder.process.started) +
-         " And SINCE=" + Reader::text_literal(holder.since);
+         is_text("HOSTNAME", holder.host) + is_value("PROCESSID", std::to_string(id), id == 0) +
+         is_text("PROCESSSTART", holder.process.started) + is_text("SINCE", holder.since);
 }
 
 // Takes the lock away from a holder who may lose it; throws Refusal for one who may not.
 void take_from(VerbContext& context, const LockHolder& holder) {
+  if (!holder.may_be_taken(context.has("--break-lock"))) throw Refusal(holder.refusal(), exit_locked);
   if (holder.dead()) {
     context.warn(holder.text() + ", but that process has ended; its lock is taken over");
-  } else if (!holder.on_this_host() && context.has("--break-lock")) {
+  } else {
     context.warn(holder.text() + "; its lock is broken");
     journal(context, {"force", holder.work, "done", "lock broken: " + holder.text()});
-  } else {
-    throw Refusal(
-        holder.text() + (holder.on_this_host()
-                             ? "; wait until it has ended"
-                             : "; if that process has ended for certain, --break-lock takes its lock"),
-        exit_locked);
   }
   context.reader().execute(delete_statement(holder));
 }
@@ -79,8 +83,15 @@ bool try_insert(const Reader& reader, const LockHolder& self, bool last_attempt)
 }  // namespace
 
 std::string LockHolder::text() const {
-  return (owner.empty() ? std::string("somebody") : owner) + " (login " + login + ", host " + host +
-         ", process " + std::to_string(process.id) + ") is at work on " + work + " since " + since;
+  const auto told = [](const std::string& text) { return text.empty() ? std::string("not known") : text; };
+  return (owner.empty() ? std::string("somebody") : owner) + " (login " + told(login) + ", host " +
+         told(host) + ", process " + told(process.id == 0 ? std::string() : std::to_string(process.id)) +
+         ") is at work on " + (work.empty() ? "something" : work) + (since.empty() ? "" : " since " + since);
+}
+
+std::string LockHolder::refusal() const {
+  return text() + (on_this_host() ? "; wait until it has ended"
+                                  : "; if that process has ended for certain, --break-lock takes its lock");
 }
 
 std::optional<LockHolder> lock_holder(const Reader& reader) {

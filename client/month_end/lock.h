@@ -24,8 +24,12 @@ struct LockHolder {
   bool on_this_host() const { return host == host_name(); }
   // Its process is gone. Of another host that cannot be told: then it is taken to be there.
   bool dead() const { return on_this_host() && !is_alive(process); }
+  // By who takes over: of another host only with --break-lock.
+  bool may_be_taken(bool breaks_lock) const { return on_this_host() ? dead() : breaks_lock; }
   // "ANNA (login anna, host store, process 17) is at work on close 2024/01/31 since ...".
   std::string text() const;
+  // The same with what to do, for who has to wait.
+  std::string refusal() const;
 };
 
 // Nothing when nobody is at work, and where there is no such table.

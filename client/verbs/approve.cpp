@@ -61,8 +61,9 @@ ExitStatus run(VerbContext& context) {
   const automation::Date date = date_of(context.argument(0));
   require_close(close_records(context.reader()), date);
   require_unapproved(context.reader(), date);
-  require_no_unfinished_close(context.reader());
+  require_no_unfinished_close(context.reader(), context.has("--break-lock"));
   const CloseLock lock(context, "approve " + day_text(date));
+  require_no_leftovers(context.reader());
   const auto records = close_records(context.reader());
   require_close(records, date);
   require_unapproved(context.reader(), date);

@@ -96,7 +96,7 @@ ExitStatus run(VerbContext& context) {
   const std::string& number = context.argument(0);
   require_check_number(number);
   require_approvable(context, context.reader(), stocktaking_of(context.reader(), number));
-  require_no_unfinished_close(context.reader());
+  require_no_unfinished_close(context.reader(), context.has("--break-lock"));
   if (const std::string complaint = posting_complaint(context.session()); !complaint.empty())
     throw Refusal("nothing was approved: " + complaint);
   const auto asked = counted_parts(context.reader(), stocktaking_of(context.reader(), number));
@@ -104,6 +104,7 @@ ExitStatus run(VerbContext& context) {
     throw Refusal("nothing was done");
 
   const CloseLock lock(context, "count approve " + number);
+  require_no_leftovers(context.reader());
   const Stocktaking stocktaking = stocktaking_of(context.reader(), number);
   require_approvable(context, context.reader(), stocktaking);
   const auto parts = counted_parts(context.reader(), stocktaking);

@@ -34,12 +34,13 @@ ExitStatus run(VerbContext& context) {
   require_check_number(number);
   const Stocktaking asked = stocktaking_of(context.reader(), number);
   require_undoable(context, context.reader(), asked);
-  require_no_unfinished_close(context.reader());
+  require_no_unfinished_close(context.reader(), context.has("--break-lock"));
   if (!context.confirm("Take back the approval of " + number + " and delete its " +
                        std::to_string(asked.postings) + (asked.postings == 1 ? " posting?" : " postings?")))
     throw Refusal("nothing was done");
 
   const CloseLock lock(context, "count undo " + number);
+  require_no_leftovers(context.reader());
   require_undoable(context, context.reader(), stocktaking_of(context.reader(), number));
   const StatusChange change = change_status(context, number, false);
   if (!change.stored || stocktaking_of(context.reader(), number).postings != 0) {

@@ -16,6 +16,7 @@ class LockedCompany : public ClosingClient {
          "VALUES('CLOSE','close 2024/01/31','ANNA','anna','" +
          host + "'," + std::to_string(process.id) + ",'" + process.started + "','2024/03/05 09:00:00')"});
   }
+  std::string locks() const { return company_.rows("SELECT Count(*) FROM TALLYRALOCK"); }
   std::string closes() const { return company_.rows("SELECT Count(*) FROM STKCLOSEHD"); }
 };
 
@@ -46,6 +47,29 @@ TEST_F(LockedCompany, IsTakenFromAnotherHostOnlyByBreakingTheLock) {
   EXPECT_EQ(run({"close", "2024/01/31", "--break-lock"}), exit_done) << client_.all();
   EXPECT_EQ(run({"log", "--csv", "--action", "force"}), exit_done);
   EXPECT_TRUE(says("lock broken: ANNA")) << client_.all();
+}
+
+// A row that another hand has written, or that lacks what its system does not tell.
+TEST_F(LockedCompany, IsTakenFromARowThatDoesNotTellAll) {
+  lock(host_name(), {999999999, ""});
+  sql({"UPDATE TALLYRALOCK SET PROCESSSTART=NULL,SINCE=NULL"});
+  EXPECT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  EXPECT_EQ(locks(), "0\n");
+  sql({"INSERT INTO TALLYRALOCK(LOCKKEY) VALUES('CLOSE')"});
+  EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_locked) << client_.all();
+  EXPECT_TRUE(says("somebody (login not known, host not known, process not known) is at work on something;"))
+      << client_.all();
+  EXPECT_EQ(run({"reopen", "2024/01/31", "--break-lock"}), exit_done) << client_.all();
+  EXPECT_EQ(locks(), "0\n");
+}
+
+// The lock that is broken is no reason to refuse.
+TEST_F(LockedCompany, IsApprovedOnceTheLockOfAnotherHostIsBroken) {
+  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  lock("elsewhere", {17, "1"});
+  EXPECT_EQ(run({"approve", "2024/01/31"}), exit_locked);
+  EXPECT_TRUE(says("--break-lock takes its lock")) << client_.all();
+  EXPECT_EQ(run({"approve", "2024/01/31", "--break-lock"}), exit_done) << client_.all();
 }
 
 }  // namespace
