@@ -8,11 +8,21 @@
 
 namespace tallyra::client {
 
+void require_known_forces(const VerbContext& context, std::span<const std::string_view> known) {
+  for (const std::string& name : context.words().values("--force")) {
+    if (std::ranges::find(known, name) != known.end()) continue;
+    std::string text = "--force '" + name + "': there is nothing of that name to force here";
+    const char* separator = "; there is ";
+    for (const std::string_view word : known) {
+      text.append(separator).append(word);
+      separator = ", ";
+    }
+    throw UsageError(text + did_you_mean(name, known));
+  }
+}
+
 void require_known_forces(const VerbContext& context, std::initializer_list<std::string_view> known) {
-  for (const std::string& name : context.words().values("--force"))
-    if (std::ranges::find(known, name) == known.end())
-      throw UsageError("--force '" + name + "': there is nothing of that name to force here" +
-                       did_you_mean(name, {known.begin(), known.size()}));
+  require_known_forces(context, std::span(known.begin(), known.size()));
 }
 
 bool is_forced(const VerbContext& context, std::string_view name) {

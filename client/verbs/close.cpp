@@ -10,7 +10,7 @@
 #include "client/month_end/interruption.h"
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
-#include "client/suggestion.h"
+#include "client/stocktaking/force.h"
 #include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
@@ -39,16 +39,25 @@ std::string joined(const std::vector<std::string>& names) {
 }
 
 std::vector<std::string> forced_names(const VerbContext& context) {
-  std::vector<std::string> forced = context.words().values("--force");
   std::vector<std::string_view> known;
   for (const Finding* finding : findings())
     if (finding->severity == Severity::error) known.push_back(finding->name);
-  for (const std::string& name : forced)
-    if (std::ranges::find(known, name) == known.end())
-      throw UsageError("--force '" + name + "': there is no such error" + did_you_mean(name, known));
+  require_known_forces(context, known);
+  std::vector<std::string> forced = context.words().values("--force");
   // The lock itself still refuses all but that of another host.
   if (context.has("--break-lock")) forced.emplace_back("another-closer");
   return forced;
+}
+
+// Whether the record is there decides: the answer to the last commit may have been lost.
+bool is_closed(const Reader& reader, automation::Date date) {
+  return find_record(close_records(reader), date) != nullptr;
+}
+
+// The class would refuse it, and the record of the earlier close look like that of this one.
+void require_not_closed(const Reader& reader, automation::Date date) {
+  if (is_closed(reader, date))
+    throw Refusal(day_text(date) + " is closed already, and no date is closed twice: 'reopen' it first");
 }
 
 void refuse(VerbContext& context, automation::Date date, const std::vector<std::string>& errors) {
@@ -64,6 +73,7 @@ CheckResult checked(VerbContext& context, automation::Date date, const std::vect
   CheckResult result = check_close(context.reader(), date);
   context.console().error << check_text(result) << std::flush;
   if (const auto errors = result.errors_beside(forced); !errors.empty()) refuse(context, date, errors);
+  require_not_closed(context.reader(), date);
   return result;
 }
 
@@ -86,11 +96,7 @@ void check_dates_again(VerbContext& context, automation::Date date, const std::v
           std::ranges::find(forced, name) == forced.end())
         errors.emplace_back(name);
   if (!errors.empty()) refuse(context, date, errors);
-}
-
-// Whether the record is there decides: the answer to the last commit may have been lost.
-bool is_closed(const Reader& reader, automation::Date date) {
-  return find_record(close_records(reader), date) != nullptr;
+  require_not_closed(context.reader(), date);
 }
 
 void tell_what_is_left(const VerbContext& context, const Reader& reader, automation::Date date) {
@@ -139,7 +145,9 @@ ExitStatus run(VerbContext& context) {
   context.tell("Closed " + day_text(date) + " in " +
                (tenths.size() > 1 ? tenths.substr(0, tenths.size() - 1) : "0") + "." + tenths.back() +
                " seconds. Look at it with 'verify' and 'report', then 'approve' it.");
-  journal(context, {"close", day_text(date), "done", forced.empty() ? "" : "forced: " + joined(forced)});
+  const auto overridden = result.errors_beside({});
+  journal(context,
+          {"close", day_text(date), "done", overridden.empty() ? "" : "forced: " + joined(overridden)});
   return exit_done;
 }
 

@@ -5,7 +5,7 @@
 #include "client/month_end/period.h"
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
-#include "client/usage_error.h"
+#include "client/stocktaking/force.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
 
@@ -21,10 +21,8 @@ constexpr Option options[] = {
 constexpr std::string_view examples[] = {"reopen 2024/02/29 --db stock.db --user ANNA"};
 
 bool forced(const VerbContext& context) {
-  const auto names = context.words().values("--force");
-  for (const std::string& name : names)
-    if (name != not_latest) throw UsageError("--force '" + name + "': there is only not-latest here");
-  return !names.empty();
+  require_known_forces(context, {not_latest});
+  return is_forced(context, not_latest);
 }
 
 void require_latest(const std::vector<CloseRecord>& records, automation::Date date) {

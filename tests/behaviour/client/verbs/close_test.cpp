@@ -20,10 +20,22 @@ TEST_F(ClosingClient, RefusesErrorsUnlessTheyAreForced) {
   EXPECT_TRUE(says("2024/01/30 is not closed, because of: not-month-end.")) << client_.all();
   EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKCLOSEHD"), "0\n");
   EXPECT_EQ(run({"close", "2024/01/30", "--force", "not-month-ent"}), exit_wrong_usage);
+  EXPECT_TRUE(says("; there is not-month-end, in-future, ")) << client_.all();
   EXPECT_TRUE(says("did you mean 'not-month-end'?"));
+  EXPECT_EQ(run({"close", "2024/01/30", "--force", "no-cost"}), exit_wrong_usage)
+      << "a warning is not forced";
   EXPECT_EQ(run({"close", "2024/01/30", "--force", "not-month-end"}), exit_done) << client_.all();
   EXPECT_EQ(run({"log", "--csv"}), exit_done);
   EXPECT_TRUE(says("close,2024/01/30,done,forced: not-month-end,ADMIN,")) << client_.all();
+}
+
+// The class refuses it, and the record of the first close is none of the second.
+TEST_F(ClosingClient, DoesNotTakeAnEarlierCloseForItsOwn) {
+  close_and_approve("2024/01/31");
+  const std::string before = company_.everything();
+  EXPECT_EQ(run({"close", "2024/01/31", "--force", "before-a-close"}), exit_failed) << client_.all();
+  EXPECT_TRUE(says("2024/01/31 is closed already, and no date is closed twice")) << client_.all();
+  EXPECT_EQ(company_.everything(), before);
 }
 
 TEST_F(ClosingClient, AsksAPersonAndRefusesWithoutOne) {

@@ -15,6 +15,7 @@ TEST_F(ClosingClient, ReopensTheLatestCloseAlone) {
   EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKCLOSEHD"), "1\n");
   EXPECT_EQ(company_.department_lines("2024-03-01"), "");
   EXPECT_EQ(run({"reopen", "2024/01/31", "--force", "latest"}), exit_wrong_usage);
+  EXPECT_TRUE(says("there is not-latest")) << client_.all();
 }
 
 }  // namespace
