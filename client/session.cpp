@@ -1,6 +1,5 @@
 #include "client/session.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -11,19 +10,10 @@
 #include "client/file_path.h"
 #include "client/platform/database_path.h"
 #include "client/usage_error.h"
+#include "company/database_place.h"
 
 namespace tallyra::client {
 namespace {
-
-bool is_keyword_part(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ' || c == '_';
-}
-
-bool is_connection_string(std::string_view text) {
-  const std::size_t equals = text.find('=');
-  return equals != std::string_view::npos && equals != 0 &&
-         std::ranges::all_of(text.substr(0, equals), is_keyword_part);
-}
 
 // Throws UsageError when what is named is no file that can be read.
 void require_file(const std::string& path, const std::string& named_as, MissingFile missing) {
@@ -35,7 +25,7 @@ void require_file(const std::string& path, const std::string& named_as, MissingF
   if (!std::filesystem::exists(file, error))
     throw UsageError(named_as +
                      ": no such file; give the path of an SQLite file or a connection string such as "
-                     "'DRIVER={SQLite3};Database=stock.db'");
+                     "'DRIVER={SQLite3};Database=stock.db'; 'init' makes a new database");
   if (!std::ifstream(file)) throw UsageError(named_as + ": the file cannot be read");
 }
 
@@ -43,7 +33,7 @@ void require_file(const std::string& path, const std::string& named_as, MissingF
 
 std::string connection_string_for(std::string_view db, std::string_view origin, MissingFile missing) {
   const std::string named_as = std::string(origin) + " '" + shown_connection(db) + "'";
-  if (is_connection_string(db)) {
+  if (samples::company::is_connection_string(db)) {
     if (const auto file = sqlite_file(db); file && *file != ":memory:")
       require_file(*file, named_as, missing);
     return std::string(db);

@@ -1,5 +1,6 @@
 #include "company/database_place.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
@@ -56,9 +57,18 @@ void refuse_memory(const std::string& file) {
 
 }  // namespace
 
+bool is_connection_string(std::string_view text) {
+  const auto belongs_to_a_keyword = [](char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ' || c == '_';
+  };
+  const std::size_t equals = text.find('=');
+  return equals != std::string_view::npos && equals != 0 &&
+         std::ranges::all_of(text.substr(0, equals), belongs_to_a_keyword);
+}
+
 DatabasePlace::DatabasePlace(const std::string& text) {
   if (text.empty()) throw Refusal("no database is named");
-  if (text.find('=') != std::string::npos && !is_there(text)) {
+  if (is_connection_string(text) && !is_there(text)) {
     connection_string = text;
     file = sqlite_file_of(text);
     refuse_memory(file);

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tallyra::samples::company {
 
-// Where a database is, as a person writes it: the path of an SQLite file, or a connection string of ADO. What
-// has a '=' is a connection string, unless it is the name of a file that is there.
+// Whether a text is a connection string: one begins with a keyword and '='. "./a=b.db" is a path.
+bool is_connection_string(std::string_view text);
+
+// Where a database is, as a person writes it: the path of an SQLite file, or a connection string of ADO,
+// unless it is the name of a file that is there.
 struct DatabasePlace {
   explicit DatabasePlace(const std::string& text);
 

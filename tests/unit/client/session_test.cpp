@@ -45,7 +45,7 @@ TEST(ConnectionString, OfAFileThatIsNotThereIsWrongUsage) {
   EXPECT_EQ(usage_error_text([&] { connection_string_for(path); }),
             "--db '" + path +
                 "': no such file; give the path of an SQLite file or a connection string such as "
-                "'DRIVER={SQLite3};Database=stock.db'");
+                "'DRIVER={SQLite3};Database=stock.db'; 'init' makes a new database");
   EXPECT_FALSE(std::filesystem::exists(path));
   EXPECT_THROW(connection_string_for(testing::TempDir()), UsageError);
   EXPECT_THROW(connection_string_for(""), UsageError);

@@ -57,6 +57,15 @@ TEST(DatabasePlace, AFileThatIsThereMayHaveAnEqualsSignInItsName) {
   EXPECT_EQ(DatabasePlace(file).file, file);
 }
 
+TEST(DatabasePlace, APathThatBeginsWithNoKeywordMayHaveAnEqualsSignInItsName) {
+  for (const char* path : {"./a=b.db", "/srv/a=b.db", "../x/a=b.db"}) {
+    EXPECT_FALSE(is_connection_string(path));
+    EXPECT_EQ(DatabasePlace(path).file, path);
+  }
+  EXPECT_TRUE(is_connection_string("Data Source=x"));
+  EXPECT_FALSE(is_connection_string("=x"));
+}
+
 TEST(DatabasePlace, NothingAndAFolderAreRefused) {
   EXPECT_THROW(DatabasePlace(""), Refusal);
   EXPECT_THROW(DatabasePlace(TestFolder().path()), Refusal);
