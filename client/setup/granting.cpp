@@ -3,14 +3,30 @@
 #include <algorithm>
 
 #include "automation/convert.h"
+#include "client/refusal.h"
 #include "client/setup/functions.h"
 #include "client/setup/rights_table.h"
+#include "client/suggestion.h"
 
 namespace tallyra::client {
 namespace {
 
 RightFlags effective(const VerbContext& context, const std::string& user, const std::string& function) {
   return RightsLibrary(context.session(), user).rights(function);
+}
+
+bool has_any(const RightFlags& flags) {
+  return std::ranges::find(flags, true) != flags.end();
+}
+
+// A user without a row may still have what everybody has.
+void require_something_to_lose(VerbContext& context, const std::string& user, const std::string& function) {
+  if (has_any(effective(context, user, function))) return;
+  std::vector<std::string> users;
+  for (const RightsRow& row : RightsTable(context).rows()) users.push_back(automation::trimmed(row.user));
+  if (std::ranges::find(users, user) != users.end()) return;
+  throw Refusal("there is no user '" + user + "' in the table of rights; nothing was changed" +
+                did_you_mean(user, std::vector<std::string_view>(users.begin(), users.end())));
 }
 
 RightFlags set_rights(VerbContext& context, const RightsRow& wanted, const std::vector<std::size_t>& places,
@@ -25,10 +41,6 @@ RightFlags set_rights(VerbContext& context, const RightsRow& wanted, const std::
   return row.flags;
 }
 
-bool has_any(const RightFlags& flags) {
-  return std::ranges::find(flags, true) != flags.end();
-}
-
 }  // namespace
 
 RightFlags grant_rights(VerbContext& context, const std::string& user, const std::string& function,
@@ -38,6 +50,7 @@ RightFlags grant_rights(VerbContext& context, const std::string& user, const std
 
 RightFlags revoke_rights(VerbContext& context, const std::string& user, const std::string& function,
                          const std::vector<std::size_t>& places) {
+  require_something_to_lose(context, user, function);
   const RightFlags left = set_rights(context, {user, function, {}}, places, false);
   if (has_any(left)) return left;
   // A row of nothing is kept only where it takes away what another row would give.

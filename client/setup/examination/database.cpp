@@ -13,9 +13,19 @@
 namespace tallyra::client {
 namespace {
 
+std::string time_text(std::int64_t milliseconds) {
+  constexpr std::int64_t second = 1000;
+  return milliseconds % second == 0 ? std::to_string(milliseconds / second) + " seconds"
+                                    : std::to_string(milliseconds) + " milliseconds";
+}
+
+std::string first_value(const Reader& reader, const std::string& query) {
+  const Rows rows = reader.rows(query);
+  return rows.rows.empty() ? std::string() : automation::to_text(rows.rows.front().at(0));
+}
+
 void examine_sqlite(const std::string& connection_string, const Reader& reader, Observations& seen) {
-  std::string mode;
-  reader.each_row("Pragma journal_mode", [&](const Row& row) { mode = automation::to_text(row.at(0)); });
+  const std::string mode = first_value(reader, "Pragma journal_mode");
   if (automation::equals_folded(mode, "wal"))
     seen.push_back(
         {Health::good, "journal of SQLite", "WAL: readers and the writer do not wait for each other"});
@@ -25,8 +35,16 @@ void examine_sqlite(const std::string& connection_string, const Reader& reader, 
                     "put JournalMode=WAL into the connection string once"});
   const bool says = automation::folded(connection_string).find("timeout=") != std::string::npos;
   seen.push_back({Health::good, "waiting for a lock",
-                  says ? "as Timeout in the connection string says, in milliseconds"
-                       : "100 seconds, as no Timeout stands in the connection string"});
+                  time_text(reader.count("Pragma busy_timeout")) +
+                      (says ? ", as Timeout in the connection string says"
+                            : ", as no Timeout stands in the connection string")});
+}
+
+void examine_postgresql(const Reader& reader, Observations& seen) {
+  // "0", or with its unit: "5s".
+  const std::string wait = first_value(reader, "Show lock_timeout");
+  seen.push_back({Health::good, "waiting for a lock",
+                  (wait == "0" ? std::string("until it is free") : wait) + ", as lock_timeout says"});
 }
 
 // One that changes no row; it takes the lock of a writer all the same.
@@ -45,6 +63,7 @@ void examine_database(VerbContext& context, Observations& seen) {
   const std::string driver = reader.property("Driver Name") + " " + reader.property("Driver Version");
   seen.push_back({Health::good, "driver", driver == " " ? "does not say its name" : driver});
   if (engine == "SQLite") examine_sqlite(connection_string, reader, seen);
+  if (engine == "PostgreSQL") examine_postgresql(reader, seen);
 }
 
 void examine_writing(const Reader& reader, Observations& seen) {

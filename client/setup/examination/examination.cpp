@@ -3,7 +3,9 @@
 #include <functional>
 
 #include "automation/error.h"
+#include "automation/folded_name.h"
 #include "client/database/connection_text.h"
+#include "client/setup/schema.h"
 
 namespace tallyra::client {
 namespace {
@@ -17,6 +19,19 @@ void look(const char* what, Observations& seen, const std::function<void()>& exa
   }
 }
 
+// SQLite opens any file and looks into it with the first statement.
+bool is_database(const Reader& reader, const std::string& connection_string, Observations& seen) {
+  if (!automation::equals_folded(reader.engine(), "SQLite")) return true;
+  try {
+    reader.count("Select Count(*) As N From sqlite_master");
+    return true;
+  } catch (const automation::Error& error) {
+    seen.push_back({Health::bad, "database", shown_connection(connection_string) + ": " + error_text(error),
+                    "name the file of a database; one that is damaged is restored from a backup"});
+    return false;
+  }
+}
+
 bool opens(VerbContext& context, Observations& seen) {
   const auto& connection_string = context.bare_session().connection_string;
   if (!connection_string) {
@@ -25,12 +40,12 @@ bool opens(VerbContext& context, Observations& seen) {
   }
   try {
     context.reader();
-    return true;
   } catch (const automation::Error& error) {
     seen.push_back({Health::bad, "database", shown_connection(*connection_string) + ": " + error_text(error),
                     "see to the driver, the server and the connection string"});
     return false;
   }
+  return is_database(context.reader(), *connection_string, seen);
 }
 
 }  // namespace
@@ -44,6 +59,11 @@ Observations examine(VerbContext& context) {
   examine_libraries(context, seen);
   if (!opens(context, seen)) return seen;
   look("database", seen, [&] { examine_database(context, seen); });
+  if (tables_there(context.reader()).empty()) {
+    seen.push_back({Health::bad, "tables", "none is there, or none can be read",
+                    "'init' makes them; where they are there, let the user of the connection read them"});
+    return seen;
+  }
   look("tables", seen, [&] { examine_tables(context.reader(), seen); });
   look("rights", seen, [&] { examine_rights(context, seen); });
   look("writing", seen, [&] { examine_writing(context.reader(), seen); });

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "automation/local/local_classes.h"
 #include "automation/member_table.h"
@@ -35,6 +36,7 @@ class NewDatabase : public testing::Test {
 
 TEST_F(NewDatabase, IsMadeOnceAndSaysWhomToGrantWhat) {
   EXPECT_EQ(run({"status"}), exit_wrong_usage) << "no other verb makes a file";
+  EXPECT_TRUE(says("'init' makes a new database")) << client_.all();
   EXPECT_FALSE(std::filesystem::exists(file_));
   ASSERT_EQ(run({"init", "--user", "ANNA"}), exit_done) << client_.all();
   EXPECT_TRUE(says("tallyra-client grant ANNA '*' all")) << client_.all();
@@ -87,6 +89,20 @@ TEST_F(NewDatabase, LosesARowThatTakesNothingAway) {
   EXPECT_TRUE(says("Nobody may do anything")) << client_.error();
 }
 
+TEST_F(NewDatabase, TakesNothingAwayFromWhoIsNotThere) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  ASSERT_EQ(run({"grant", "ANNA", "CStockClose", "approve"}), exit_done);
+  EXPECT_EQ(run({"revoke", "ANA", "CStockClose", "approve"}), exit_failed) << client_.all();
+  EXPECT_TRUE(
+      says("there is no user 'ANA' in the table of rights; nothing was changed; did you mean 'ANNA'?"))
+      << client_.all();
+  EXPECT_EQ(run({"revoke", "ANNA", "CRevAddr", "all"}), exit_done) << "ANNA is there, and has no such right";
+  ASSERT_EQ(run({"grant", "*", "*", "insert"}), exit_done);
+  EXPECT_EQ(run({"revoke", "BERND", "CRevAddr", "insert"}), exit_done) << "he has what everybody has";
+  ASSERT_EQ(run({"rights", "BERND", "--csv"}), exit_done);
+  EXPECT_TRUE(says("\nSTK028ADDR,receiving addresses,-,-")) << client_.out();
+}
+
 TEST_F(NewDatabase, TakesWrongWordsForWrongUsage) {
   ASSERT_EQ(run({"init"}), exit_done);
   EXPECT_EQ(run({"grant", "ANNA", "CStokClose", "insert"}), exit_wrong_usage);
@@ -117,6 +133,31 @@ TEST_F(NewDatabase, IsNotWellWithoutATableAColumnOrARight) {
   EXPECT_TRUE(says("\nBAD,rights of NOBODY,none,'grant NOBODY * all'")) << client_.out();
   ASSERT_EQ(run({"upgrade"}), exit_done) << client_.all();
   EXPECT_EQ(run({"doctor", "--user", "ADMIN", "--csv"}), exit_done) << client_.all();
+}
+
+TEST_F(NewDatabase, IsToldInOneLineWhenItIsNone) {
+  std::ofstream(file_) << "this is a letter, no database";
+  EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_failed);
+  EXPECT_TRUE(says("\nBAD,database,DRIVER={SQLite3};Database=" + file_ + ": error")) << client_.out();
+  EXPECT_TRUE(says("name the file of a database")) << client_.out();
+  EXPECT_TRUE(says("1 bad, 0 doubtful.")) << client_.all();
+}
+
+TEST_F(NewDatabase, IsToldInOneLineWhenItIsEmpty) {
+  std::ofstream(file_) << "";
+  EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_failed);
+  EXPECT_TRUE(says("\nBAD,tables,\"none is there, or none can be read\",\"'init' makes them"))
+      << client_.out();
+  EXPECT_TRUE(says("1 bad, ")) << client_.all();
+}
+
+TEST_F(NewDatabase, SaysHowLongItWaitsForALock) {
+  ASSERT_EQ(run({"init"}), exit_done);
+  run({"doctor", "--csv"});
+  EXPECT_TRUE(says("waiting for a lock,\"100 seconds, as no Timeout stands")) << client_.out();
+  file_ = "DRIVER={SQLite3};Timeout=2500;Database=" + file_;
+  run({"doctor", "--csv"});
+  EXPECT_TRUE(says("waiting for a lock,\"2500 milliseconds, as Timeout in the connection")) << client_.out();
 }
 
 TEST_F(NewDatabase, CannotBeWrittenToWhileAnotherOneWrites) {
