@@ -1,12 +1,16 @@
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <thread>
 
 #include "client/month_end/backup_copy.h"
+#include "client/month_end/interruption.h"
 #include "client/refusal.h"
 
 namespace tallyra::client {
@@ -40,16 +44,25 @@ int copy(const char* from, const char* to) {
   return fsync(target) == 0 && close(target) == 0 ? 0 : errno;
 }
 
+// An interruption of this process ends the other one too.
+int status_at_end_of(pid_t child) {
+  int status = 0;
+  for (;;) {
+    const pid_t ended = waitpid(child, &status, WNOHANG);
+    if (ended == child || (ended < 0 && errno != EINTR)) return status;
+    if (Interruptions::count() > 0) kill(child, SIGKILL);
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+}
+
 }  // namespace
 
 bool copy_open_database(const std::string& from, const std::string& to) {
   const pid_t child = fork();
   if (child == 0) _exit(copy(from.c_str(), to.c_str()));
-  int status = 0;
-  if (child > 0)
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-  if (child > 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0) return true;
+  const int status = child > 0 ? status_at_end_of(child) : 0;
+  if (child > 0 && (Interruptions::count() > 0 || (WIFEXITED(status) && WEXITSTATUS(status) == 0)))
+    return true;
   const int error = child > 0 && WIFEXITED(status) ? WEXITSTATUS(status) : errno;
   throw Refusal("the copy '" + to + "' could not be written: " + std::strerror(error));
 }

@@ -129,6 +129,8 @@ ExitStatus run(VerbContext& context) {
   check_dates_again(context, date, forced);
   if (context.has("--backup")) {
     const Backup backup = back_up(context.reader(), "close");
+    if (backup.removed != 0)
+      context.tell("Removed " + std::to_string(backup.removed) + " files of a copy that was not finished.");
     context.tell("Copied to " + backup.file + ": " + std::to_string(backup.tables) + " tables with " +
                  std::to_string(backup.rows) + " rows, equal to the database.");
   }
