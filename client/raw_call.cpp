@@ -13,6 +13,7 @@
 #include "client/progress.h"
 #include "client/report_json.h"
 #include "client/report_text.h"
+#include "client/setup/right_advice.h"
 #include "client/value_text.h"
 #include "client/wait_notice.h"
 
@@ -51,6 +52,8 @@ ExitStatus carry_out(const CallRequest& request, const Console& console) {
   const Outcome outcome = run_with_progress(request, console);
   console.out << (request.json ? report_json(outcome) : report_text(outcome));
   if (outcome.raised) tell_failure(*outcome.raised, console);
+  if (const auto advice = right_advice(request.call, outcome, request.session))
+    console.error << "tallyra-client: " << *advice << "\n";
   const auto complaints = guard.after(request.call, outcome);
   for (const std::string& complaint : complaints) console.error << "tallyra-client: " << complaint << "\n";
   return outcome.succeeded() && complaints.empty() ? exit_done : exit_failed;

@@ -63,6 +63,12 @@ std::span<const RightName> right_names() {
   return names;
 }
 
+std::optional<std::string_view> function_of_class(std::string_view class_name) {
+  for (const ClassFunction& function : class_functions)
+    if (automation::equals_folded(function.name, class_name)) return function.name;
+  return std::nullopt;
+}
+
 std::string function_code(std::string_view word) {
   std::vector<std::string_view> known;
   for (const FunctionCode& function : codes) {

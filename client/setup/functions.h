@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,6 +17,10 @@ struct FunctionCode {
 
 // "*", any function, comes first.
 std::span<const FunctionCode> function_codes();
+
+// The name of a class that asks for one function alone, as function_code takes it; nothing for the classes of
+// documents, where the type of each is the function.
+std::optional<std::string_view> function_of_class(std::string_view class_name);
 
 struct RightName {
   std::string_view word;      // on the command line

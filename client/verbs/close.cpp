@@ -10,6 +10,7 @@
 #include "client/month_end/interruption.h"
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
+#include "client/setup/right_advice.h"
 #include "client/stocktaking/force.h"
 #include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
@@ -108,10 +109,12 @@ void tell_what_is_left(const VerbContext& context, const Reader& reader, automat
                  " again, or delete that with 'reopen'; approve no stocktaking before");
 }
 
-ExitStatus tell_failure_of(VerbContext& context, automation::Date date, const Outcome& outcome) {
+ExitStatus tell_failure_of(VerbContext& context, const CloseOrder& order, const Outcome& outcome) {
+  const automation::Date date = order.date;
   const bool interrupted = Interruptions::count() >= 2;
   const std::string reason = interrupted ? "interrupted" : failure_text(outcome);
   context.warn(day_text(date) + " is not closed: " + reason);
+  if (const auto advice = right_advice(close_call(order), outcome, order.session)) context.warn(*advice);
   tell_what_is_left(context, context.reader(), date);
   journal(context, {"close", day_text(date), interrupted ? "interrupted" : "failed", reason});
   return interrupted ? exit_interrupted : exit_failed;
@@ -137,9 +140,9 @@ ExitStatus run(VerbContext& context) {
   const auto begin = std::chrono::steady_clock::now();
   const bool show =
       context.has("--progress") || (context.console().error_is_terminal && !context.has("--no-progress"));
-  const Outcome outcome =
-      run_close({context.session(), date, result.plan, show && !context.quiet()}, context.console());
-  if (!is_closed(context.reader(), date)) return tell_failure_of(context, date, outcome);
+  const CloseOrder order{context.session(), date, result.plan, show && !context.quiet()};
+  const Outcome outcome = run_close(order, context.console());
+  if (!is_closed(context.reader(), date)) return tell_failure_of(context, order, outcome);
 
   context.print(summary_table(context.reader(), date));
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;

@@ -7,6 +7,7 @@
 
 #include "automation/folded_name.h"
 #include "client/refusal.h"
+#include "client/setup/right_advice.h"
 #include "client/usage_error.h"
 #include "client/wait_notice.h"
 
@@ -37,8 +38,12 @@ const Reader& VerbContext::reader() {
 
 Outcome VerbContext::call(const Call& call) const {
   session();
-  const WaitNotice notice(console_);
-  return run_call(call, session_);
+  const Outcome outcome = [&] {
+    const WaitNotice notice(console_);
+    return run_call(call, session_);
+  }();
+  if (const auto advice = right_advice(call, outcome, session_)) warn(*advice);
+  return outcome;
 }
 
 OutputFormat VerbContext::format() const {

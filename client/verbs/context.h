@@ -33,7 +33,8 @@ class VerbContext {
   const Reader& reader();
   // Lets it go; the next use opens another one.
   void close_reader() { reader_.reset(); }
-  // A call of a class of ours in this session: call({"Tallyra.CStockClose", "Delete", {date}}).
+  // A call of a class of ours in this session: call({"Tallyra.CStockClose", "Delete", {date}}). A right that
+  // was lacking is told with whom to grant what.
   Outcome call(const Call& call) const;
 
   const Console& console() const { return console_; }
