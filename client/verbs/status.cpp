@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "automation/clock.h"
 #include "automation/convert.h"
 #include "client/month_end/leftovers.h"
@@ -52,23 +54,34 @@ Table leftovers_table(const std::vector<Leftover>& left) {
   return table;
 }
 
+// In the unit in which a person thinks of it.
 std::string age_text(const std::string& since) {
   constexpr double minutes_of_a_day = 24.0 * 60.0;
+  constexpr double minutes_of_an_hour = 60.0;
   const auto begin = automation::parse_date(since);
   if (!begin) return {};
   const double minutes = (automation::now().serial - begin->serial) * minutes_of_a_day;
-  return std::to_string(static_cast<long long>(minutes)) + " minutes ago";
+  const auto [number, unit] = minutes < 2 * minutes_of_an_hour ? std::pair(minutes, " minutes ago")
+                              : minutes < 2 * minutes_of_a_day
+                                  ? std::pair(minutes / minutes_of_an_hour, " hours ago")
+                                  : std::pair(minutes / minutes_of_a_day, " days ago");
+  return std::to_string(static_cast<long long>(number)) + unit;
 }
 
-Table lock_table(const LockHolder& holder) {
-  const char* state = holder.dead()           ? "has ended"
-                      : holder.on_this_host() ? "runs"
-                                              : "on another host, not known";
-  return {"lock",
-          "At work",
-          {{"work"}, {"user"}, {"login"}, {"host"}, number_column("process"), {"state"}, {"since"}, {"age"}},
-          {{holder.work, holder.owner, holder.login, holder.host, static_cast<double>(holder.process.id),
-            state, holder.since, age_text(holder.since)}}};
+Table lock_table(const std::optional<LockHolder>& holder) {
+  Table table{
+      "lock",
+      "At work",
+      {{"work"}, {"user"}, {"login"}, {"host"}, number_column("process"), {"state"}, {"since"}, {"age"}},
+      {}};
+  if (!holder) return table;
+  const char* state = holder->dead()           ? "has ended"
+                      : holder->on_this_host() ? "runs"
+                                               : "on another host, not known";
+  table.rows.push_back({holder->work, holder->owner, holder->login, holder->host,
+                        static_cast<double>(holder->process.id), state, holder->since,
+                        age_text(holder->since)});
+  return table;
 }
 
 void advise(const VerbContext& context, const std::vector<Leftover>& left,
@@ -87,8 +100,9 @@ ExitStatus run(VerbContext& context) {
   const auto holder = lock_holder(reader);
   const bool text = context.format() == OutputFormat::text;
   std::vector<Table> tables{closes_table(reader)};
+  // A program finds all three always.
   if (!left.empty() || !text) tables.push_back(leftovers_table(left));
-  if (holder) tables.push_back(lock_table(*holder));
+  if (holder || !text) tables.push_back(lock_table(holder));
   context.print(tables);
   advise(context, left, holder);
   return exit_done;

@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "automation/convert.h"
 #include "client/month_end/findings/all_findings.h"
 #include "client/verbs/context.h"
@@ -32,28 +30,37 @@ Found look_at_later_closes(const CloseCase& close) {
   return found;
 }
 
-// Without an earlier close: the first day on which anything moved, if it is in a month before that of the
-// close.
-Found look_before_first_close(const CloseCase& close) {
-  std::optional<Date> first;
+// From one month up to another, both by their numbers, the last one left out.
+Found months_without_a_close(int first, int end) {
+  constexpr int months_of_a_year = 12;
+  Found found;
+  for (int month = first; month < end; ++month) {
+    if (++found.count > static_cast<std::int64_t>(first_rows)) continue;
+    const int of_year = (month - 1) % months_of_a_year + 1;
+    found.first.push_back("no close of " + std::to_string((month - 1) / months_of_a_year) +
+                          (of_year < 10 ? "/0" : "/") + std::to_string(of_year));
+  }
+  return found;
+}
+
+// Without an earlier close the first month is the one in which anything moved.
+std::optional<int> month_of_first_document(const CloseCase& close) {
+  std::optional<int> month;
   close.reader.each_row(
       "Select Min(TRANDT) As FIRSTDT From STKTRANHD Where TRANTYPE<>'STK027CLOSE' And TRANTYPE<>'STKCLOSEALL'"
       " And TRANDT>" +
           close.reader.date_literal(close.period.after),
       [&](const Row& row) {
-        if (!row[0].is_null()) first = automation::to_date(row[0]);
+        if (!row[0].is_null()) month = month_number(automation::to_date(row[0]));
       });
-  if (!first || month_number(*first) >= month_number(close.date)) return {};
-  return {month_number(close.date) - month_number(*first),
-          {"no close yet, and documents since " + day_text({std::floor(first->serial)})}};
+  return month;
 }
 
 Found look_at_months(const CloseCase& close) {
   const CloseRecord* previous = record_before(close.records, close.date);
-  if (!previous) return look_before_first_close(close);
-  const int between = month_number(close.date) - month_number(previous->date) - 1;
-  if (between <= 0) return {};
-  return {between, {"the close before it is that of " + day_text(previous->date)}};
+  const auto first =
+      previous ? std::optional(month_number(previous->date) + 1) : month_of_first_document(close);
+  return first ? months_without_a_close(*first, month_number(close.date)) : Found();
 }
 
 std::int64_t unapproved_documents_of(const CloseCase& close, Date date) {

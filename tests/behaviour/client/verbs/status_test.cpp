@@ -11,5 +11,10 @@ TEST_F(ClosingClient, ShowsTheStateOfEveryClose) {
       << client_.all();
 }
 
+TEST_F(ClosingClient, HasAllItsTablesForAProgram) {
+  EXPECT_EQ(run({"status", "--json"}), exit_done);
+  EXPECT_EQ(client_.out(), "{\n  \"closes\": [],\n  \"unfinished\": [],\n  \"lock\": []\n}\n");
+}
+
 }  // namespace
 }  // namespace tallyra::client

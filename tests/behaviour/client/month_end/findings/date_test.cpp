@@ -22,6 +22,9 @@ TEST_F(CheckedCompany, IsNotClosedTwiceNorBeforeAClose) {
 
 TEST_F(CheckedCompany, IsClosedMonthByMonth) {
   EXPECT_EQ(found("2024/02/29"), "month-left-out:1");
+  EXPECT_EQ(run({"check", "2024/02/29"}), exit_failed);
+  EXPECT_TRUE(says("\n    no close of 2024/01\n    to do: close the months in their order")) << client_.all();
+  EXPECT_EQ(found("2025/01/31"), "in-future:1 month-left-out:12");
   close_and_approve("2024/01/31");
   EXPECT_EQ(found("2024/02/29"), "");
   sql({"UPDATE STKCLOSEHD SET CLOSEDT='2023-11-30 00:00:00'",
