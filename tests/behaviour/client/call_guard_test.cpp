@@ -16,7 +16,7 @@ class Guarded : public testing::Test {
   std::string lines() const { return company_.rows("SELECT QTY,NOTES FROM STKCHECKDT"); }
 
   behaviour::CompanyDatabase company_;
-  ClientProgram client_{{"--db", company_.file().string(), "--user", "ADMIN"}};
+  ClientProgram client_{{"--db", company_.connection_string(), "--user", "ADMIN"}};
 };
 
 TEST_F(Guarded, WritesNoNumberThatMeansAnother) {

@@ -23,7 +23,7 @@ class Journal : public testing::Test {
   }
 
   behaviour::CompanyDatabase company_;
-  ClientProgram client_{{"--db", company_.file().string()}};
+  ClientProgram client_{{"--db", company_.connection_string()}};
   std::ostringstream out_;
   std::ostringstream error_;
   Console console_{out_, error_};
@@ -37,9 +37,8 @@ TEST_F(Journal, IsNotThereBeforeAnythingWasDone) {
 
 TEST_F(Journal, IsMadeOnlyWhenItMay) {
   EXPECT_THROW(write({"close", "2024/01/31", "done", ""}, {}), Refusal);
-  EXPECT_EQ(
-      company_.rows("Select Count(*) From sqlite_master Where name In ('TALLYRALOCK','TALLYRAJOURNAL')"),
-      "0\n");
+  const Reader reader(company_.connection_string(), "MSACCESS");
+  EXPECT_FALSE(reader.has_table("TALLYRALOCK") || reader.has_table("TALLYRAJOURNAL"));
 }
 
 TEST_F(Journal, TellsLatestFirstWhoHasDoneWhat) {

@@ -6,7 +6,7 @@ namespace {
 TEST_F(ClosingClient, ValuesQuantitiesWithTheCostsOfTheCompanyDocument) {
   ASSERT_EQ(run({"close", "2024/01/31", "--json"}), exit_done) << client_.all();
   const std::string value = company_.rows(
-      "SELECT round(sum(L.QTY*C.UPRICE),2) FROM STKTRANHD H JOIN STKTRANDT L ON L.TRANNO=H.TRANNO JOIN "
+      "SELECT sum(L.QTY*C.UPRICE) FROM STKTRANHD H JOIN STKTRANDT L ON L.TRANNO=H.TRANNO JOIN "
       "STKTRANDT C ON "
       "C.PARTNO=L.PARTNO JOIN STKTRANHD A ON A.TRANNO=C.TRANNO AND A.TRANTYPE='STKCLOSEALL' WHERE "
       "H.TRANTYPE='STK027CLOSE' AND H.DEPTNOFR='10'");

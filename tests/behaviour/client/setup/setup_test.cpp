@@ -10,17 +10,18 @@
 #include "frame/schema/codes.h"
 #include "tests/support/client_program.h"
 #include "tests/support/company_database.h"
+#include "tests/support/postgresql_server.h"
 #include "tests/support/test_folder.h"
 
 // From no database to one in which somebody may work.
 namespace tallyra::client {
 namespace {
 
-// Registers all classes; its own database is not used.
+// An empty place for a database on the engine of the test. The company beside it registers all classes.
 class NewDatabase : public testing::Test {
  protected:
   ExitStatus run(std::vector<std::string> words) {
-    words.insert(words.end(), {"--db", file_});
+    words.insert(words.end(), {"--db", db_});
     return client_.run(std::move(words));
   }
   ExitStatus enters_an_address(const char* user) {
@@ -31,13 +32,19 @@ class NewDatabase : public testing::Test {
   behaviour::CompanyDatabase registered_;
   tests::TestFolder folder_;
   std::string file_ = folder_.file("new.db");
+  std::string db_ = registered_.is_sqlite() ? file_ : on_server();
+
+ private:
+  static std::string on_server() {
+    auto& server = tests::PostgresqlServer::shared();
+    return server.connection_string(server.new_database());
+  }
+
+ protected:
   ClientProgram client_;
 };
 
 TEST_F(NewDatabase, IsMadeOnceAndSaysWhomToGrantWhat) {
-  EXPECT_EQ(run({"status"}), exit_wrong_usage) << "no other verb makes a file";
-  EXPECT_TRUE(says("'init' makes a new database")) << client_.all();
-  EXPECT_FALSE(std::filesystem::exists(file_));
   ASSERT_EQ(run({"init", "--user", "ANNA"}), exit_done) << client_.all();
   EXPECT_TRUE(says("tallyra-client grant ANNA '*' all")) << client_.all();
   EXPECT_EQ(run({"init"}), exit_failed);
@@ -48,8 +55,15 @@ TEST_F(NewDatabase, IsMadeOnceAndSaysWhomToGrantWhat) {
   EXPECT_TRUE(says("init,,done,")) << client_.out();
 }
 
+TEST_F(NewDatabase, IsMadeByNoOtherVerb) {
+  if (!registered_.is_sqlite()) GTEST_SKIP() << "no file";
+  EXPECT_EQ(run({"status"}), exit_wrong_usage);
+  EXPECT_TRUE(says("'init' makes a new database")) << client_.all();
+  EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
 TEST_F(NewDatabase, IsNotMadeInAFolderThatIsNotThere) {
-  file_ = folder_.file("nowhere/new.db");
+  db_ = folder_.file("nowhere/new.db");
   EXPECT_EQ(run({"init"}), exit_failed);
   EXPECT_TRUE(says("there is no folder")) << client_.all();
   EXPECT_EQ(run({"upgrade"}), exit_wrong_usage);
@@ -58,11 +72,21 @@ TEST_F(NewDatabase, IsNotMadeInAFolderThatIsNotThere) {
 TEST_F(NewDatabase, LetsDoWhatIsGrantedAndNoMore) {
   ASSERT_EQ(run({"init"}), exit_done);
   EXPECT_EQ(enters_an_address("ANNA"), exit_failed);
+  EXPECT_TRUE(
+      says("nobody has any right in this database yet; let ANNA do it by: tallyra-client grant ANNA CRevAddr "
+           "insert;"))
+      << client_.all();
   ASSERT_EQ(run({"grant", "ANNA", "crevaddr", "insert", "Delete"}), exit_done) << client_.all();
   EXPECT_TRUE(says("ANNA may now insert, delete under STK028ADDR.")) << client_.all();
   EXPECT_EQ(enters_an_address("ANNA"), exit_done) << client_.all();
   ASSERT_EQ(run({"revoke", "ANNA", "STK028ADDR", "insert"}), exit_done);
   EXPECT_EQ(run({"CRevAddr", "Insert", "A2", "ADDRNO=A2", "--user", "ANNA"}), exit_failed);
+  EXPECT_TRUE(says("tallyra-client: let ANNA do it by: tallyra-client grant ANNA CRevAddr insert;"))
+      << client_.all();
+  EXPECT_EQ(run({"CTranHead", "Delete", "R1", "STK010POREV", "--user", "ANNA"}), exit_failed);
+  EXPECT_TRUE(says("let ANNA do it by: tallyra-client grant ANNA STK010POREV delete;")) << client_.all();
+  EXPECT_EQ(run({"CTranHead", "Insert", "R1", "STK010POREV", "TRANNO=R1"}), exit_failed);
+  EXPECT_TRUE(says("no user was named")) << client_.all();
   EXPECT_EQ(run({"CRevAddr", "Delete", "A1", "--user", "ANNA"}), exit_done) << client_.all();
 }
 
@@ -119,14 +143,15 @@ TEST_F(NewDatabase, IsWellInTheEyesOfTheDoctor) {
   EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_done) << client_.all();
   EXPECT_FALSE(says("\nBAD,")) << client_.out();
   for (const char* what :
-       {"library Tallyra,\"10 classes", "place of the rights,table USERRIGHTS", "engine,SQLite",
+       {"library Tallyra,\"10 classes", "place of the rights,table USERRIGHTS", "waiting for a lock",
         "transactions and writing", "clock", "lock and journal,this program has"})
     EXPECT_TRUE(says(what)) << what << "\n" << client_.out();
+  EXPECT_TRUE(says(registered_.is_sqlite() ? "engine,SQLite " : "engine,PostgreSQL ")) << client_.out();
 }
 
 TEST_F(NewDatabase, IsNotWellWithoutATableAColumnOrARight) {
   registered_.run({"ALTER TABLE STKTRANDT DROP COLUMN VQTY", "DROP TABLE REVADDR"});
-  file_ = registered_.file().string();
+  db_ = registered_.connection_string();
   EXPECT_EQ(run({"doctor", "--user", "NOBODY", "--csv"}), exit_failed);
   EXPECT_TRUE(says("\nBAD,table REVADDR,missing")) << client_.out();
   EXPECT_TRUE(says("\nBAD,table STKTRANDT,lacks STKTRANDT.VQTY")) << client_.out();
@@ -136,6 +161,7 @@ TEST_F(NewDatabase, IsNotWellWithoutATableAColumnOrARight) {
 }
 
 TEST_F(NewDatabase, IsToldInOneLineWhenItIsNone) {
+  if (!registered_.is_sqlite()) GTEST_SKIP() << "no file";
   std::ofstream(file_) << "this is a letter, no database";
   EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_failed);
   EXPECT_TRUE(says("\nBAD,database,DRIVER={SQLite3};Database=" + file_ + ": error")) << client_.out();
@@ -144,7 +170,7 @@ TEST_F(NewDatabase, IsToldInOneLineWhenItIsNone) {
 }
 
 TEST_F(NewDatabase, IsToldInOneLineWhenItIsEmpty) {
-  std::ofstream(file_) << "";
+  if (registered_.is_sqlite()) std::ofstream(file_) << "";
   EXPECT_EQ(run({"doctor", "--user", "ANNA", "--csv"}), exit_failed);
   EXPECT_TRUE(says("\nBAD,tables,\"none is there, or none can be read\",\"'init' makes them"))
       << client_.out();
@@ -154,14 +180,22 @@ TEST_F(NewDatabase, IsToldInOneLineWhenItIsEmpty) {
 TEST_F(NewDatabase, SaysHowLongItWaitsForALock) {
   ASSERT_EQ(run({"init"}), exit_done);
   run({"doctor", "--csv"});
+  if (!registered_.is_sqlite()) {
+    EXPECT_TRUE(says("waiting for a lock,\"until it is free, as lock_timeout says")) << client_.out();
+    db_ = registered_.connection_string();
+    run({"doctor", "--csv"});
+    EXPECT_TRUE(says("waiting for a lock,\"2s, as lock_timeout says")) << client_.out();
+    return;
+  }
   EXPECT_TRUE(says("waiting for a lock,\"100 seconds, as no Timeout stands")) << client_.out();
-  file_ = "DRIVER={SQLite3};Timeout=2500;Database=" + file_;
+  db_ = "DRIVER={SQLite3};Timeout=2500;Database=" + file_;
   run({"doctor", "--csv"});
   EXPECT_TRUE(says("waiting for a lock,\"2500 milliseconds, as Timeout in the connection")) << client_.out();
 }
 
 TEST_F(NewDatabase, CannotBeWrittenToWhileAnotherOneWrites) {
-  file_ = "DRIVER={SQLite3};Timeout=50;Database=" + registered_.file().string();
+  if (!registered_.is_sqlite()) GTEST_SKIP() << "there others write beside each other";
+  db_ = "DRIVER={SQLite3};Timeout=50;Database=" + registered_.file().string();
   const Reader other(registered_.connection_string(), "MSACCESS");
   other.begin();
   other.execute("Update USERRIGHTS Set OWNER=OWNER");

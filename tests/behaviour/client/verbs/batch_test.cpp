@@ -5,6 +5,7 @@
 
 #include "tests/support/client_program.h"
 #include "tests/support/company_database.h"
+#include "tests/support/test_folder.h"
 
 namespace tallyra::client {
 namespace {
@@ -21,7 +22,7 @@ class Batch : public testing::Test {
   }
 
   behaviour::CompanyDatabase company_;
-  ClientProgram client_{{"--db", company_.file().string(), "--user", "ADMIN"}};
+  ClientProgram client_{{"--db", company_.connection_string(), "--user", "ADMIN"}};
 };
 
 TEST_F(Batch, AnswersEachLineWithOne) {
@@ -78,12 +79,13 @@ TEST_F(Batch, MakesThousandsOfCallsInOneProcess) {
 }
 
 TEST_F(Batch, ReadsAFile) {
-  const std::string file = company_.file().string() + ".jsonl";
+  const tests::TestFolder folder;
+  const std::string file = folder.file("calls.jsonl");
   std::ofstream(file) << R"({"words":["CRevAddr","Read","A1"]})"
                       << "\n";
   EXPECT_EQ(client_.run({"batch", file}), exit_failed);
   EXPECT_EQ(answers().size(), 1U);
-  EXPECT_EQ(client_.run({"batch", company_.file().parent_path().string()}), exit_wrong_usage);
+  EXPECT_EQ(client_.run({"batch", folder.path()}), exit_wrong_usage);
   EXPECT_NE(client_.error().find("is a directory"), std::string::npos);
 }
 

@@ -97,19 +97,15 @@ TEST_F(CountingClient, RefusesASheetThatBelongsNowhere) {
 }
 
 TEST_F(CountingClient, LeavesNothingOfAnImportThatFailsInTheMiddle) {
-  sql(
-      {"CREATE TRIGGER FULL_UP BEFORE INSERT ON STKCHECKDT WHEN NEW.PARTNO='Bolt1' "
-       "BEGIN SELECT RAISE(ABORT,'full up'); END"});
+  company_.refuse("FULL_UP", "INSERT", "STKCHECKDT", "NEW.PARTNO='Bolt1'", "full up");
   EXPECT_EQ(import("part,counted\nbolt-1,1\nBolt1,1\n", on_department_10), exit_failed);
   EXPECT_TRUE(says("line 3, part Bolt1: error") && says("nothing of C1 is left")) << client_.error();
   EXPECT_EQ(stored(), "");
 }
 
 TEST_F(CountingClient, TellsWhatIsLeftOfAnImportThatCannotBeUndone) {
-  sql(
-      {"CREATE TRIGGER FULL_UP BEFORE INSERT ON STKCHECKDT WHEN NEW.PARTNO='Bolt1' "
-       "BEGIN SELECT RAISE(ABORT,'full up'); END",
-       "CREATE TRIGGER KEPT BEFORE DELETE ON STKCHECKHD BEGIN SELECT RAISE(ABORT,'kept'); END"});
+  company_.refuse("FULL_UP", "INSERT", "STKCHECKDT", "NEW.PARTNO='Bolt1'", "full up");
+  company_.refuse("KEPT", "DELETE", "STKCHECKHD", "", "kept");
   EXPECT_EQ(import("part,counted\nbolt-1,1\nBolt1,1\n", on_department_10), exit_failed);
   EXPECT_TRUE(says("C1 is left with 1 lines") && says("call CCheckHead Delete C1")) << client_.error();
 }
