@@ -61,12 +61,18 @@ void require_not_closed(const Reader& reader, automation::Date date) {
     throw Refusal(day_text(date) + " is closed already, and no date is closed twice: 'reopen' it first");
 }
 
+std::string way_out(bool locked, bool closed) {
+  if (locked) return ". 'status' tells who it is; --break-lock takes the lock of a process on another host";
+  if (closed) return ". No date is closed twice: 'reopen' it first";
+  return ". Mend that first; --force with these names closes all the same";
+}
+
 void refuse(VerbContext& context, automation::Date date, const std::vector<std::string>& errors) {
   if (context.reader().has_table("TALLYRAJOURNAL"))
     journal(context, {"close", day_text(date), "refused", joined(errors)});
   const bool locked = std::ranges::find(errors, "another-closer") != errors.end();
   throw Refusal(day_text(date) + " is not closed, because of: " + joined(errors) +
-                    ". Mend that first; --force with these names closes all the same",
+                    way_out(locked, is_closed(context.reader(), date)),
                 locked ? exit_locked : exit_failed);
 }
 

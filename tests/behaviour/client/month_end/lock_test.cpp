@@ -26,6 +26,7 @@ TEST_F(LockedCompany, IsLeftToWhoHoldsTheLock) {
   EXPECT_TRUE(
       says("ANNA (login anna, host " + host_name() + ", process 1) is at work on close 2024/01/31 since "))
       << client_.all();
+  EXPECT_TRUE(says("; wait until it has ended")) << client_.all();
   EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_failed) << "nothing to reopen";
   EXPECT_EQ(closes(), "0\n");
   EXPECT_EQ(run({"status"}), exit_done);
@@ -41,6 +42,9 @@ TEST_F(LockedCompany, IsTakenOverFromADeadProcess) {
 
 TEST_F(LockedCompany, IsTakenFromAnotherHostOnlyByBreakingTheLock) {
   lock("elsewhere", {17, "1"});
+  EXPECT_EQ(run({"close", "2024/01/31"}), exit_locked);
+  EXPECT_TRUE(says("because of: another-closer. 'status' tells who it is; --break-lock takes the lock"))
+      << client_.all();
   EXPECT_EQ(run({"close", "2024/01/31", "--force", "another-closer"}), exit_locked);
   EXPECT_TRUE(says("--break-lock takes its lock")) << client_.all();
   EXPECT_EQ(closes(), "0\n");

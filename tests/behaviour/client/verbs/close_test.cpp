@@ -35,6 +35,9 @@ TEST_F(ClosingClient, DoesNotTakeAnEarlierCloseForItsOwn) {
   const std::string before = company_.everything();
   EXPECT_EQ(run({"close", "2024/01/31", "--force", "before-a-close"}), exit_failed) << client_.all();
   EXPECT_TRUE(says("2024/01/31 is closed already, and no date is closed twice")) << client_.all();
+  EXPECT_EQ(run({"close", "2024/01/31"}), exit_failed);
+  EXPECT_TRUE(says("because of: before-a-close. No date is closed twice: 'reopen' it first"))
+      << client_.all();
   EXPECT_EQ(company_.everything(), before);
 }
 
