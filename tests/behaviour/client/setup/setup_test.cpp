@@ -6,8 +6,6 @@
 #include "automation/local/local_classes.h"
 #include "automation/member_table.h"
 #include "client/database/reader.h"
-#include "client/setup/functions.h"
-#include "frame/schema/codes.h"
 #include "tests/support/client_program.h"
 #include "tests/support/company_database.h"
 #include "tests/support/postgresql_server.h"
@@ -202,19 +200,6 @@ TEST_F(NewDatabase, CannotBeWrittenToWhileAnotherOneWrites) {
   EXPECT_EQ(run({"doctor", "--user", "ADMIN", "--csv"}), exit_failed);
   EXPECT_TRUE(says("\nBAD,transactions and writing,")) << client_.all();
   other.roll_back();
-}
-
-TEST(FunctionCodes, AreThoseThatTheClassesAskFor) {
-  using namespace frame::schema;
-  for (const char* code :
-       {function_code::purchase_return, function_code::stocktaking, function_code::month_close,
-        function_code::receiving_address, function_code::shipping_note, function_code::stock_controller,
-        function_code::part_cost})
-    EXPECT_EQ(client::function_code(code), code);
-  for (const auto type : document_type::all) {
-    if (type == document_type::company_document || type == document_type::posting) continue;
-    EXPECT_EQ(client::function_code(type), type);
-  }
 }
 
 // A library that answers for rights and says nothing about where it keeps them.
