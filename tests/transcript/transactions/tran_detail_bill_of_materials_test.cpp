@@ -95,8 +95,13 @@ TEST(BillOfMaterialsTest, LeavesABillOutThatComesAgain) {
   bill.next_lot();
   bill.add("A1", "B", 2);
   bill.add("B", "D", 1);
+  bill.next_lot();
+  bill.add("A1", "B", 2);
+  bill.add("B", "D", 1);
+  bill.add("D", "E", 3);
   EXPECT_EQ(bill.requirement("B"), 2);
   EXPECT_EQ(bill.requirement("D"), 2);
+  EXPECT_EQ(bill.requirement("E"), 6);
 }
 
 TEST(BillOfMaterialsTest, FindsTwoSpellingsOfAPart) {
