@@ -75,7 +75,8 @@ choose_programs() {
 # machine does not end it; what waits takes none of that and gets ten minutes.
 run_program() (
   exec >"$room/run.log" 2>&1
-  ulimit -v 4000000 -c 0 -t "${seconds_for[$1]}"
+  ulimit -v 4000000 -c 0
+  ulimit -S -t "${seconds_for[$1]}"
   cd "$room" || exit
   timeout 600 "$build/$1" --gtest_brief=1 --gtest_fail_fast
 )
