@@ -1,6 +1,7 @@
 #include "client/month_end/sums.h"
 
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 #include "automation/convert.h"
@@ -10,15 +11,25 @@ namespace tallyra::client {
 namespace {
 
 std::string grouped_sum(const std::string& condition) {
-  return "Select STKTRANDT.PARTNO,Sum(STKTRANDT.QTY) As QTY From STKTRANDT"
+  return "Select STKTRANDT.PARTNO,Sum(STKTRANDT.QTY) As QTY,Sum(Abs(STKTRANDT.QTY)) As QTYABS,"
+         "Count(*) As N From STKTRANDT"
          " Inner Join STKTRANHD On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where " +
          condition + " Group By STKTRANDT.PARTNO";
+}
+
+void add_size(PartSum& sum, const Row& row) {
+  if (!row[2].is_null()) sum.magnitude += automation::to_double(row[2]);
+  sum.lines += automation::to_double(row[3]);
 }
 
 }  // namespace
 
 double PartSum::quantity() const {
   return goes_out ? out + in : std::fabs(in);
+}
+
+double PartSum::rounding() const {
+  return lines * std::numeric_limits<double>::epsilon() * magnitude;
 }
 
 std::vector<Department> departments(const Reader& reader) {
@@ -40,6 +51,7 @@ PartSums sums_of(const Reader& reader, const std::string& department, const Peri
                     sum.goes_out = true;
                     sum.out_unknown = row[1].is_null();
                     if (!sum.out_unknown) sum.out = automation::to_double(row[1]);
+                    add_size(sum, row);
                   });
   reader.each_row(grouped_sum("STKTRANHD.DEPTNOTO=" + number + " And STKTRANHD.TRANTYPE='STK024MRPL'" +
                               within(reader, period) + further),
@@ -48,6 +60,7 @@ PartSums sums_of(const Reader& reader, const std::string& department, const Peri
                     sum.comes_in = true;
                     sum.in_unknown = row[1].is_null();
                     if (!sum.in_unknown) sum.in = automation::to_double(row[1]);
+                    add_size(sum, row);
                   });
   return sums;
 }

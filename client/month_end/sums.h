@@ -17,11 +17,17 @@ struct PartSum {
   bool in_unknown = false;  // there are lines, and none of them has a quantity
   double out = 0;
   double in = 0;
+  // What the lines come to without their signs, and how many there are.
+  double magnitude = 0;
+  double lines = 0;
 
   // The close stops at such a part.
   bool unknown() const { return (goes_out && out_unknown) || (comes_in && in_unknown); }
   // What the close writes: a part that only came in goes in as a magnitude.
   double quantity() const;
+  // How far two sums of these lines can be apart for no other reason than that they were added up in another
+  // order: a sum near zero of large numbers is nothing but that.
+  double rounding() const;
 };
 
 // In the order of part numbers that the component has.

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "automation/convert.h"
 #include "client/month_end/sums.h"
+#include "client/rounded.h"
 #include "client/value_text.h"
 
 namespace tallyra::client {
@@ -18,7 +20,43 @@ struct Written {
   int lines = 0;
 };
 using WrittenLines = std::map<std::string, Written, std::less<>>;
-using Quantities = std::map<std::string, double, std::less<>>;
+
+// What they should say, and what of it is nothing but rounding.
+struct Expected {
+  double quantity = 0;
+  double rounding = 0;
+
+  double figure() const { return std::fabs(quantity) <= rounding ? 0 : quantity; }
+};
+using Quantities = std::map<std::string, Expected, std::less<>>;
+
+// What the company's document should say: the sums of what those of the departments do.
+class CompanySums {
+ public:
+  void add(const WrittenLines& department) {
+    for (const auto& [part, written] : department) {
+      Sum& sum = sums_[part];
+      sum.quantity += written.quantity;
+      sum.magnitude += std::fabs(written.quantity);
+      sum.lines += written.lines;
+    }
+  }
+  Quantities quantities() const {
+    constexpr double last_digit = std::numeric_limits<double>::epsilon();
+    Quantities result;
+    for (const auto& [part, sum] : sums_)
+      result.emplace(part, Expected{sum.quantity, sum.lines * last_digit * sum.magnitude});
+    return result;
+  }
+
+ private:
+  struct Sum {
+    double quantity = 0;
+    double magnitude = 0;
+    int lines = 0;
+  };
+  std::map<std::string, Sum, std::less<>> sums_;
+};
 
 std::string of_that_day(const Reader& reader, const Period& period, const std::string& type) {
   return " Where STKTRANHD.TRANTYPE='" + type +
@@ -63,7 +101,7 @@ class Comparison {
     if (documents_.size() > 1) add(Kind::second_document, {}, 0, 0);
     for (const auto& [part, written] : written_) compare_written(part, written, expected);
     for (const auto& [part, quantity] : expected)
-      if (!written_.contains(part)) add(Kind::missing, part, 0, quantity);
+      if (!written_.contains(part)) add(Kind::missing, part, 0, quantity.figure());
   }
 
   const WrittenLines& written() const { return written_; }
@@ -72,12 +110,13 @@ class Comparison {
   void compare_written(const std::string& part, const Written& written, const Quantities& expected) {
     result_.lines += static_cast<std::size_t>(written.lines);
     const auto found = expected.find(part);
+    const Expected sum = found == expected.end() ? Expected() : found->second;
     if (written.lines > 1) {
-      add(Kind::doubled, part, written.quantity, found == expected.end() ? 0 : found->second);
+      add(Kind::doubled, part, written.quantity, sum.figure());
     } else if (found == expected.end()) {
       add(Kind::surplus, part, written.quantity, 0);
-    } else if (!same_quantity(written.quantity, found->second)) {
-      add(Kind::differs, part, written.quantity, found->second);
+    } else if (!same_quantity(written.quantity, sum.quantity, sum.rounding)) {
+      add(Kind::differs, part, written.quantity, sum.figure());
     }
   }
 
@@ -95,7 +134,7 @@ class Comparison {
 
 Quantities quantities_of(const PartSums& sums) {
   Quantities quantities;
-  for (const auto& [part, sum] : sums) quantities.emplace(part, sum.quantity());
+  for (const auto& [part, sum] : sums) quantities.emplace(part, Expected{sum.quantity(), sum.rounding()});
   return quantities;
 }
 
@@ -129,7 +168,8 @@ void explain(const PartSums& sums_then, std::vector<Difference>& differences, st
     const auto found = then.find(difference.part);
     const bool was_right = found == then.end() ? difference.kind == Kind::missing
                                                : difference.kind == Kind::differs &&
-                                                     same_quantity(difference.written, found->second);
+                                                     same_quantity(difference.written, found->second.quantity,
+                                                                   found->second.rounding);
     if (was_right) difference.kind = Kind::entered_later;
   }
 }
@@ -154,9 +194,12 @@ bool Verification::sound() const {
       differences, [](const Difference& difference) { return difference.kind == Kind::entered_later; });
 }
 
-bool same_quantity(double left, double right) {
+double Difference::excess() const {
+  return rounded_difference(written, expected);
+}
+
+bool same_quantity(double left, double right, double rounding) {
   constexpr double half_a_unit_of_the_12th_digit = 5e-12;
-  constexpr double rounding = 1e-9;
   const double difference = std::fabs(left - right);
   return difference <= half_a_unit_of_the_12th_digit * std::max(std::fabs(left), std::fabs(right)) ||
          difference <= rounding;
@@ -165,11 +208,8 @@ bool same_quantity(double left, double right) {
 Verification verify_close(const Reader& reader, const CloseRecord& record, const Period& period) {
   Verification result;
   auto by_department = documents_of(reader, period, "STK027CLOSE");
-  Quantities company;
+  CompanySums company;
   const auto made = made_at(reader, record, period);
-  const auto add_up = [&](const Comparison& comparison) {
-    for (const auto& [part, written] : comparison.written()) company[part] += written.quantity;
-  };
   for (const Department& department : departments(reader)) {
     const std::size_t first = result.differences.size();
     Comparison comparison(result, department.number, by_department[department.number]);
@@ -177,19 +217,19 @@ Verification verify_close(const Reader& reader, const CloseRecord& record, const
     if (first != result.differences.size() && made)
       explain(sums_of(reader, department.number, period, entered_by(reader, *made)), result.differences,
               first);
-    add_up(comparison);
+    company.add(comparison.written());
     by_department.erase(department.number);
   }
   // Documents of departments that are gone from the masters.
   for (const auto& [number, documents] : by_department) {
     Comparison comparison(result, number, documents);
     comparison.run(reader, {});
-    add_up(comparison);
+    company.add(comparison.written());
   }
   std::vector<std::string> of_company;
   for (const auto& [number, documents] : documents_of(reader, period, "STKCLOSEALL"))
     of_company.insert(of_company.end(), documents.begin(), documents.end());
-  Comparison(result, "company", of_company).run(reader, company);
+  Comparison(result, "company", of_company).run(reader, company.quantities());
   return result;
 }
 

@@ -25,6 +25,9 @@ struct Difference {
   std::string part;
   double written = 0;
   double expected = 0;
+
+  // How much too much is written, to 12 digits of the larger.
+  double excess() const;
 };
 
 const char* word_of(Difference::Kind kind);
@@ -42,7 +45,7 @@ struct Verification {
 // Compares every line of every close document of the record's date with sums of its own, to 12 digits.
 Verification verify_close(const Reader& reader, const CloseRecord& record, const Period& period);
 
-// Whether two quantities are the same to 12 significant digits, or both nothing but rounding.
-bool same_quantity(double left, double right);
+// Whether two quantities are the same to 12 significant digits, or no further apart than `rounding`.
+bool same_quantity(double left, double right, double rounding = 0);
 
 }  // namespace tallyra::client

@@ -31,7 +31,7 @@ Table differences_table(const Verification& verification) {
     };
     table.rows.push_back({word_of(difference.kind), difference.department, difference.document,
                           difference.part, number(difference.written), number(difference.expected),
-                          number(difference.written - difference.expected)});
+                          number(difference.excess())});
   }
   return table;
 }

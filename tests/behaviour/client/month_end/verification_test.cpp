@@ -98,6 +98,44 @@ TEST_F(TamperedClose, KnowsTheDayOfACloseWithoutItsMoment) {
   EXPECT_EQ(verify(), exit_failed) << client_.all();
 }
 
+// Large movements that cancel each other leave rounding behind, whose size is theirs and not that of the sum.
+class CloseOfLargeMovements : public ClosingClient {
+ protected:
+  CloseOfLargeMovements() {
+    std::string lines;
+    for (const char* quantity : {"98765432109.7", "0.3", "-98765432109.7", "-0.1", "-0.2"})
+      lines += std::string(lines.empty() ? "" : ",") + "('R1',9,'bolt-1'," + quantity + ")";
+    sql({"DELETE FROM STKTRANDT WHERE PARTNO='bolt-1'",
+         "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY) VALUES" + lines});
+    EXPECT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  }
+  void write(const char* quantity) const {
+    sql({std::string("UPDATE STKTRANDT SET QTY=") + quantity +
+         " WHERE PARTNO='bolt-1' AND TRANNO IN (SELECT TRANNO FROM STKTRANHD WHERE "
+         "TRANDT='2024-02-01 00:00:00')"});
+  }
+};
+
+TEST_F(CloseOfLargeMovements, IsRightWhateverRoundingTheSumsLeave) {
+  // In one order of the lines that is their sum, in another one it is 0.
+  for (const char* sum : {"3.0517578124833467E-6", "0"}) {
+    write(sum);
+    EXPECT_EQ(run({"verify", "2024/01/31", "--csv"}), exit_done) << client_.all();
+  }
+  EXPECT_EQ(client_.out(), "what,department,document,part,written,expected,difference\n");
+}
+
+TEST_F(CloseOfLargeMovements, ShowsNoRoundingAsAFigure) {
+  write("0.001");
+  EXPECT_EQ(run({"verify", "2024/01/31", "--csv"}), exit_failed) << client_.all();
+  EXPECT_TRUE(says("\ndiffers,10,027CLOSE00000001,bolt-1,0.001,0,0.001\n")) << client_.all();
+  sql({"DELETE FROM STKTRANDT WHERE TRANNO='R1' AND PARTNO='bolt-1'",
+       "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY) VALUES('R1',9,'bolt-1',1234567.89)"});
+  write("1234567.8901");
+  EXPECT_EQ(run({"verify", "2024/01/31", "--json"}), exit_failed) << client_.all();
+  EXPECT_TRUE(says("\"difference\": 0.0001\n")) << client_.all();
+}
+
 TEST_F(TamperedClose, StandsOnTheOneBeforeItWhateverTheStateOfThat) {
   ASSERT_EQ(run({"approve", "2024/01/31"}), exit_done);
   ASSERT_EQ(run({"close", "2024/02/29"}), exit_done) << client_.all();
@@ -108,8 +146,10 @@ TEST_F(TamperedClose, StandsOnTheOneBeforeItWhateverTheStateOfThat) {
 TEST(SameQuantity, MeansTwelveDigits) {
   EXPECT_TRUE(same_quantity(1234567.89012, 1234567.890120001));
   EXPECT_FALSE(same_quantity(1234567.89012, 1234567.89013));
-  EXPECT_TRUE(same_quantity(0.1 + 0.2 - 0.3, 0));
+  EXPECT_FALSE(same_quantity(0.1 + 0.2 - 0.3, 0)) << "nothing says that this is a sum";
+  EXPECT_TRUE(same_quantity(0.1 + 0.2 - 0.3, 0, 1e-16));
   EXPECT_FALSE(same_quantity(1, -1));
+  EXPECT_FALSE(same_quantity(1e-10, 0)) << "as small as that is not nothing";
 }
 
 }  // namespace
