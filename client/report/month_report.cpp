@@ -6,6 +6,8 @@
 
 #include "automation/convert.h"
 #include "client/month_end/sums.h"
+#include "client/month_end/verification.h"
+#include "client/rounded.h"
 #include "client/value_text.h"
 
 namespace tallyra::client {
@@ -113,8 +115,9 @@ void find_changes(const Source& source, const CompanyLines& before, MonthReport&
   for (const auto number : numbers) {
     PartChange change{std::string(number), source.part(number).name, figure(before, number),
                       figure(source.company, number)};
-    const Figure by = change.now - change.before;
-    if (by.quantity != 0 || by.value != 0) report.changes.push_back(std::move(change));
+    if (!same_quantity(change.now.quantity, change.before.quantity) ||
+        !same_quantity(change.now.value, change.before.value))
+      report.changes.push_back(std::move(change));
   }
   std::ranges::stable_sort(report.changes, std::ranges::greater(), [](const PartChange& change) {
     const Figure by = change.now - change.before;
@@ -145,11 +148,15 @@ void read_differences(const Source& source, const Period& period, MonthReport& r
 
 void find_parts_without_cost(const Source& source, MonthReport& report) {
   for (const auto& [number, line] : source.company)
-    if (line.cost == 0 && line.quantity != 0)
+    if (line.cost == 0 && rounded(line.quantity, figure_decimals) != 0)
       report.without_cost.push_back({number, source.part(number).name, line.quantity});
 }
 
 }  // namespace
+
+Figure Figure::shown() const {
+  return {rounded(quantity, figure_decimals), rounded(value, figure_decimals)};
+}
 
 Figure DepartmentFigures::total() const {
   Figure sum;

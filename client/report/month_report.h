@@ -22,6 +22,8 @@ struct Figure {
   friend Figure operator-(const Figure& left, const Figure& right) {
     return {left.quantity - right.quantity, left.value - right.value};
   }
+  // Without the digits that come from adding up alone.
+  Figure shown() const;
 };
 
 // The number of a material type; none for a part that has none, or that the masters lack.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "automation/convert.h"
+#include "client/rounded.h"
 
 namespace tallyra::client {
 namespace {
@@ -68,7 +69,7 @@ std::string quantity_text(double quantity, const ReportWords& words) {
 }
 
 std::string plain_number(double number) {
-  return automation::to_text(automation::Value(number));
+  return automation::to_text(automation::Value(rounded(number, figure_decimals)));
 }
 
 }  // namespace tallyra::client

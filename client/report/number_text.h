@@ -13,7 +13,7 @@ std::string quantity_text(double quantity, const ReportWords& words);
 // The same with a sign before what is more than nothing.
 std::string signed_value_text(double value, const ReportWords& words);
 
-// For a program: 15 digits and a point.
+// For a program: digits and a point, without what adding up alone has left behind the sixth decimal.
 std::string plain_number(double number);
 
 }  // namespace tallyra::client

@@ -1,5 +1,6 @@
 #include "client/report/page.h"
 #include "client/report/sections.h"
+#include "client/rounded.h"
 #include "client/verbs/context.h"
 
 namespace tallyra::client {
@@ -22,9 +23,10 @@ Table figures_table(const MonthReport& report) {
   for (const DepartmentFigures& department : report.departments)
     for (const auto& [type, figure] : department.by_type) {
       const auto name = report.type_names.find(type);
+      const Figure shown = figure.shown();
       table.rows.push_back({department.number, department.name, type_value(type),
-                            name == report.type_names.end() ? std::string() : name->second, figure.quantity,
-                            figure.value});
+                            name == report.type_names.end() ? std::string() : name->second, shown.quantity,
+                            shown.value});
     }
   return table;
 }
@@ -40,9 +42,9 @@ Table changes_table(const MonthReport& report) {
                number_column("change")},
               {}};
   for (const PartChange& change : report.changes) {
-    const Figure by = change.now - change.before;
-    table.rows.push_back(
-        {change.part, change.name, by.quantity, change.before.value, change.now.value, by.value});
+    const Figure by = (change.now - change.before).shown();
+    table.rows.push_back({change.part, change.name, by.quantity, change.before.shown().value,
+                          change.now.shown().value, by.value});
   }
   return table;
 }
@@ -58,16 +60,18 @@ Table differences_table(const MonthReport& report) {
                number_column("quantity"),
                number_column("value")},
               {}};
-  for (const PostedDifference& posted : report.differences)
+  for (const PostedDifference& posted : report.differences) {
+    const Figure shown = posted.figure.shown();
     table.rows.push_back({day_text(posted.date), posted.stocktaking, posted.document, posted.department,
-                          static_cast<double>(posted.lines), posted.figure.quantity, posted.figure.value});
+                          static_cast<double>(posted.lines), shown.quantity, shown.value});
+  }
   return table;
 }
 
 Table costs_table(const MonthReport& report) {
   Table table{"without_cost", "Parts without a cost", {{"part"}, {"name"}, number_column("quantity")}, {}};
   for (const PartWithoutCost& part : report.without_cost)
-    table.rows.push_back({part.part, part.name, part.quantity});
+    table.rows.push_back({part.part, part.name, rounded(part.quantity, figure_decimals)});
   return table;
 }
 

@@ -14,7 +14,8 @@ namespace {
 
 constexpr Option options[] = {
     {"--output", "FILE",
-     "where the page goes; report-YYYY-MM-DD.html here when nothing is said, - to print it"},
+     "where it goes, - to print it; when nothing is said a page goes to report-YYYY-MM-DD.html here, tables "
+     "are printed"},
 };
 constexpr std::string_view examples[] = {
     "report 2024/01/31 --db stock.db",
@@ -29,7 +30,7 @@ std::string usual_file(automation::Date date) {
   return "report-" + day + ".html";
 }
 
-void write_file(const VerbContext& context, const std::string& path, const std::string& page) {
+void write_file(const VerbContext& context, const std::string& path, const std::string& text) {
   const auto file = file_path(path);
   std::error_code error;
   if (std::filesystem::is_directory(file, error)) throw Refusal("'" + path + "' is a directory, no file");
@@ -37,7 +38,7 @@ void write_file(const VerbContext& context, const std::string& path, const std::
       !context.confirm("'" + path + "' is there already. Replace it?"))
     throw Refusal("nothing was written");
   std::ofstream out(file, std::ios::binary);
-  out << page;
+  out << text;
   out.close();
   if (!out) throw Refusal("'" + path + "' cannot be written");
   context.tell("The report is in " + path + ".");
@@ -50,16 +51,14 @@ ExitStatus run(VerbContext& context) {
   if (!record)
     throw Refusal("there is no close of " + day_text(date) + " to report on; 'status' shows those there are");
   const MonthReport report = read_report(context.reader(), records, *record);
-  if (context.format() != OutputFormat::text) {
-    context.print(report_tables(report));
-    return exit_done;
-  }
-  const std::string page = report_page(report, words_for(context.session().language.value_or("")));
-  const std::string file = context.words().value("--output").value_or(usual_file(date));
+  const bool as_page = context.format() == OutputFormat::text;
+  const std::string text = as_page ? report_page(report, words_for(context.session().language.value_or("")))
+                                   : printed(report_tables(report), context.format(), 0);
+  const std::string file = context.words().value("--output").value_or(as_page ? usual_file(date) : "-");
   if (file == "-")
-    context.console().out << page;
+    context.console().out << text;
   else
-    write_file(context, file, page);
+    write_file(context, file, text);
   return exit_done;
 }
 

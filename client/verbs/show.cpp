@@ -5,6 +5,7 @@
 #include "client/month_end/period.h"
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
+#include "client/report/number_text.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
 
@@ -84,9 +85,8 @@ bool show_document(VerbContext& context, const std::string& number) {
   const Rows note = reader.rows("Select * From STKSHIPNOTE Where TRANNO=" + Reader::text_literal(number));
   if (!note.rows.empty()) tables.push_back(note_table(note));
   context.print(tables);
-  context.tell(std::to_string(lines) + " lines, quantity " +
-               automation::to_text(automation::Value(quantity)) + ", value " +
-               automation::to_text(automation::Value(value)) + ".");
+  context.tell(std::to_string(lines) + " lines, quantity " + plain_number(quantity) + ", value " +
+               plain_number(value) + ".");
   return true;
 }
 

@@ -107,6 +107,33 @@ TEST_F(Report, IsWrittenToAFileAndReplacesNoneUnasked) {
   EXPECT_TRUE(says("there is no close of 2024/03/31")) << client_.all();
 }
 
+TEST_F(Report, PutsTablesWhereItIsTold) {
+  const tests::TestFolder folder;
+  ASSERT_EQ(run({"report", "2024/02/29", "--csv"}), exit_done) << client_.all();
+  const std::string printed = client_.out();
+  const std::string file = folder.file("february.csv");
+  ASSERT_EQ(run({"report", "2024/02/29", "--csv", "--output", file}), exit_done) << client_.all();
+  EXPECT_EQ(client_.out(), "");
+  std::ifstream in(file, std::ios::binary);
+  EXPECT_EQ((std::string{std::istreambuf_iterator<char>(in), {}}), printed);
+}
+
+// What sums leave in the last digits is neither a change nor a stock.
+TEST_F(Report, TakesRoundingForNothing) {
+  const std::string of_company =
+      " AND TRANNO IN (SELECT TRANNO FROM STKTRANHD WHERE TRANTYPE='STKCLOSEALL' AND "
+      "TRANDT='2024-03-01 00:00:00')";
+  sql({"UPDATE STKTRANDT SET QTY=2.000000000000001 WHERE PARTNO='BOLT-1'" + of_company,
+       "UPDATE STKTRANDT SET QTY=0.1+0.2-0.3 WHERE PARTNO='ghost'" + of_company,
+       "UPDATE STKTRANDT SET QTY=0.1+0.2 WHERE PARTNO='frame' AND TRANNO IN (SELECT TRANNO FROM STKTRANHD "
+       "WHERE TRANTYPE='STK027CLOSE' AND TRANDT='2024-03-01 00:00:00')"});
+  ASSERT_EQ(run({"report", "2024/02/29", "--json"}), exit_done) << client_.all();
+  EXPECT_FALSE(says("BOLT-1")) << client_.out();
+  EXPECT_TRUE(says("\"without_cost\": []")) << client_.out();
+  EXPECT_TRUE(says("\"quantity\": 0.3,")) << client_.out();
+  EXPECT_TRUE(says("\"value\": 7.5\n")) << client_.out();
+}
+
 TEST_F(Report, OfTheFirstCloseSaysThatThereIsNoneBefore) {
   ASSERT_EQ(run({"report", "2024/01/31", "--output", "-"}), exit_done);
   EXPECT_TRUE(says("This is the first close.")) << client_.out();

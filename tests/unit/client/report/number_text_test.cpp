@@ -24,7 +24,12 @@ TEST(ReportNumber, HasASignWhereItSaysSomething) {
   EXPECT_EQ(signed_value_text(5, english_words), "+5.00");
   EXPECT_EQ(signed_value_text(0, english_words), "0.00");
   EXPECT_EQ(value_text(-0.001, english_words), "0.00");
+}
+
+TEST(ReportNumber, ForAProgramHasNoRoundingInIt) {
   EXPECT_EQ(plain_number(-1234.5), "-1234.5");
+  EXPECT_EQ(plain_number(0.1 + 0.2), "0.3");
+  EXPECT_EQ(plain_number(0.3 - 0.1 - 0.2), "0");
 }
 
 }  // namespace
