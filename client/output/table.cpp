@@ -1,5 +1,8 @@
 #include "client/output/table.h"
 
+#include <algorithm>
+
+#include "client/display_width.h"
 #include "client/output/json_value.h"
 #include "client/output/text_table.h"
 #include "client/value_text.h"
@@ -10,6 +13,36 @@ namespace {
 // Nothing stands for what is not known: NULL is a word of the raw calls.
 std::string cell_text(const automation::Value& value) {
   return value.is_null() ? std::string() : shown_text(value);
+}
+
+// The lines of a text, each cut into pieces that fit.
+std::string wrapped(const std::string& text, std::size_t width) {
+  std::string result;
+  for (std::string_view line : printable_lines(text)) do {
+      const std::string_view piece = cut_to_width(line, width);
+      result.append(result.empty() ? "" : "\n").append(piece);
+      line.remove_prefix(piece.size());
+    } while (!line.empty());
+  return result;
+}
+
+// A line per column that has something, an empty line between the rows.
+std::string rows_below_each_other(const Table& table, std::size_t width) {
+  constexpr std::size_t gap = 2;
+  constexpr std::size_t least_room = 10;
+  std::size_t names = 0;
+  for (const Column& column : table.columns) names = std::max(names, display_width(column.name));
+  const std::size_t room = std::max(width, names + gap + least_room) - names - gap;
+  std::string text;
+  for (const auto& row : table.rows) {
+    TextTable lines;
+    for (std::size_t i = 0; i < row.size(); ++i)
+      if (const std::string cell = cell_text(row[i]); !cell.empty())
+        lines.add_row({table.columns[i].name, wrapped(cell, room)});
+    if (!text.empty()) text += '\n';
+    lines.append_to(text);
+  }
+  return text.empty() ? "(none)\n" : text;
 }
 
 std::string as_text(const Table& table, std::size_t width) {
@@ -27,8 +60,10 @@ std::string as_text(const Table& table, std::size_t width) {
     for (const auto& value : row) cells.push_back(cell_text(value));
     lines.add_row(cells);
   }
-  if (width != 0) lines.fit(width);
-  lines.append_with_heading(text);
+  if (width == 0 || lines.fit(width))
+    lines.append_with_heading(text);
+  else
+    text += rows_below_each_other(table, width);
   return text;
 }
 

@@ -29,7 +29,8 @@ inline Column number_column(std::string name) {
 
 enum class OutputFormat { text, csv, json };
 
-// `width` is that of the terminal, to which tables are fitted; 0 prints them as wide as they are. JSON is one
+// `width` is that of the terminal, to which tables are fitted: by shortening texts, and where that does not
+// do, with the columns of each row below each other; 0 prints them as wide as they are. JSON is one
 // object, {"name": [{"column": value, ...}, ...], ...}; tables of comma-separated values follow each other
 // with an empty line between them.
 std::string printed(const std::vector<Table>& tables, OutputFormat format, std::size_t width);

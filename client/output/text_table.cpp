@@ -23,23 +23,23 @@ void TextTable::add_row(const std::vector<std::string>& cells) {
   }
 }
 
-void TextTable::fit(std::size_t width) {
+bool TextTable::fit(std::size_t width) {
   constexpr std::size_t readable = 10;  // a date is never cut
-  if (widths_.empty()) return;
-  std::size_t total = std::reduce(widths_.begin(), widths_.end()) + gap * (widths_.size() - 1);
-  std::vector<bool> shortened(widths_.size());
-  while (total > width) {
-    std::size_t widest = widths_.size();
-    for (std::size_t i = 0; i < widths_.size(); ++i)
-      if (!is_right(i) && widths_[i] > readable && (widest == widths_.size() || widths_[i] > widths_[widest]))
+  if (widths_.empty()) return true;
+  std::vector<std::size_t> widths = widths_;
+  std::size_t total = std::reduce(widths.begin(), widths.end()) + gap * (widths.size() - 1);
+  for (; total > width; --total) {
+    std::size_t widest = widths.size();
+    for (std::size_t i = 0; i < widths.size(); ++i)
+      if (!is_right(i) && widths[i] > readable && (widest == widths.size() || widths[i] > widths[widest]))
         widest = i;
-    if (widest == widths_.size()) break;
-    --widths_[widest];
-    --total;
-    shortened[widest] = true;
+    if (widest == widths.size()) return false;
+    --widths[widest];
   }
+  widths_.swap(widths);
   for (std::size_t i = 0; i < widths_.size(); ++i)
-    if (shortened[i]) shorten(i);
+    if (widths_[i] < widths[i]) shorten(i);
+  return true;
 }
 
 void TextTable::shorten(std::size_t column) {

@@ -20,8 +20,8 @@ class TextTable {
   void add_row(std::initializer_list<std::string_view> cells) { add_row({cells.begin(), cells.end()}); }
 
   // Shortens the cells of the widest left columns until a row takes no more than `width` columns of a
-  // terminal, as far as that leaves them readable.
-  void fit(std::size_t width);
+  // terminal. Where that would leave cells that cannot be read it does nothing and returns false.
+  bool fit(std::size_t width);
 
   // Draws a line under the first row.
   void append_with_heading(std::string& out) const { append(out, true); }

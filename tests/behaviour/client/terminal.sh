@@ -41,6 +41,15 @@ check "lines of a sheet in 120 columns" "$(rows <<<"$screen")" "$(rows <<<"$pipe
 check "a sheet fits into 120 columns" "$([ "$(wc -L <<<"$screen")" -le 120 ] && echo yes)" yes
 check "a sheet is not shortened behind a pipe" "$(grep -c … <<<"$piped")" 0
 
+# Where the columns do not fit beside each other they stand below each other: nothing is wider than the terminal.
+document=$(tallyra-client list CTranHead --type STK010POREV --limit 1 --csv --quiet | tail -n 1 | cut -d, -f1)
+for look in "$sheet" "tallyra-client list CTranHead --limit 5 --quiet" "tallyra-client show $document --quiet"; do
+  shown 40 "$look" >screen
+  check "'$look' fits into 40 columns" "$([ "$(tr -d '\r' <sent | wc -L)" -le 40 ] && echo yes)" yes
+done
+shown 40 "tallyra-client list CTranDetail --department 10 --limit 9 --quiet" >screen
+check "each of nine lines of documents has its own lines in 40 columns" "$(grep -c '^part   ' screen)" 9
+
 close="tallyra-client close 2024/01/31 --yes"
 for columns in 40 120; do
   screen=$(shown $columns "$close")

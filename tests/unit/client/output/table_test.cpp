@@ -30,6 +30,30 @@ TEST(PrintedTable, IsFittedToTheTerminalByShorteningTexts) {
             "P22     -3\n");
 }
 
+TEST(PrintedTable, HasItsColumnsBelowEachOtherWhereTheyDoNotFitBeside) {
+  EXPECT_EQ(printed({sample()}, OutputFormat::text, 16),
+            "Parts\n"
+            "part  P1\n"
+            "qty   12.5\n"
+            "name  bolt, \"lon\n"
+            "      g\"\n"
+            "\n"
+            "part  P22\n"
+            "qty   -3\n");
+  EXPECT_EQ(printed({{"none", "None", {{"a column"}, {"another"}}, {}}}, OutputFormat::text, 16),
+            "None\n(none)\n");
+}
+
+TEST(PrintedTable, IsNoWiderThanTheTerminalWhateverIsInIt) {
+  const Table table{"t", "", {{"部门"}, {"x"}}, {{"螺丝螺丝螺丝螺丝螺丝螺丝", "a\nb\x1B"}}};
+  EXPECT_EQ(printed({table}, OutputFormat::text, 16),
+            "部门  螺丝螺丝螺\n"
+            "      丝螺丝螺丝\n"
+            "      螺丝\n"
+            "x     a\n"
+            "      b\\x1B\n");
+}
+
 TEST(PrintedTable, QuotesInCommaSeparatedValuesWhatNeedsIt) {
   EXPECT_EQ(printed({sample(), {"none", "", {{"x"}}, {}}}, OutputFormat::csv, 20),
             "part,qty,name\n"

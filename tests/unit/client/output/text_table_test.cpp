@@ -43,12 +43,14 @@ TEST(TextTable, ATextOfSeveralLinesStaysInItsColumn) {
 TEST(TextTable, TheWidestLeftColumnsAreShortenedToFit) {
   TextTable table({Align::left, Align::left, Align::right});
   table.add_row({"a rather long description", "0123456789", "1234567890123"});
-  table.fit(40);
+  EXPECT_TRUE(table.fit(40));
   EXPECT_EQ(text_of(table), "a rather lon…  0123456789  1234567890123\n");
   TextTable narrow;
   narrow.add_row({"0123456789abc", "2024/01/31"});
-  narrow.fit(3);
-  EXPECT_EQ(text_of(narrow), "012345678…  2024/01/31\n") << "no further than it can be read";
+  EXPECT_FALSE(narrow.fit(21)) << "no further than it can be read";
+  EXPECT_EQ(text_of(narrow), "0123456789abc  2024/01/31\n");
+  EXPECT_TRUE(narrow.fit(22));
+  EXPECT_EQ(text_of(narrow), "012345678…  2024/01/31\n");
 }
 
 }  // namespace
