@@ -9,6 +9,7 @@
 #include "automation/folded_name.h"
 #include "client/catalogue.h"
 #include "client/configuration.h"
+#include "client/display_width.h"
 #include "client/failure.h"
 #include "client/raw_call.h"
 #include "client/refusal.h"
@@ -81,7 +82,7 @@ std::string meant_instead(const std::vector<std::string>& words) {
 }
 
 void tell_usage(const UsageError& error, const std::vector<std::string>& words, const Console& console) {
-  const std::string text = error.what();
+  const std::string text = printable(error.what());
   const bool suggested = text.find("did you mean") != std::string::npos;
   console.error << "tallyra-client: " << text << (suggested ? std::string() : meant_instead(words))
                 << "\nTry 'tallyra-client --help'.\n";
@@ -97,7 +98,7 @@ ExitStatus run_client(const std::vector<std::string>& words, const Console& cons
     tell_usage(error, words, console);
     return exit_wrong_usage;
   } catch (const Refusal& refusal) {
-    console.error << "tallyra-client: " << refusal.what() << "\n";
+    console.error << "tallyra-client: " << printable(refusal.what()) << "\n";
     return refusal.status();
   } catch (const automation::Error& error) {
     tell_failure(error, console);

@@ -108,6 +108,23 @@ std::vector<std::string> printable_lines(std::string_view text) {
   return lines;
 }
 
+std::string printable(std::string_view text) {
+  std::string result;
+  for (const std::string& line : printable_lines(text)) result.append(line) += '\n';
+  result.pop_back();
+  return result;
+}
+
+bool is_text(std::string_view text) {
+  while (!text.empty()) {
+    const Decoded next = decode(text);
+    const bool blank = next.character == '\n' || next.character == '\r' || next.character == '\t';
+    if (!next.valid || (is_control(next.character) && !blank)) return false;
+    text.remove_prefix(next.length);
+  }
+  return true;
+}
+
 std::string_view cut_to_width(std::string_view text, std::size_t width) {
   std::size_t length = 0;
   std::size_t used = 0;

@@ -15,6 +15,12 @@ std::size_t display_width(std::string_view text);
 // bytes that are no UTF-8 as U+FFFD. At least one line, also for an empty text.
 std::vector<std::string> printable_lines(std::string_view text);
 
+// The same lines in one text.
+std::string printable(std::string_view text);
+
+// Whether it is UTF-8 without control characters other than line ends and tabs.
+bool is_text(std::string_view text);
+
 // The longest beginning of a text that fits into `width` columns.
 std::string_view cut_to_width(std::string_view text, std::size_t width);
 

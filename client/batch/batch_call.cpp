@@ -79,11 +79,18 @@ Call call_of(const Json& json) {
   return call;
 }
 
+// Deeper ones would need more stack than there is.
+bool refuse_depth(int depth, Json::parse_event_t, const Json&) {
+  constexpr int deepest = 8;
+  if (depth > deepest) throw UsageError("no call has values within values that deep");
+  return true;
+}
+
 }  // namespace
 
 Call parse_batch_line(const std::string& line) {
   try {
-    return call_of(Json::parse(line));
+    return call_of(Json::parse(line, refuse_depth));
   } catch (const Json::exception& error) {
     throw UsageError(std::string("no JSON: ") + error.what());
   }

@@ -5,6 +5,7 @@
 
 #include "automation/convert.h"
 #include "automation/folded_name.h"
+#include "client/display_width.h"
 #include "client/stocktaking/separated_values.h"
 #include "client/strict_number.h"
 
@@ -13,6 +14,14 @@ namespace {
 
 constexpr std::size_t longest_part = 40;
 constexpr std::size_t longest_notes = 255;
+constexpr const char* known_columns[] = {"part", "counted", "department", "date", "price", "notes"};
+
+// What a spreadsheet has written in an older encoding, or as something that is no text at all.
+bool is_readable(const SeparatedRow& row) {
+  return std::ranges::all_of(row.cells, is_text);
+}
+constexpr const char* unreadable =
+    "there are characters that are no UTF-8 text; save the sheet as CSV in UTF-8";
 
 class SheetReader {
  public:
@@ -20,10 +29,20 @@ class SheetReader {
 
   // Whether the sheet can be read on.
   bool heading(const SeparatedRow& row) {
+    if (!is_readable(row)) {
+      wrong(row.line, unreadable);
+      return false;
+    }
     width_ = row.cells.size();
-    for (std::size_t i = 0; i < row.cells.size(); ++i)
-      columns_.emplace(automation::folded(automation::trimmed(row.cells[i])), i);
     bool complete = true;
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+      const std::string name = automation::folded(automation::trimmed(row.cells[i]));
+      if (columns_.emplace(name, i).second ||
+          std::ranges::find(known_columns, name) == std::end(known_columns))
+        continue;
+      complete = false;
+      wrong(row.line, "there are two columns '" + name + "'");
+    }
     for (const char* needed : {"part", "counted"})
       if (!columns_.contains(needed)) {
         complete = false;
@@ -34,6 +53,13 @@ class SheetReader {
 
   void line(const SeparatedRow& row) {
     row_ = &row;
+    if (row.open_quote)
+      wrong(row.line,
+            "a quote is opened and not closed: the lines that follow it are taken for a part of it");
+    if (!is_readable(row)) {
+      wrong(row.line, unreadable);
+      return;
+    }
     if (row.cells.size() > width_) {
       wrong(row.line, "there are " + std::to_string(row.cells.size()) + " cells under " +
                           std::to_string(width_) +

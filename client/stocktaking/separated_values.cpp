@@ -19,6 +19,7 @@ class RowReader {
 
   std::vector<SeparatedRow> read() {
     while (at_ < text_.size()) take(text_[at_]);
+    row_.open_quote = quoted_;
     end_row();
     return std::move(rows_);
   }

@@ -85,7 +85,7 @@ ExitStatus approve(VerbContext& context, const Stocktaking& stocktaking,
   const auto posted = posted_parts(context.reader(), number);
   context.print(posted_table(parts, posted));
   context.tell("Approved " + number + "; read back, it is stored, with " + std::to_string(posted.size()) +
-               " parts posted.");
+               (posted.size() == 1 ? " part posted." : " parts posted."));
   const bool twice = stocktaking.postings != 0;
   journal(context, {"count approve", number, "done", twice ? "forced: again" : ""});
   return exit_done;

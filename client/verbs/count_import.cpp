@@ -72,8 +72,9 @@ ExitStatus run(VerbContext& context) {
   journal(context, {"count import", number, "done",
                     std::to_string(sheet.lines.size()) + " lines of department " + sheet.department});
   context.tell("Entered stocktaking " + number + ": " + std::to_string(sheet.lines.size()) +
-               " parts of department " + sheet.department + " on " + day_text(*sheet.day) + "; " +
-               std::to_string(sheet.not_counted) + " were not counted. 'count approve " + number +
+               (sheet.lines.size() == 1 ? " part" : " parts") + " of department " + sheet.department +
+               " on " + day_text(*sheet.day) + "; " + std::to_string(sheet.not_counted) +
+               (sheet.not_counted == 1 ? " was" : " were") + " not counted. 'count approve " + number +
                "' posts what differs.");
   return exit_done;
 }

@@ -50,6 +50,18 @@ TEST(PrintableLines, CutsAtLineEndsAndDefusesControlCharacters) {
   for (const auto& row : rows) EXPECT_EQ(printable_lines(row.text), row.lines) << row.text;
 }
 
+TEST(PrintableText, KeepsItsLines) {
+  EXPECT_EQ(printable("\none\x1B\n\ntwo\n"), "\none\\x1B\n\ntwo\n");
+  EXPECT_EQ(printable(""), "");
+}
+
+TEST(IsText, WhatIsUtf8WithoutControlCharacters) {
+  for (const char* text : {"", "Grün", "仓库", "two\r\nlines\tand a tab"}) EXPECT_TRUE(is_text(text)) << text;
+  for (const char* text : {"gr\xFCn", "\x1B[2J", "\xED\xA0\x80", "\xC2\x9B"})
+    EXPECT_FALSE(is_text(text)) << text;
+  EXPECT_FALSE(is_text(std::string_view("\0", 1)));
+}
+
 TEST(CutToWidth, KeepsWholeCharactersThatFit) {
   EXPECT_EQ(cut_to_width("abc", 5), "abc");
   EXPECT_EQ(cut_to_width("abc", 3), "abc");

@@ -1,4 +1,7 @@
+#include <csignal>
+
 #include "tests/behaviour/client/stocktaking/counting_client.h"
+#include "tests/support/watched_calls.h"
 
 namespace tallyra::client {
 namespace {
@@ -41,7 +44,7 @@ TEST_F(CountingClient, EntersWhatComesBackOfItsOwnSheet) {
   sheet.replace(sheet.find(row), row.size(), row + "10.5");
   ASSERT_EQ(import(sheet), exit_done) << client_.all();
   EXPECT_EQ(stored(), "10-20240131|2024/01/31|10|0\n10-20240131|bolt-1|10.5|NULL\n");
-  EXPECT_TRUE(says("1 parts of department 10 on 2024/01/31; 3 were not counted"));
+  EXPECT_TRUE(says("1 part of department 10 on 2024/01/31; 3 were not counted"));
   EXPECT_EQ(import(sheet), exit_failed);
   EXPECT_TRUE(says("there is a stocktaking 10-20240131 already"));
 }
@@ -77,6 +80,23 @@ TEST_F(CountingClient, TellsAllErrorsOfASheetAtOnceAndWritesNothing) {
   EXPECT_EQ(stored(), "");
 }
 
+// As a spreadsheet saves it when it is not told otherwise, as no spreadsheet does, and with a quote too few.
+TEST_F(CountingClient, RefusesWhatItWouldReadWrongly) {
+  const std::string heading = "part,counted,notes\n";
+  for (const char* row : {"bolt-1,1,gr\xFCn\n", "bolt-1,1,\x1B[2J\n"}) {
+    EXPECT_EQ(import(heading + "Bolt1,1,good\n" + row, on_department_10), exit_failed) << row;
+    EXPECT_TRUE(says("line 3: there are characters that are no UTF-8 text")) << client_.error();
+  }
+  EXPECT_EQ(import(std::string("\xFF\xFEp\0a\0", 6), on_department_10), exit_failed);
+  EXPECT_TRUE(says("line 1: there are characters that are no UTF-8")) << client_.error();
+  EXPECT_FALSE(says("no column")) << client_.error();
+  EXPECT_EQ(import(heading + "bolt-1,1,\"5 inches\nBolt1,1,\n", on_department_10), exit_failed);
+  EXPECT_TRUE(says("line 2: a quote is opened and not closed")) << client_.error();
+  EXPECT_EQ(import("part,counted,Counted\nbolt-1,1,2\n", on_department_10), exit_failed);
+  EXPECT_TRUE(says("line 1: there are two columns 'counted'")) << client_.error();
+  EXPECT_EQ(stored(), "");
+}
+
 TEST_F(CountingClient, RefusesASheetThatBelongsNowhere) {
   EXPECT_EQ(import("part,counted\nbolt-1,1\n"), exit_failed);
   EXPECT_TRUE(says("no department") && says("no date")) << client_.error();
@@ -100,6 +120,19 @@ TEST_F(CountingClient, LeavesNothingOfAnImportThatFailsInTheMiddle) {
   company_.refuse("FULL_UP", "INSERT", "STKCHECKDT", "NEW.PARTNO='Bolt1'", "full up");
   EXPECT_EQ(import("part,counted\nbolt-1,1\nBolt1,1\n", on_department_10), exit_failed);
   EXPECT_TRUE(says("line 3, part Bolt1: error") && says("nothing of C1 is left")) << client_.error();
+  EXPECT_EQ(stored(), "");
+}
+
+TEST_F(CountingClient, LeavesNothingOfAnImportThatIsInterrupted) {
+  {
+    bool raised = false;
+    const behaviour::WatchedCalls watched([&](const std::string& call, const std::function<void()>& run_it) {
+      run_it();
+      if (!raised && call.find("Into STKCHECKDT") != std::string::npos) raised = std::raise(SIGINT) == 0;
+    });
+    EXPECT_EQ(import("part,counted\nbolt-1,1\nBolt1,1\n", on_department_10), exit_interrupted);
+  }
+  EXPECT_TRUE(says("interrupted") && says("nothing of C1 is left")) << client_.error();
   EXPECT_EQ(stored(), "");
 }
 

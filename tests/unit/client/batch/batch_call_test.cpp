@@ -62,5 +62,11 @@ TEST(BatchCall, IsRefusedWithWhatIsWrong) {
     }
 }
 
+TEST(BatchCall, IsNoDeepTree) {
+  const std::string begin = R"({"class":"CRevAddr","member":"Read","arguments":[)";
+  constexpr std::size_t deep = 1'000'000;
+  EXPECT_THROW(parse_batch_line(begin + std::string(deep, '[') + std::string(deep, ']') + "]}"), UsageError);
+}
+
 }  // namespace
 }  // namespace tallyra::client

@@ -25,6 +25,8 @@ TEST(SeparatedValues, AreSplitByTheMarkOfTheFirstRow) {
 TEST(SeparatedValues, KeepWhatIsQuoted) {
   EXPECT_EQ(shown("a,\"b,\"\"c\"\"\nd\"\ne\n"), "1:<a><b,\"c\"\nd>3:<e>");
   EXPECT_EQ(shown("a,\"open\nb"), "1:<a><open\nb>");
+  EXPECT_TRUE(separated_rows("a,\"open\nb").back().open_quote);
+  EXPECT_FALSE(separated_rows("a,\"shut\"\nb").back().open_quote);
   EXPECT_EQ(shown("5\" pipe,1"), "1:<5\" pipe><1>");
 }
 
