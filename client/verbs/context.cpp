@@ -32,7 +32,12 @@ const Session& VerbContext::session() const {
 }
 
 const Reader& VerbContext::reader() {
-  if (!reader_) reader_.emplace(*session().connection_string, session_.database_kind);
+  if (!reader_) {
+    const WaitNotice notice(console_);
+    reader_.emplace(*session().connection_string, session_.database_kind);
+    // Whoever keeps others from reading does so here, where it is told.
+    reader_->has_table("STKCLOSEHD");
+  }
   return *reader_;
 }
 

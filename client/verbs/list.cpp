@@ -90,6 +90,21 @@ std::string query_for(const ListedClass& listed, const std::string& condition) {
          std::string(listed.order);
 }
 
+// Those without a date come last: engines differ in where Null sorts.
+std::vector<Row> rows_of(const Reader& reader, const ListedClass& listed, const std::string& condition,
+                         std::size_t limit) {
+  const auto rows = [&](const std::string& where, std::size_t most) {
+    const std::string query = query_for(listed, where);
+    return limit == 0 ? reader.rows(query).rows : reader.first_rows(query, most).rows;
+  };
+  if (listed.date.empty()) return rows(condition, limit);
+  const std::string date = (condition.empty() ? " Where " : condition + " And ") + std::string(listed.date);
+  std::vector<Row> result = rows(date + " Is Not Null", limit);
+  if (limit != 0 && result.size() == limit) return result;
+  for (Row& row : rows(date + " Is Null", limit - result.size())) result.push_back(std::move(row));
+  return result;
+}
+
 ExitStatus run(VerbContext& context) {
   constexpr std::size_t usual_limit = 100;
   const ListedClass& listed = listed_class(context.argument(0));
@@ -98,9 +113,7 @@ ExitStatus run(VerbContext& context) {
   Table table{"rows", "", {}, {}};
   for (const ListedColumn& column : listed.columns)
     table.columns.push_back({std::string(column.heading), column.is_number ? Align::right : Align::left});
-  const std::string query = query_for(listed, condition);
-  table.rows =
-      limit == 0 ? context.reader().rows(query).rows : context.reader().first_rows(query, limit).rows;
+  table.rows = rows_of(context.reader(), listed, condition, limit);
   const std::size_t shown = table.rows.size();
   context.print(table);
   if (limit == 0 || shown < limit) return exit_done;
