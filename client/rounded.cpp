@@ -27,4 +27,11 @@ double rounded_difference(double left, double right) {
   return rounded(difference, std::clamp(digits - before_the_point, 0, most_decimals));
 }
 
+bool same_quantity(double left, double right, double rounding) {
+  constexpr double half_a_unit_of_the_12th_digit = 5e-12;
+  const double difference = std::fabs(left - right);
+  return difference <= half_a_unit_of_the_12th_digit * std::max(std::fabs(left), std::fabs(right)) ||
+         difference <= rounding;
+}
+
 }  // namespace tallyra::client

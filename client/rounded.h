@@ -13,4 +13,7 @@ inline constexpr int figure_decimals = 6;
 // 1234567.89, not 0.0000999998.
 double rounded_difference(double left, double right);
 
+// Whether two quantities are the same to 12 significant digits, or no further apart than `rounding`.
+bool same_quantity(double left, double right, double rounding = 0);
+
 }  // namespace tallyra::client

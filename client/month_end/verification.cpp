@@ -198,13 +198,6 @@ double Difference::excess() const {
   return rounded_difference(written, expected);
 }
 
-bool same_quantity(double left, double right, double rounding) {
-  constexpr double half_a_unit_of_the_12th_digit = 5e-12;
-  const double difference = std::fabs(left - right);
-  return difference <= half_a_unit_of_the_12th_digit * std::max(std::fabs(left), std::fabs(right)) ||
-         difference <= rounding;
-}
-
 Verification verify_close(const Reader& reader, const CloseRecord& record, const Period& period) {
   Verification result;
   auto by_department = documents_of(reader, period, "STK027CLOSE");

@@ -45,7 +45,4 @@ struct Verification {
 // Compares every line of every close document of the record's date with sums of its own, to 12 digits.
 Verification verify_close(const Reader& reader, const CloseRecord& record, const Period& period);
 
-// Whether two quantities are the same to 12 significant digits, or no further apart than `rounding`.
-bool same_quantity(double left, double right, double rounding = 0);
-
 }  // namespace tallyra::client

@@ -6,7 +6,6 @@
 
 #include "automation/convert.h"
 #include "client/month_end/sums.h"
-#include "client/month_end/verification.h"
 #include "client/rounded.h"
 #include "client/value_text.h"
 

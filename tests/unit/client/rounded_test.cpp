@@ -32,5 +32,14 @@ TEST(RoundedDifference, HasTheDigitsThatTheNumbersHave) {
   EXPECT_EQ(rounded_difference(infinity, 1), infinity);
 }
 
+TEST(SameQuantity, MeansTwelveDigits) {
+  EXPECT_TRUE(same_quantity(1234567.89012, 1234567.890120001));
+  EXPECT_FALSE(same_quantity(1234567.89012, 1234567.89013));
+  EXPECT_FALSE(same_quantity(0.1 + 0.2 - 0.3, 0)) << "nothing says that this is a sum";
+  EXPECT_TRUE(same_quantity(0.1 + 0.2 - 0.3, 0, 1e-16));
+  EXPECT_FALSE(same_quantity(1, -1));
+  EXPECT_FALSE(same_quantity(1e-10, 0)) << "as small as that is not nothing";
+}
+
 }  // namespace
 }  // namespace tallyra::client

@@ -143,14 +143,5 @@ TEST_F(TamperedClose, StandsOnTheOneBeforeItWhateverTheStateOfThat) {
   EXPECT_EQ(run({"verify", "2024/02/29"}), exit_done) << client_.all();
 }
 
-TEST(SameQuantity, MeansTwelveDigits) {
-  EXPECT_TRUE(same_quantity(1234567.89012, 1234567.890120001));
-  EXPECT_FALSE(same_quantity(1234567.89012, 1234567.89013));
-  EXPECT_FALSE(same_quantity(0.1 + 0.2 - 0.3, 0)) << "nothing says that this is a sum";
-  EXPECT_TRUE(same_quantity(0.1 + 0.2 - 0.3, 0, 1e-16));
-  EXPECT_FALSE(same_quantity(1, -1));
-  EXPECT_FALSE(same_quantity(1e-10, 0)) << "as small as that is not nothing";
-}
-
 }  // namespace
 }  // namespace tallyra::client
