@@ -72,8 +72,17 @@ ExitStatus take_back(VerbContext& context, const std::string& number, const std:
                      : ". The approval could not be taken back: " + failure_text(undone.outcome)));
 }
 
+// What --force was needed for, as the journal has it.
+std::string forced_text(const Reader& reader, const Stocktaking& stocktaking) {
+  std::string text;
+  if (stocktaking.approved || stocktaking.postings != 0) text.append(" ").append(again);
+  if (close_over(reader, stocktaking)) text.append(" ").append(closed);
+  return text.empty() ? text : "forced:" + text;
+}
+
 ExitStatus approve(VerbContext& context, const Stocktaking& stocktaking,
                    const std::vector<CountedPart>& parts) {
+  const std::string forced = forced_text(context.reader(), stocktaking);
   const std::string& number = stocktaking.number;
   const StatusChange change = change_status(context, number, true);
   if (!change.stored) {
@@ -86,8 +95,7 @@ ExitStatus approve(VerbContext& context, const Stocktaking& stocktaking,
   context.print(posted_table(parts, posted));
   context.tell("Approved " + number + "; read back, it is stored, with " + std::to_string(posted.size()) +
                (posted.size() == 1 ? " part posted." : " parts posted."));
-  const bool twice = stocktaking.postings != 0;
-  journal(context, {"count approve", number, "done", twice ? "forced: again" : ""});
+  journal(context, {"count approve", number, "done", forced});
   return exit_done;
 }
 

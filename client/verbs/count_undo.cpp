@@ -47,7 +47,8 @@ ExitStatus run(VerbContext& context) {
     journal(context, {"count undo", number, "failed", failure_text(change.outcome)});
     throw Refusal("the approval of " + number + " was not taken back: " + failure_text(change.outcome));
   }
-  journal(context, {"count undo", number, "done", ""});
+  const std::string forced = close_over(context.reader(), asked) ? "forced: " + std::string(closed) : "";
+  journal(context, {"count undo", number, "done", forced});
   context.tell("Took back the approval of " + number + "; read back, it is open and nothing is posted.");
   return exit_done;
 }

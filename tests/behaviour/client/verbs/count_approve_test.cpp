@@ -105,6 +105,20 @@ TEST_F(CountingClient, LeavesAClosedMonthAlone) {
   EXPECT_EQ(posted(), "");
 }
 
+TEST_F(CountingClient, TellsTheJournalWhatWasForced) {
+  enter();
+  close_and_approve("2024/01/31");
+  ASSERT_EQ(run({"count", "approve", "C1", "--force", "again,closed-period"}), exit_done) << client_.all();
+  ASSERT_EQ(run({"count", "approve", "C1", "--force", "again,closed-period"}), exit_done) << client_.all();
+  EXPECT_EQ(run({"count", "undo", "C1"}), exit_failed);
+  ASSERT_EQ(run({"count", "undo", "C1", "--force", "closed-period"}), exit_done) << client_.all();
+  ASSERT_EQ(run({"log", "--csv"}), exit_done);
+  for (const char* entry :
+       {",count approve,C1,done,forced: closed-period,",
+        ",count approve,C1,done,forced: again closed-period,", ",count undo,C1,done,forced: closed-period,"})
+    EXPECT_TRUE(says(entry)) << entry << client_.out();
+}
+
 TEST_F(CountingClient, ApprovesNothingBesideAnUnfinishedClose) {
   enter();
   sql(
