@@ -26,11 +26,19 @@ Comparison against_odbc(const std::vector<double>& seconds, double megabytes = 8
   return result;
 }
 
+// A component of one second against a prepared replay that takes so long.
+Comparison against_prepared(double seconds) {
+  Comparison result;
+  result.component = series_of({1, 1, 1}, 9);
+  result.replays[Against::prepared] = series_of({seconds, seconds, seconds}, 8);
+  return result;
+}
+
 // Work of which more is wanted than is there.
-Scenario calls() {
+Scenario small_approval() {
   Scenario scenario;
-  scenario.work = "record calls";
-  scenario.size = "800 calls";
+  scenario.work = "approval";
+  scenario.size = "50 lines over 5,000";
   return scenario;
 }
 
@@ -63,12 +71,12 @@ TEST(Limits, TellWhatIsBroken) {
 }
 
 TEST(Limits, HoldTheGoalsOnlyWhenAsked) {
-  const double goal = limit_to_odbc(calls(), Hold::goal);
-  const double now = limit_to_odbc(calls(), Hold::now);
-  ASSERT_LT(goal, now);
-  const double between = 1 / ((goal + now) / 2);
-  EXPECT_TRUE(broken_limits(calls(), against_odbc({between}), Hold::now).empty());
-  EXPECT_FALSE(broken_limits(calls(), against_odbc({between}), Hold::goal).empty());
+  const Limit* const limit = limit_of("approval", "50 lines over 5,000", Against::prepared);
+  ASSERT_NE(limit, nullptr);
+  ASSERT_LT(limit->goal, limit->now);
+  const double between = 2 / (limit->goal + limit->now);
+  EXPECT_TRUE(broken_limits(small_approval(), against_prepared(between), Hold::now).empty());
+  EXPECT_FALSE(broken_limits(small_approval(), against_prepared(between), Hold::goal).empty());
 }
 
 TEST(Limits, HoldThePreparedReplayToo) {
