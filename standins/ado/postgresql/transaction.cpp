@@ -19,6 +19,9 @@ constexpr std::size_t most_repeated_bytes = std::size_t{64} * 1024;
 const std::string set_savepoint = "SAVEPOINT tallyra";
 const std::string release_savepoint = "RELEASE SAVEPOINT tallyra";
 const std::string go_to_savepoint = "ROLLBACK TO SAVEPOINT tallyra";
+const std::string set_shape_savepoint = "SAVEPOINT tallyra_shape";
+const std::string release_shape_savepoint = "RELEASE SAVEPOINT tallyra_shape";
+const std::string go_to_shape_savepoint = "ROLLBACK TO SAVEPOINT tallyra_shape";
 const std::string go_to_beginning = "ROLLBACK AND CHAIN";
 
 bool all_succeeded(const std::vector<Result>& results) {
@@ -138,19 +141,19 @@ Result Transaction::prepare(const std::string& name, const std::string& sql, con
                             const std::string& discarded) {
   require_usable();
   const bool inside = wire_.transaction() == PQTRANS_INTRANS;
-  if (inside) wire_.add("SAVEPOINT tallyra_shape");
+  if (inside) wire_.add(set_shape_savepoint);
   if (!discarded.empty()) wire_.add("DEALLOCATE " + discarded);
   wire_.add_preparation(name, sql, types);
   wire_.add_description(name);
+  if (inside) wire_.add(release_shape_savepoint);
   std::vector<Result>& results = exchange();
-  const bool done = all_succeeded(results);
-  Result description = std::move(results.back());
+  if (all_succeeded(results)) return std::move(results[results.size() - (inside ? 2 : 1)]);
   if (inside) {
-    if (!done) wire_.add("ROLLBACK TO SAVEPOINT tallyra_shape");
-    wire_.add("RELEASE SAVEPOINT tallyra_shape");
+    wire_.add(go_to_shape_savepoint);
+    wire_.add(release_shape_savepoint);
     if (!all_succeeded(exchange())) lose("its savepoint is gone");
   }
-  return done ? std::move(description) : Result();
+  return {};
 }
 
 void Transaction::add(const Command& command) {

@@ -160,6 +160,23 @@ TEST_F(PostgresqlSessionTest, ATableThatChangesIsSeenAnew) {
   EXPECT_EQ(remaining(open_recordset(connection, "Select Q From U Where A=7 Order By Q"), 0), "2 3 4");
 }
 
+// By what becomes of an empty text.
+TEST_F(PostgresqlSessionTest, KnowsTheDateColumnsOfWhatABareNameLeadsTo) {
+  server().administer(database(), "CREATE SCHEMA other");
+  server().administer(database(), "CREATE TABLE other.V(D timestamp)");
+  server().administer(database(), "CREATE DOMAIN moment AS timestamp(0)");
+  execute(connection, "Create Table V(D varchar(20), E moment)");
+  execute(connection, "Create Table \"an odd. one\"(D timestamp(0))");
+  execute(connection, "Create View W As Select D As SINCE From \"an odd. one\"");
+  const Object next = open_connection();
+  execute(next, "Insert Into V(D,E) Values('','')");
+  EXPECT_EQ(scalar(next, "Select D From V"), Value(""));
+  EXPECT_EQ(scalar(next, "Select E From V"), Value(day(1900, 1, 1)));
+  execute(next, "Insert Into W(SINCE) Values('')");
+  execute(next, "Insert Into \"an odd. one\"(D) Values('')");
+  EXPECT_EQ(scalar(next, "Select Count(*) From W Where SINCE='1900/1/1'"), Value(2));
+}
+
 TEST_F(PostgresqlSessionTest, TellsAboutItself) {
   const auto told = [&](const char* name) {
     return automation::to_text(automation::to_object(connection.call("Properties", name)).get("Value"));
