@@ -53,7 +53,17 @@ constexpr auto harmless_settings = std::to_array<Names>(
      "constraints", "plan_cache_mode", "jit", "random_page_cost", "enable_seqscan", "enable_nestloop",
      "enable_hashjoin", "enable_mergejoin", "enable_sort", "default_transaction_isolation"});
 
+// Of the beginnings. Every name of every statement is looked at, and most have another.
+constexpr auto reaching_initials = [] {
+  std::array<bool, 256> table{};
+  for (const Names beginning : reaching_beginnings)
+    for (const char c : {beginning[0], static_cast<char>(beginning[0] - 'a' + 'A')})
+      table[static_cast<unsigned char>(c)] = true;
+  return table;
+}();
+
 bool has_reaching_beginning(std::string_view name) {
+  if (name.empty() || !reaching_initials[static_cast<unsigned char>(name[0])]) return false;
   return std::ranges::any_of(reaching_beginnings,
                              [&](Names entry) { return same_name(entry, name.substr(0, entry.size())); });
 }

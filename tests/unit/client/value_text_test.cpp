@@ -10,14 +10,14 @@ namespace {
 
 using automation::Value;
 
-struct Row {
+struct ShownValue {
   Value value;
   std::string_view type;
   std::string_view shown;
 };
 
 TEST(ValueText, NamesEveryTypeAndShowsWhatHasAText) {
-  const Row rows[] = {{Value(), "empty", ""},
+  const ShownValue rows[] = {{Value(), "empty", ""},
                       {automation::Null{}, "null", "NULL"},
                       {automation::Missing{}, "missing", ""},
                       {true, "boolean", "True"},

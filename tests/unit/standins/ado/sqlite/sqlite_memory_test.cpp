@@ -173,7 +173,7 @@ TEST(SqliteMemory, ThreadsDoNotMeetInOnePiece) {
   second.join();
 }
 
-class SqliteMemoryOfConnections : public Stage {};
+class SqliteMemoryOfConnections : public ScratchDatabase {};
 
 // Not under the address sanitizer, which is to see the pieces one by one.
 TEST_F(SqliteMemoryOfConnections, IsThisOne) {
