@@ -9,8 +9,8 @@
 # and the first that fails has killed it. One after which the optimised machine code of the file is the same has no
 # effect. What is left then meets the tests with a database, which are built only for it. Those that survive all stand
 # with their differences in build/mutate/report.txt and are for a person to judge, as are those by which a program came
-# to no end, which a machine that is much too busy may do as well; the script ends with 1 when one survived. So many jobs
-# work side by side, two unless told, each with a build of its own: a compiler cache that is set in
+# to no end, which a machine that is much too busy may do as well; the script ends with 1 when one survived. So many
+# jobs work side by side, two unless told, each with a build of its own: a compiler cache that is set in
 # CMAKE_CXX_COMPILER_LAUNCHER saves most of that, and of building again what is put back after a change.
 source "$(dirname "$0")/setup.sh"
 
@@ -131,7 +131,8 @@ try_survivors() {
 
 report() {
   local result file offset length kind text
-  grep -v $'^killed by [a-z_]*\t\|^does' "$work/results" | while IFS=$'\t' read -r result file offset length kind text; do
+  grep -v $'^killed by [a-z_]*\t\|^does' "$work/results" |
+    while IFS=$'\t' read -r result file offset length kind text; do
     cp "$fresh/$file" "$work/changed"
     changes apply "$work/changed" "$offset" "$length" "$text"
     printf '%s: %s\n%s\n\n' "$file" "$result" "$(diff -U 1 "$fresh/$file" "$work/changed" | tail -n +3)"

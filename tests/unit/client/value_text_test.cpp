@@ -18,19 +18,19 @@ struct ShownValue {
 
 TEST(ValueText, NamesEveryTypeAndShowsWhatHasAText) {
   const ShownValue rows[] = {{Value(), "empty", ""},
-                      {automation::Null{}, "null", "NULL"},
-                      {automation::Missing{}, "missing", ""},
-                      {true, "boolean", "True"},
-                      {std::uint8_t{7}, "byte", "7"},
-                      {std::int16_t{-7}, "int16", "-7"},
-                      {7, "int32", "7"},
-                      {std::int64_t{7}, "int64", "7"},
-                      {0.5F, "single", "0.5"},
-                      {0.1, "double", "0.1"},
-                      {automation::Currency{12500}, "currency", "1.25"},
-                      {*automation::Decimal::parse("1.50"), "decimal", "1.5"},
-                      {automation::Date{45382}, "date", "2024/03/31"},
-                      {"NULL", "text", "NULL"}};
+                             {automation::Null{}, "null", "NULL"},
+                             {automation::Missing{}, "missing", ""},
+                             {true, "boolean", "True"},
+                             {std::uint8_t{7}, "byte", "7"},
+                             {std::int16_t{-7}, "int16", "-7"},
+                             {7, "int32", "7"},
+                             {std::int64_t{7}, "int64", "7"},
+                             {0.5F, "single", "0.5"},
+                             {0.1, "double", "0.1"},
+                             {automation::Currency{12500}, "currency", "1.25"},
+                             {*automation::Decimal::parse("1.50"), "decimal", "1.5"},
+                             {automation::Date{45382}, "date", "2024/03/31"},
+                             {"NULL", "text", "NULL"}};
   for (const auto& [value, type, shown] : rows) {
     EXPECT_EQ(type_name(value), type);
     EXPECT_EQ(shown_text(value), shown) << type;
