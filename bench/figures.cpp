@@ -15,8 +15,11 @@ const std::vector<Column>& columns() {
 }
 
 const std::vector<Column>& growth_columns() {
-  static const std::vector<Column> all{
-      {"twice as many", 26, false}, {"size", 30, false}, {"component", 9, true}, {"replay", 9, true}};
+  static const std::vector<Column> all{{"twice as many", 26, false},
+                                       {"size", 30, false},
+                                       {"component", 9, true},
+                                       {"ODBC", 9, true},
+                                       {"prepared", 9, true}};
   return all;
 }
 
@@ -89,10 +92,11 @@ std::string Figures::add(const Scenario& scenario, const Comparison& result) {
 
 std::string Figures::add(const Growth& growth) {
   const std::string component = decimals(growth.component, 2);
-  const std::string replay = decimals(growth.replay, 2);
-  put(growths_, {growth.of, growth.size, component, replay});
+  const std::string odbc = decimals(growth.odbc, 2);
+  const std::string prepared = decimals(growth.prepared, 2);
+  put(growths_, {growth.of, growth.size, component, odbc, prepared});
   return "twice as many " + growth.of + ", " + growth.size + ": " + component +
-         " times as long, the replay " + replay;
+         " times as long, the replay through ODBC " + odbc + ", prepared " + prepared;
 }
 
 std::string Figures::add(const LookShare& share) {

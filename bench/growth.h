@@ -11,7 +11,8 @@ struct Growth {
   std::string of;
   std::string size;  // of the larger company
   double component;
-  double replay;  // through ODBC
+  double odbc;      // the replay through ODBC
+  double prepared;  // the prepared replay through the engine's own library
 };
 
 Growth growth_between(const std::string& of, const std::string& size, const Comparison& once,

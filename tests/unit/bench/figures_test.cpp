@@ -45,13 +45,15 @@ TEST(Figures, NameTheLimitsThatTheRunIsHeldTo) {
 
 TEST(Figures, HaveGrowthAndMemoryBehindTheTable) {
   Figures figures(Hold::now);
-  EXPECT_EQ(figures.add(Growth{"parts", "2 x 60 x 100", 1.52, 1.5}),
-            "twice as many parts, 2 x 60 x 100: 1.52 times as long, the replay 1.50");
+  EXPECT_EQ(
+      figures.add(Growth{"parts", "2 x 60 x 100", 1.52, 1.5, 1.55}),
+      "twice as many parts, 2 x 60 x 100: 1.52 times as long, the replay through ODBC 1.50, prepared 1.55");
   const std::string sentence =
       "Over 10,000 record calls, after as many before them, peak memory grew by 4 KB.";
   EXPECT_EQ(figures.add_record_calls(10'000, 4), sentence);
   const std::string text = figures.markdown();
-  EXPECT_NE(text.find("\n| parts | 2 x 60 x 100 | 1.52 | 1.50 |\n\n" + sentence + "\n"), std::string::npos)
+  EXPECT_NE(text.find("\n| parts | 2 x 60 x 100 | 1.52 | 1.50 | 1.55 |\n\n" + sentence + "\n"),
+            std::string::npos)
       << text;
 }
 
@@ -69,12 +71,12 @@ TEST(Figures, MeasuredAgainTakeThePlaceOfTheFirst) {
   for (Figures* const figures : {&twice, &once}) {
     if (figures == &twice) {
       figures->add(scenario_of("a", "small"), result_of(9, 4, 1));
-      figures->add(Growth{"parts", "small", 9, 1});
+      figures->add(Growth{"parts", "small", 9, 1, 1});
       figures->add_record_calls(10, 9);
     }
     figures->add(scenario_of("b", "small"), result_of(3, 4, 1));
     figures->add(scenario_of("a", "small"), result_of(2, 4, 1));
-    figures->add(Growth{"parts", "small", 1, 1});
+    figures->add(Growth{"parts", "small", 1, 1, 1});
     figures->add_record_calls(10, 4);
   }
   const auto lines_of = [](const std::string& text) {

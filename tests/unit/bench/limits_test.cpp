@@ -94,10 +94,10 @@ TEST(Limits, OfMemoryAreFourMegabytesAboveTheReplayWhateverTheWork) {
 }
 
 TEST(Limits, OfGrowthLookAtWhatTheReplayDoesNotShare) {
-  EXPECT_TRUE(broken_limits(Growth{"parts", "", 3.04, 3.0}).empty());
-  EXPECT_TRUE(broken_limits(Growth{"parts", "", 2.0, 3.0}).empty());
-  EXPECT_EQ(broken_limits(Growth{"parts", "", 3.06, 3.0}),
-            std::vector<std::string>{"growth above the replay's: 0.06, the limit is 0.05"});
+  EXPECT_TRUE(broken_limits(Growth{"parts", "", 3.04, 2.0, 3.0}).empty());
+  EXPECT_TRUE(broken_limits(Growth{"parts", "", 2.0, 1.0, 3.0}).empty());
+  EXPECT_EQ(broken_limits(Growth{"parts", "", 3.06, 4.0, 3.0}),
+            std::vector<std::string>{"growth above the prepared replay's: 0.06, the limit is 0.05"});
 }
 
 TEST(Limits, OfMemoryOverRecordCallsLeaveRoomForNoLeakPerCall) {
