@@ -43,14 +43,14 @@ void settle(const fs::path& database) {
 }
 
 void generate(const CompanySize& size, const std::string& schema, const fs::path& database) {
-  samples::company::Options options;
+  company::Options options;
   options.database = database;
   options.schema = schema;
   options.departments = size.departments;
   options.parts = size.parts;
   options.lines = size.lines;
   options.months = 2;
-  samples::company::generate(options, [](int) {});
+  company::generate(options, [](int) {});
   close_first_month(connection_string_of(database));
   settle(database);
 }

@@ -36,7 +36,7 @@ class CompanyOnServer : public Company {
 // In a process of its own, so that what it needs of memory is not found in those that are measured.
 void copy(const std::filesystem::path& file, const std::string& connection_string) {
   measured_run([&] {
-    samples::company::copy_database(file.string(), connection_string, [](auto...) {});
+    company::copy_database(file.string(), connection_string, [](auto...) {});
     return 0;
   });
 }

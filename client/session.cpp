@@ -33,7 +33,7 @@ void require_file(const std::string& path, const std::string& named_as, MissingF
 
 std::string connection_string_for(std::string_view db, std::string_view origin, MissingFile missing) {
   const std::string named_as = std::string(origin) + " '" + shown_connection(db) + "'";
-  if (samples::company::is_connection_string(db)) {
+  if (company::is_connection_string(db)) {
     if (const auto file = sqlite_file(db); file && *file != ":memory:")
       require_file(*file, named_as, missing);
     return std::string(db);

@@ -5,7 +5,7 @@
 #include "automation/folded_name.h"
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 using automation::Object;
@@ -95,4 +95,4 @@ schema::Engine AdoConnection::engine() const {
                 " are made with its script in schema/; this program reaches SQLite and PostgreSQL");
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -7,7 +7,7 @@
 #include "automation/object.h"
 #include "schema/script.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // A connection of ADO to a database of any engine. Every function throws automation::Error as ADO raises it.
 // A transaction that is open when it goes is discarded.
@@ -40,4 +40,4 @@ class AdoConnection {
   automation::Object connection_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

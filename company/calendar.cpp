@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 Day last_day(std::chrono::year_month month) {
   return month / std::chrono::last;
@@ -39,4 +39,4 @@ std::string short_month(Day day) {
   return text;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 using Day = std::chrono::sys_days;
 
@@ -20,4 +20,4 @@ std::string timestamp(Day day, int second_of_day = 0);
 // 'YYMM', the month as it appears in document numbers.
 std::string short_month(Day day);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

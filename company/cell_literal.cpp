@@ -10,7 +10,7 @@
 #include "company/options.h"
 #include "standins/corvane/database.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 using automation::Value;
@@ -54,4 +54,4 @@ void append_literal(std::string& out, const schema::Column& column, const Value&
   }
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

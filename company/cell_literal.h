@@ -5,7 +5,7 @@
 #include "automation/value.h"
 #include "schema/description.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Appends a value of a column as a statement of any engine writes it: NULL, a number with all its digits,
 // 'text' with quotes doubled, 'YYYY-MM-DD HH:MM:SS'. One value has one form whatever engine it was read from,
@@ -13,4 +13,4 @@ namespace tallyra::samples::company {
 // text in a column of dates.
 void append_literal(std::string& out, const schema::Column& column, const automation::Value& value);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

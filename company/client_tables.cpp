@@ -1,6 +1,6 @@
 #include "company/client_tables.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 schema::Column text(std::string_view name, int length) {
@@ -31,4 +31,4 @@ const schema::Table& client_journal_table() {
   return table;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 std::string driver_message(SQLSMALLINT type, SQLHANDLE handle) {
@@ -179,4 +179,4 @@ void Insert::run() {
   if (!SQL_SUCCEEDED(SQLExecute(statement_))) fail(SQL_HANDLE_STMT, statement_, sql_);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

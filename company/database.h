@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // What the driver said, with the statement that it refused.
 struct DatabaseError : std::runtime_error {
@@ -89,4 +89,4 @@ class Insert {
   std::vector<Cell> cells_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

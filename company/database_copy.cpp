@@ -14,7 +14,7 @@
 #include "company/table_comparison.h"
 #include "company/table_rows.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 // A table to move, where it is and where it goes: counters may stand elsewhere than the other tables.
@@ -148,4 +148,4 @@ std::vector<TableCount> copy_database(const std::string& from, const std::string
   return copy.counts();
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

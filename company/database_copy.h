@@ -8,7 +8,7 @@
 
 #include "company/generator.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // What is being done ("copying", "comparing"), with which table, and how many of all rows are behind it.
 using CopyProgress =
@@ -25,4 +25,4 @@ using CopyProgress =
 std::vector<TableCount> copy_database(const std::string& from, const std::string& to,
                                       const CopyProgress& progress);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -6,7 +6,7 @@
 
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 namespace fs = std::filesystem;
@@ -56,4 +56,4 @@ void GrowingFile::put_in_place() {
   if (error) throw Refusal("cannot create '" + database_ + "': " + error.message());
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // The file in which a database grows before it takes its place; removed again unless put in place. The files
 // beside a database (journal files of the engine, counted document numbers and their journal files) belong to
@@ -29,4 +29,4 @@ class GrowingFile {
 // Removes a database with the files beside it, as far as that can be done.
 void remove_database_quietly(const std::string& database) noexcept;
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -11,7 +11,7 @@
 #include "company/options.h"
 #include "standins/corvane/connection_string.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 namespace fs = std::filesystem;
@@ -96,4 +96,4 @@ PresentFile::~PresentFile() {
   if (!made_.empty()) remove_database_quietly(made_);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Whether a text is a connection string: one begins with a keyword and '='. "./a=b.db" is a path.
 bool is_connection_string(std::string_view text);
@@ -33,4 +33,4 @@ class PresentFile {
   std::string made_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -6,7 +6,7 @@
 
 #include "company/calendar.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // A kind of stock document: its type code, the first letters of its numbers and its name.
 struct DocumentType {
@@ -53,4 +53,4 @@ struct Document {
   }
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

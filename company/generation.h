@@ -5,7 +5,7 @@
 #include "company/masters.h"
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // What purchasing, production and sales share while a company is generated. It refers to all of it.
 struct Generation {
@@ -26,4 +26,4 @@ struct Task {
   int max_lines;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -9,7 +9,7 @@
 #include "company/stocktaking.h"
 #include "schema/script.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 void check_range(const char* what, int value, int low, int high) {
@@ -84,4 +84,4 @@ std::vector<TableCount> generate(const Options& options, const Progress& progres
   return counts;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

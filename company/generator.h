@@ -6,7 +6,7 @@
 #include "company/movements.h"
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 struct TableCount {
   std::string table;
@@ -19,4 +19,4 @@ struct TableCount {
 // unreadable script and an existing database without `replace`; DatabaseError for what the driver reports.
 std::vector<TableCount> generate(const Options& options, const Progress& progress);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

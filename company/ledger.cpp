@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr int day_starts = 7 * 3600, day_ends = 18 * 3600;
@@ -114,4 +114,4 @@ void Ledger::write_note(const Document& document, const std::string& number, con
   notes_.row(number, type, timestamp(document.day), carrier, text, user, at, user, at);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

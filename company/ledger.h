@@ -10,7 +10,7 @@
 #include "company/masters.h"
 #include "company/stock.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Movement of each part in one department up to a day, counted as a stocktaking counts it: everything issued
 // from the department as stored, and the transfers into it.
@@ -51,4 +51,4 @@ class Ledger {
   int users_asked_ = 0;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

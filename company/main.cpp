@@ -14,7 +14,7 @@
 #include "company/schema_upgrade.h"
 #include "standins/ado/local_classes.h"
 
-namespace company = tallyra::samples::company;
+namespace company = tallyra::company;
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "company/database.h"
 #include "company/naming.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr int bom_levels = 5;
@@ -153,4 +153,4 @@ void write_masters(const Masters& masters, Day entered, Database& database) {
   write_parts(masters, entered, database);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

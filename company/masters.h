@@ -8,7 +8,7 @@
 #include "company/options.h"
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 class Database;
 
@@ -57,4 +57,4 @@ Masters make_masters(const Options& options, Random& random);
 // Writes DEPARTS, PARTS, ASSMBOM and SUPPLIERS.
 void write_masters(const Masters& masters, Day entered, Database& database);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

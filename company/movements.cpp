@@ -10,7 +10,7 @@
 #include "company/purchasing.h"
 #include "company/sales.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr int most_lines_per_document = 12;
@@ -103,4 +103,4 @@ void write_movements(const Options& options, Generation generation, const Progre
   }
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -5,7 +5,7 @@
 #include "company/generation.h"
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Called now and then with the number of movement lines written so far.
 using Progress = std::function<void(int lines)>;
@@ -14,4 +14,4 @@ using Progress = std::function<void(int lines)>;
 // fill the stores, then all kinds of documents as they occur in a company.
 void write_movements(const Options& options, Generation generation, const Progress& progress);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 using Words = std::array<std::string_view, 8>;
@@ -82,4 +82,4 @@ std::string supplier_name(int index, Random& random) {
   return joined(joined(place, trade), numbered("No. ", index + 1));
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

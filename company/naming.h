@@ -5,7 +5,7 @@
 
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Part numbers differ in case, hyphens and letters beyond ASCII, as grown numbering systems do; `index` keeps
 // them apart. No apostrophes: keys go into statements between single quotes as they stand.
@@ -20,4 +20,4 @@ std::string department_name(int index);
 
 std::string supplier_name(int index, Random& random);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -7,7 +7,7 @@
 #include "company/database_place.h"
 #include "standins/corvane/document_database.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 std::string file_of(const AdoConnection& sqlite) {
@@ -50,4 +50,4 @@ void NumberCounters::commit() const {
   if (own_target_) own_target_->commit();
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -6,7 +6,7 @@
 #include "company/ado_connection.h"
 #include "schema/description.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Where the counters of document numbers are, which Corvane keeps: on SQLite in a file of their own beside
 // the database, elsewhere in the database. Locks those of the source, so that no number is issued meanwhile.
@@ -34,4 +34,4 @@ class NumberCounters {
 // Their table in the description.
 const schema::Table& number_counters_table();
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 bool read_number(const char* first, const char* last, int& number) {
@@ -24,4 +24,4 @@ std::chrono::year_month parse_month(const std::string& text) {
   return std::chrono::year{year} / std::chrono::month{static_cast<unsigned>(month)};
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // What the caller of the generator can choose. The same options give the same database content on every
 // machine.
@@ -34,4 +34,4 @@ struct Refusal : std::runtime_error {
 // Reads "YYYY-MM"; throws Refusal for anything else.
 std::chrono::year_month parse_month(const std::string& text);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

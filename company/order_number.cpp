@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 std::string order_number(const char* prefix, Day day, int& last) {
   char digits[16];
@@ -10,4 +10,4 @@ std::string order_number(const char* prefix, Day day, int& last) {
   return prefix + short_month(day) + digits;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

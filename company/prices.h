@@ -5,7 +5,7 @@
 #include "company/masters.h"
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Money is reckoned in ten-thousandths and rounded to hundredths for a price, in whole numbers, so that every
 // machine comes to the same text.
@@ -25,4 +25,4 @@ inline double lot(const Part& part, int low, int high, Random& random) {
   return part.by_weight ? whole + random.below(4) * 0.25 : whole;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

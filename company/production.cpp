@@ -5,7 +5,7 @@
 #include "company/order_number.h"
 #include "company/prices.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr std::size_t most_running_orders = 200;
@@ -152,4 +152,4 @@ int Production::receive(const Task& task) {
   return wanted;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

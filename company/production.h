@@ -8,7 +8,7 @@
 #include "company/generation.h"
 #include "company/returnable.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Production orders with their material lists, the issues and returns of material, and what is made.
 class Production {
@@ -51,4 +51,4 @@ class Production {
   Returnables issues_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -5,7 +5,7 @@
 #include "company/order_number.h"
 #include "company/prices.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 Purchasing::Purchasing(Generation generation)
     : generation_(generation),
@@ -122,4 +122,4 @@ int Purchasing::receive_replacement(const Task& task) {
   return static_cast<int>(receipt.lines.size());
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -7,7 +7,7 @@
 #include "company/generation.h"
 #include "company/returnable.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Purchase orders, receipts against them, returns to the supplier and the replacements for returned goods.
 class Purchasing {
@@ -50,4 +50,4 @@ class Purchasing {
   Returnables returns_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

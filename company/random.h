@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <iterator>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Deterministic random numbers (SplitMix64). Generator and distributions are written out because those of the
 // standard library may differ from one library to the next, and a seed must mean the same company everywhere.
@@ -39,4 +39,4 @@ class Random {
   std::uint64_t state_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 double quarter_of(double quantity) {
   return std::floor(std::abs(quantity) / 4);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -8,7 +8,7 @@
 #include "company/document.h"
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // A document that a later one can refer to: a receipt that is partly sent back, an issue that is partly
 // returned.
@@ -49,4 +49,4 @@ class Returnables {
 // A quarter of a line's quantity without its sign, in whole units; 0 when that is less than one.
 double quarter_of(double quantity);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

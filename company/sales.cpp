@@ -6,7 +6,7 @@
 #include "company/order_number.h"
 #include "company/prices.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 Sales::Sales(Generation generation)
     : generation_(generation),
@@ -101,4 +101,4 @@ int Sales::give_back(Returnables& from, const DocumentType& type, const Task& ta
   return static_cast<int>(document.lines.size());
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

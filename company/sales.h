@@ -5,7 +5,7 @@
 #include "company/generation.h"
 #include "company/returnable.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Sales orders with the list of what they need, shipments and their way back, and material issued for an
 // order.
@@ -35,4 +35,4 @@ class Sales {
   Returnables issues_;
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

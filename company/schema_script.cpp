@@ -6,7 +6,7 @@
 
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
@@ -57,4 +57,4 @@ bool creates_index(std::string_view statement) {
   return statement.starts_with("CREATE INDEX ") || statement.starts_with("CREATE UNIQUE INDEX ");
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // The statements of a create script, without comments and without the semicolons between them. Understands
 // comments to the end of the line, quoted text and quoted names; the script holds no triggers.
@@ -17,4 +17,4 @@ std::vector<std::string> read_schema(const std::string& path);
 // faster than keeping them up to date row by row.
 bool creates_index(std::string_view statement);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

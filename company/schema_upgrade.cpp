@@ -7,7 +7,7 @@
 #include "company/options.h"
 #include "schema/description.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 using schema::version_table;
@@ -119,4 +119,4 @@ std::string upgrade_schema(const std::string& place) {
   return told(upgrade);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

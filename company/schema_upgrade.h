@@ -5,7 +5,7 @@
 
 #include "company/ado_connection.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Brings the tables of a database up to their description: adds what is missing, changes nothing that is
 // there and drops nothing. The caller begins and commits the transaction in which it is done.
@@ -41,4 +41,4 @@ class SchemaUpgrade {
 // there is created. Returns what a person wants to know of it. Throws Refusal, or automation::Error.
 std::string upgrade_schema(const std::string& place);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

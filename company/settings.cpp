@@ -6,7 +6,7 @@
 #include "company/database.h"
 #include "company/naming.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 // One row for all functions of a user.
@@ -101,4 +101,4 @@ void write_settings(const Masters& masters, Day entered, Database& database) {
   write_cost_settings(at, database);
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -10,7 +10,7 @@
 #include "company/options.h"
 #include "company/schema_upgrade.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 void check_columns(const AdoConnection& source, const schema::Table& table) {
@@ -77,4 +77,4 @@ void check_source(const AdoConnection& source) {
   }
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -3,7 +3,7 @@
 #include "company/ado_connection.h"
 #include "company/database_place.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // Both throw Refusal, so that nothing is left behind unsaid when a database is copied.
 
@@ -15,4 +15,4 @@ void check_files(const DatabasePlace& source, const DatabasePlace& target);
 // exactly those of the description.
 void check_source(const AdoConnection& source);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

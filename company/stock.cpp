@@ -1,6 +1,6 @@
 #include "company/stock.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 std::size_t shelf_of(int department, bool made) {
@@ -32,4 +32,4 @@ int Stock::any_part(int department, bool made, Random& random) {
   return -1;
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

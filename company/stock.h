@@ -4,7 +4,7 @@
 
 #include "company/random.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // What lies in each department, so that nothing is issued that is not there. Quantities are whole pieces or
 // quarters of a kilogram and therefore exact in a double.
@@ -32,4 +32,4 @@ class Stock {
   std::vector<std::vector<int>> shelves_;  // two per department; parts that ran out are dropped when met
 };
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

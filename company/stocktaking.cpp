@@ -5,7 +5,7 @@
 
 #include "company/prices.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr int line_without_quantity = 3, line_without_price = 5;
@@ -85,4 +85,4 @@ void write_stocktaking(const Generation& generation) {
   }
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 std::string difference_of(std::vector<std::string> source, std::vector<std::string> copy) {
   std::ranges::sort(source);
@@ -15,4 +15,4 @@ std::string difference_of(std::vector<std::string> source, std::vector<std::stri
   return "the copy alone has (" + *right + ")";
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

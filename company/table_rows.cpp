@@ -4,7 +4,7 @@
 #include "company/cell_literal.h"
 #include "company/options.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 namespace {
 
 constexpr std::uint64_t rows_of_a_part = 20'000;
@@ -88,4 +88,4 @@ void insert_rows(const AdoConnection& connection, const schema::Table& table,
   }
 }
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

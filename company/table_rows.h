@@ -7,7 +7,7 @@
 #include "company/ado_connection.h"
 #include "schema/description.h"
 
-namespace tallyra::samples::company {
+namespace tallyra::company {
 
 // A table's rows are moved in parts, so that a large one does not fill the memory: those whose first column,
 // a text, lies between two values. A small table is one part without limits.
@@ -30,4 +30,4 @@ void insert_rows(const AdoConnection& connection, const schema::Table& table,
 
 std::uint64_t row_count(const AdoConnection& connection, std::string_view table);
 
-}  // namespace tallyra::samples::company
+}  // namespace tallyra::company

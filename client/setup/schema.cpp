@@ -26,7 +26,7 @@ int newest_schema_version() {
 }
 
 std::string make_tables(const std::string& connection_string) {
-  return samples::company::upgrade_schema(connection_string);
+  return company::upgrade_schema(connection_string);
 }
 
 }  // namespace tallyra::client

@@ -22,8 +22,6 @@
 namespace tallyra::tests::com {
 namespace {
 
-namespace company = samples::company;
-
 constexpr float no_right = 10000016;
 constexpr float failed = -2147467259.0F;
 

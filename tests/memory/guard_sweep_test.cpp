@@ -4,9 +4,9 @@
 #include <set>
 #include <sstream>
 
+#include "tests/memory/classes_outside.h"
 #include "tests/memory/failing_new.h"
 #include "tests/memory/fresh_process.h"
-#include "tests/memory/memory_stage.h"
 #include "tests/support/outcome.h"
 #include "tests/support/queries.h"
 #include "tests/support/stage.h"

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "tests/faults/scene.h"
+#include "tests/memory/classes_outside.h"
 #include "tests/memory/failing_new.h"
-#include "tests/memory/memory_stage.h"
 
 namespace tallyra::memory {
 

@@ -26,7 +26,7 @@ class CompanyFile : public CompanyEngine {
            ";SyncPragma=OFF;Timeout=" + std::to_string(lock_wait_);
   }
 
-  std::vector<std::string> schema() const override { return samples::company::read_schema(TALLYRA_SCHEMA); }
+  std::vector<std::string> schema() const override { return company::read_schema(TALLYRA_SCHEMA); }
   std::filesystem::path file() const override { return file_; }
 
   void make_trigger(const std::string& name, const std::string& event, const std::string& table,

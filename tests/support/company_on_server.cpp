@@ -11,8 +11,7 @@ tests::PostgresqlServer* chosen_standby = nullptr;
 class CompanyOnServer : public CompanyEngine {
  public:
   explicit CompanyOnServer(int lock_wait)
-      : database_(server_.new_database(samples::company::read_schema(TALLYRA_SERVER_SCHEMA))),
-        lock_wait_(lock_wait) {}
+      : database_(server_.new_database(company::read_schema(TALLYRA_SERVER_SCHEMA))), lock_wait_(lock_wait) {}
   ~CompanyOnServer() override {
     if (chosen_server == nullptr) server_.drop_database(database_);
   }

@@ -4,7 +4,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 using namespace std::chrono_literals;
 
 TEST(Calendar, DocumentsAreWrittenOnWorkdaysAndOnTheLastDayOfAMonth) {

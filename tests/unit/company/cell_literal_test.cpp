@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 using tallyra::automation::Value;
 namespace automation = tallyra::automation;
 namespace schema = tallyra::schema;

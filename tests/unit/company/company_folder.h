@@ -7,9 +7,9 @@
 #include "company/schema_script.h"
 #include "tests/support/test_folder.h"
 
-namespace tallyra::tests::samples {
+namespace tallyra::tests::generated_company {
 
-namespace company = tallyra::samples::company;
+namespace company = tallyra::company;
 
 // A folder of its own for the databases of one test, removed with everything in it.
 class CompanyFolder {
@@ -51,4 +51,4 @@ inline std::string value_of(company::Database& database, const std::string& sql)
   return rows.empty() ? "no row" : rows.front().front();
 }
 
-}  // namespace tallyra::tests::samples
+}  // namespace tallyra::tests::generated_company

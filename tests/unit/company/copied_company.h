@@ -10,7 +10,7 @@
 #include "tests/support/empty_database.h"
 #include "tests/unit/company/company_folder.h"
 
-namespace tallyra::tests::samples {
+namespace tallyra::tests::generated_company {
 
 // An SQLite database to copy from, empty but for a few awkward rows and two series of document numbers.
 class CopiedCompany {
@@ -63,4 +63,4 @@ class CopiedCompany {
   CompanyFolder folder_;
 };
 
-}  // namespace tallyra::tests::samples
+}  // namespace tallyra::tests::generated_company

@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 using company::AdoConnection;
 using tallyra::tests::EmptyDatabase;
 using tallyra::tests::TestedEngine;

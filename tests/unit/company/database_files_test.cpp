@@ -11,8 +11,8 @@
 
 namespace {
 
-using tallyra::samples::company::GrowingFile;
-using tallyra::samples::company::Refusal;
+using tallyra::company::GrowingFile;
+using tallyra::company::Refusal;
 using tallyra::tests::TestFolder;
 
 void write(const std::string& path, const std::string& content) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 using tallyra::tests::TestFolder;
 
 TEST(DatabasePlace, APathIsAnSqliteFile) {

@@ -7,7 +7,7 @@
 
 #include "tests/unit/company/company_folder.h"
 
-namespace tallyra::tests::samples {
+namespace tallyra::tests::generated_company {
 
 // A small company, made anew for each test.
 class GeneratedCompany : public testing::Test {
@@ -21,4 +21,4 @@ class GeneratedCompany : public testing::Test {
   company::Database database{folder.company_database()};
 };
 
-}  // namespace tallyra::tests::samples
+}  // namespace tallyra::tests::generated_company

@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 
 using Content = std::map<std::string, std::vector<std::vector<std::string>>>;
 

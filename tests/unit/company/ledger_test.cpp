@@ -4,7 +4,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 
 TEST_F(GeneratedCompany, LedgerJoinsEveryLineToAHeaderAPartAndDepartments) {
   expect_none({

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 
 TEST_F(GeneratedCompany, HasDocumentsOfEveryTypeWithTheSignThatTheyNeed) {
   struct Row {

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 
 TEST(Naming, PartNumbersAreApartWhateverStandsAroundTheirDigits) {
   Random random(1);

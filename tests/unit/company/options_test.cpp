@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 using company::Options;
 using company::Refusal;
 

@@ -14,7 +14,7 @@
 // What a client is shown of the generated orders.
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 namespace automation = tallyra::automation;
 using automation::ref;
 using automation::Value;

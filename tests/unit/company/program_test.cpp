@@ -10,7 +10,7 @@
 // tallyra-company as a person runs it.
 namespace {
 
-using tallyra::tests::samples::CopiedCompany;
+using tallyra::tests::generated_company::CopiedCompany;
 
 struct Ended {
   int status;

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 
 Returnable document(int number) {
   return {std::to_string(number), 0, "", "", {}};

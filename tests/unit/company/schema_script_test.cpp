@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 
 using Statements = std::vector<std::string>;
 

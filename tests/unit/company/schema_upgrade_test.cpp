@@ -13,7 +13,7 @@
 
 namespace {
 
-using namespace tallyra::samples::company;
+using namespace tallyra::company;
 using tallyra::tests::EmptyDatabase;
 using tallyra::tests::TestedEngine;
 namespace automation = tallyra::automation;

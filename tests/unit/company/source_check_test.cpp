@@ -10,7 +10,7 @@
 // What is refused before anything is copied, so that nothing gets lost on the way.
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 using company::AdoConnection;
 using company::Refusal;
 using tallyra::tests::sqlite_engine;

@@ -6,8 +6,8 @@
 
 namespace {
 
-using tallyra::samples::company::Random;
-using tallyra::samples::company::Stock;
+using tallyra::company::Random;
+using tallyra::company::Stock;
 
 TEST(Stock, IsKeptByDepartmentAndPart) {
   Stock stock(2, 3);

@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 
 TEST_F(GeneratedCompany, HasOneStocktakingThatWaitsForApproval) {
   EXPECT_EQ(value_of(database, "SELECT COUNT(*)||' '||CHECKDT||' '||DEPTNO||' '||STATUSSN FROM STKCHECKHD"),

@@ -4,7 +4,7 @@
 
 namespace {
 
-using tallyra::samples::company::difference_of;
+using tallyra::company::difference_of;
 using Rows = std::vector<std::string>;
 
 TEST(TableComparison, TheOrderOfRowsDoesNotMatterAndTheirNumberDoes) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 using company::AdoConnection;
 namespace schema = tallyra::schema;
 

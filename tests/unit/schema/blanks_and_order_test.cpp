@@ -15,7 +15,7 @@
 namespace {
 
 using namespace tallyra::schema;
-using tallyra::samples::company::AdoConnection;
+using tallyra::company::AdoConnection;
 using tallyra::tests::EmptyDatabase;
 using tallyra::tests::TestedEngine;
 namespace automation = tallyra::automation;
@@ -25,7 +25,7 @@ class SchemaTexts : public testing::TestWithParam<TestedEngine> {
   void SetUp() override {
     database_ = GetParam().empty_database();
     if (!database_) GTEST_SKIP() << "there is no " << GetParam().name << " server here";
-    tallyra::samples::company::upgrade_schema(database_->connection_string());
+    tallyra::company::upgrade_schema(database_->connection_string());
     connection_ = std::make_unique<AdoConnection>(database_->connection_string());
   }
 

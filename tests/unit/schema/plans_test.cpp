@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 
 using Plan = std::vector<std::string>;
 

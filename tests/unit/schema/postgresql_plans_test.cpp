@@ -17,7 +17,7 @@
 // plan.
 namespace {
 
-using namespace tallyra::tests::samples;
+using namespace tallyra::tests::generated_company;
 using company::AdoConnection;
 
 // The first statement of a class in the corpus that has all these parts.

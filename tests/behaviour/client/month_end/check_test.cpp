@@ -22,10 +22,10 @@ std::string found_in(const std::string& file, const char* date) {
 // The company that everybody is shown: what stands here is what its check says.
 TEST(SampleCompany, HasNoErrorAndTheseWarnings) {
   const tests::TestFolder folder;
-  samples::company::Options options;
+  company::Options options;
   options.database = folder.file("company.db");
   options.schema = TALLYRA_SCHEMA;
-  samples::company::generate(options, [](int) {});
+  company::generate(options, [](int) {});
   standins::ado::register_classes();
   EXPECT_EQ(found_in(options.database, "2024/01/31"),
             "warning unapproved-documents 35\n"

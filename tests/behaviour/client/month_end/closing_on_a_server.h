@@ -11,7 +11,7 @@ class ClosingOnAServer : public ClosingClient {
  protected:
   void SetUp() override {
     if (!tests::PostgresqlServer::is_installed()) GTEST_SKIP() << "no server on this machine";
-    samples::company::copy_database(company_.file().string(), connection_, [](auto, auto, auto, auto) {});
+    company::copy_database(company_.file().string(), connection_, [](auto, auto, auto, auto) {});
   }
   // On SQLite and on the server, each with --csv.
   void expect_the_same(std::vector<std::string> words, ExitStatus status = exit_done) {

@@ -16,13 +16,13 @@ CompanyDatabase::CompanyDatabase()
   ado::register_classes();
   register_classes();
   std::ofstream(file(), std::ios::app);  // a database without tables
-  run(samples::company::read_schema(TALLYRA_SCHEMA));
+  run(company::read_schema(TALLYRA_SCHEMA));
 }
 
 CompanyDatabase::CompanyDatabase(std::unique_ptr<tests::EmptyDatabase> empty)
     : given_(std::move(empty)), connection_string_(given_->connection_string()) {
   register_classes();
-  samples::company::upgrade_schema(connection_string_);
+  company::upgrade_schema(connection_string_);
 }
 
 std::filesystem::path CompanyDatabase::file() const {

@@ -1,4 +1,4 @@
-#include "tests/memory/memory_stage.h"
+#include "tests/memory/classes_outside.h"
 
 #include <map>
 #include <sstream>
