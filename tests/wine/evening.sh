@@ -87,7 +87,7 @@ ends "the journal has it all" 0 ",count approve,CK1,done,"
 
 # A close that takes long enough to be interrupted, and is: Wine takes the signal for Ctrl-C.
 large=$folder/large.db
-wine_run "$2" --db "$large" --schema "$3" --departments 20 --parts 300 --lines 20000 >/dev/null
+wine_run "$2" --db "$large" --schema "$3" --departments 20 --parts 3000 --lines 100000 >/dev/null
 
 # client_below PROCESS: the client itself among what that process has started.
 client_below() {
