@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <ostream>
 
 #include "automation/apartment.h"
@@ -73,18 +74,19 @@ bool begins_a_verb(std::string_view word) {
   });
 }
 
-// The verb or class that the first word may have meant, where it is neither.
-std::string meant_instead(const std::vector<std::string>& words) {
+// What is said of a first word that is neither verb nor class but resembles one: whatever else is wrong with
+// the words comes of that.
+std::optional<std::string> misspelt_word(const std::vector<std::string>& words) {
   const std::size_t first = first_plain_word(words);
-  if (first == words.size() || words[first].find('.') != std::string::npos) return {};
-  if (find_class(words[first]) || begins_a_verb(words[first])) return {};
-  return resembling_word(words[first]);
+  if (first == words.size() || words[first].find('.') != std::string::npos) return std::nullopt;
+  if (find_class(words[first]) || begins_a_verb(words[first])) return std::nullopt;
+  const std::string meant = resembling_word(words[first]);
+  if (meant.empty()) return std::nullopt;
+  return "there is no verb or class '" + words[first] + "'" + meant;
 }
 
 void tell_usage(const UsageError& error, const std::vector<std::string>& words, const Console& console) {
-  const std::string text = printable(error.what());
-  const bool suggested = text.find("did you mean") != std::string::npos;
-  console.error << "tallyra-client: " << text << (suggested ? std::string() : meant_instead(words))
+  console.error << "tallyra-client: " << printable(misspelt_word(words).value_or(error.what()))
                 << "\nTry 'tallyra-client --help'.\n";
 }
 

@@ -48,8 +48,8 @@ TEST_F(Client, SuggestsTheVerbOrClassThatWasMeant) {
   for (const auto& [word, meant] : {std::pair{"lgo", "log"}, std::pair{"CRevAdr", "CRevAddr"}}) {
     error_.str("");
     EXPECT_EQ(run({word, "x"}), exit_wrong_usage);
-    EXPECT_NE(error_.str().find("did you mean '" + std::string(meant) + "'?"), std::string::npos)
-        << error_.str();
+    EXPECT_EQ(error_.str(), "tallyra-client: there is no verb or class '" + std::string(word) +
+                                "'; did you mean '" + meant + "'?\nTry 'tallyra-client --help'.\n");
   }
 }
 
