@@ -38,18 +38,24 @@ std::vector<Leftover> leftovers(const Reader& reader) {
   return left;
 }
 
+std::vector<automation::Date> dates_of(const std::vector<Leftover>& left) {
+  std::set<double> serials;
+  for (const Leftover& document : left) serials.insert(document.close_date.serial);
+  std::vector<automation::Date> dates;
+  for (const double serial : serials) dates.push_back({serial});
+  return dates;
+}
+
 std::string leftovers_text(const std::vector<Leftover>& left) {
   std::int64_t lines = 0;
-  std::set<double> dates;
-  for (const Leftover& document : left) {
-    lines += document.lines;
-    dates.insert(document.close_date.serial);
-  }
+  for (const Leftover& document : left) lines += document.lines;
   std::string text = counted(static_cast<std::int64_t>(left.size()), "document", "documents") + " with " +
                      counted(lines, "line", "lines") + " for ";
-  for (const double date : dates) {
-    if (date != *dates.begin()) text += ", ";
-    automation::append_day(text, {date});
+  const char* separator = "";
+  for (const automation::Date date : dates_of(left)) {
+    text += separator;
+    automation::append_day(text, date);
+    separator = ", ";
   }
   return text;
 }

@@ -19,6 +19,9 @@ struct Leftover {
 
 std::vector<Leftover> leftovers(const Reader& reader);
 
+// The close dates of what is left, each once, in order.
+std::vector<automation::Date> dates_of(const std::vector<Leftover>& left);
+
 // "3 documents with 40 lines for 2024/01/31, 2024/02/29".
 std::string leftovers_text(const std::vector<Leftover>& left);
 

@@ -88,10 +88,13 @@ void advise(const VerbContext& context, const std::vector<Leftover>& left,
             const std::optional<LockHolder>& holder) {
   if (holder && !holder->dead()) return;
   if (holder) context.tell("The process that holds the lock has ended; the next close takes the lock over.");
-  if (!left.empty())
-    context.tell("A close did not come to its end and has left " + leftovers_text(left) + ". Close " +
-                 day_text(left.back().close_date) + " again, or delete that with 'reopen " +
-                 day_text(left.back().close_date) + "'; approve no stocktaking before.");
+  if (left.empty()) return;
+  std::string verbs;
+  for (const automation::Date date : dates_of(left))
+    verbs += (verbs.empty() ? "'reopen " : " and 'reopen ") + day_text(date) + "'";
+  context.tell("A close did not come to its end and has left " + leftovers_text(left) + ". Close " +
+               day_text(left.back().close_date) + " again, or delete that with " + verbs +
+               "; approve no stocktaking before.");
 }
 
 ExitStatus run(VerbContext& context) {
