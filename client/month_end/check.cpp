@@ -3,10 +3,25 @@
 #include <algorithm>
 #include <utility>
 
+#include "automation/error.h"
+#include "client/month_end/period.h"
 #include "client/verbs/context.h"
 
 namespace tallyra::client {
 namespace {
+
+// Runs a look. One that the database refuses is told with the others; a database that answers nothing any
+// more ends the check.
+template <class Look>
+void look_at(CloseCase& close, std::string_view name, Look look) {
+  try {
+    look();
+  } catch (const automation::Error& error) {
+    close_records(close.reader);
+    if (++close.refused.count <= static_cast<std::int64_t>(first_rows))
+      close.refused.first.push_back(std::string(name) + ": " + error.what());
+  }
+}
 
 const char* word_of(Severity severity) {
   return severity == Severity::error ? "error" : "warning";
@@ -26,10 +41,15 @@ std::vector<std::string> CheckResult::errors_beside(const std::vector<std::strin
 CheckResult check_close(const Reader& reader, automation::Date date) {
   CheckResult result;
   CloseCase close = close_case(reader, date);
-  gather(close);
+  look_at(close, "sums", [&] { gather(close); });
   for (const Finding* finding : findings())
-    if (Found found = finding->look(close); found.count != 0)
-      result.entries.push_back({finding, std::move(found)});
+    look_at(close, finding->name, [&] {
+      if (Found found = finding->look(close); found.count != 0)
+        result.entries.push_back({finding, std::move(found)});
+    });
+  std::ranges::stable_partition(result.entries, [](const CheckResult::Entry& entry) {
+    return entry.finding->severity == Severity::error;
+  });
   result.plan = close.gathered.plan;
   result.left = close.left;
   return result;

@@ -14,6 +14,12 @@
 
 namespace tallyra::client {
 
+// What a look has found; nothing when the count is 0.
+struct Found {
+  std::int64_t count = 0;
+  std::vector<std::string> first;  // the first of them, in words
+};
+
 // The close that is looked at, and what several findings need of it, read once.
 struct CloseCase {
   const Reader& reader;
@@ -33,18 +39,14 @@ struct CloseCase {
     std::size_t unknown_count = 0;
     std::map<std::string, bool, std::less<>> parts;  // all that move
   } gathered;
+
+  Found refused{};  // looks that the database did not answer, and what it said
 };
 
 CloseCase close_case(const Reader& reader, automation::Date date);
 void gather(CloseCase& close);
 
 enum class Severity { error, warning };
-
-// What a look has found; nothing when the count is 0.
-struct Found {
-  std::int64_t count = 0;
-  std::vector<std::string> first;  // the first of them, in words
-};
 
 // One thing that can be wrong with a close.
 struct Finding {
@@ -61,7 +63,7 @@ inline constexpr std::size_t first_rows = 5;
 // Runs a query whose columns are written one behind the other, each behind its word, and counts its rows.
 Found found_rows(const Reader& reader, const std::string& query, const std::vector<std::string_view>& words);
 
-// Every finding, errors first.
+// Every finding, errors first; the last one is an error that is known when the others have looked.
 std::span<const Finding* const> findings();
 
 }  // namespace tallyra::client

@@ -22,5 +22,6 @@ extern const Finding negative_stock;
 extern const Finding no_cost;
 extern const Finding no_material_type;
 extern const Finding open_stocktakings;
+extern const Finding refused_query;
 
 }  // namespace tallyra::client

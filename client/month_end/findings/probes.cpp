@@ -2,8 +2,8 @@
 #include "client/month_end/findings/all_findings.h"
 #include "client/value_text.h"
 
-// Whether this database compares keys as the close takes it to. Each probe compares a column of a table:
-// between two literals a database may compare otherwise.
+// Whether this database compares keys as the close takes it to, and compares them at all. Each probe compares
+// a column of a table: between two literals a database may compare otherwise.
 namespace tallyra::client {
 namespace {
 
@@ -55,5 +55,10 @@ const Finding trailing_blanks{
     "this database minds blanks behind a department number: the stock that a close carries "
     "over would be lost",
     "give the columns of department numbers a collation that ignores them", look_at_blanks};
+const Finding refused_query{
+    "refused-query", Severity::error, "the database refuses what this check asks, and so may it the close",
+    "where it speaks of a collation, give columns that are compared the same one; 'doctor' names columns "
+    "that are missing",
+    [](const CloseCase& close) { return close.refused; }};
 
 }  // namespace tallyra::client

@@ -20,6 +20,17 @@ TEST_F(CheckedCompany, KnowsThatPartsAreOrderedAsTheComponentOrdersThem) {
   EXPECT_EQ(found(), "part-order:1");
 }
 
+// The server compares columns of different collations not at all, and the other findings are told all the
+// same.
+TEST_F(CheckedCompany, TellsWhatTheDatabaseRefusesToCompare) {
+  if (company_.is_sqlite())
+    sql({"ALTER TABLE PARTS RENAME TO OLDPARTS"});
+  else
+    sql({"ALTER TABLE PARTS ALTER COLUMN PARTNO TYPE varchar(40) COLLATE \"und-x-icu\""});
+  EXPECT_EQ(found("2024/01/30"),
+            company_.is_sqlite() ? "not-month-end:1 refused-query:3" : "not-month-end:1 refused-query:1");
+}
+
 TEST_F(CheckedCompany, KnowsThatBlanksBehindADepartmentDoNotCount) {
   if (!company_.is_sqlite())
     sql({"ALTER TABLE DEPARTS ALTER COLUMN DEPTNO TYPE varchar(20) COLLATE \"C\""});
