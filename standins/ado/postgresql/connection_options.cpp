@@ -89,8 +89,8 @@ class Reader {
   }
 
   void add_settings() {
-    std::string settings;
-    if (const std::string* const options = result_.find("options")) settings = *options;
+    std::string settings(planner_settings);
+    if (const std::string* const options = result_.find("options")) settings += *options;
     std::erase_if(result_.options, [](const auto& option) { return option.keyword == "options"; });
     settings += session_settings;
     if (read_only_) settings += " -c default_transaction_read_only=on";

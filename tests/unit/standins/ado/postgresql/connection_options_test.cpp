@@ -46,7 +46,9 @@ TEST(PostgresqlOptions, AreThoseOfTheDriver) {
   EXPECT_EQ(option(options, "passfile"), "/x");
   EXPECT_EQ(option(options, "connect_timeout"), "15");
   EXPECT_EQ(option(options, "client_encoding"), "UTF8");
-  EXPECT_EQ(option(options, "options").find("-c lock_timeout=10000 -c datestyle=ISO,MDY"), 0U);
+  EXPECT_EQ(option(options, "options"),
+            "-c seq_page_cost=0.1 -c random_page_cost=0.1 -c lock_timeout=10000 -c datestyle=ISO,MDY "
+            "-c standard_conforming_strings=on -c extra_float_digits=1 -c bytea_output=hex");
 }
 
 TEST(PostgresqlOptions, AUserAndAPasswordBesideTheStringTakeItsPlace) {
