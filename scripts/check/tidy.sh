@@ -41,6 +41,9 @@ source_of() {
 
 known_sources() { sed -n "s,^ *\"file\": \"$repository/\(.*\)\"\,\?$,\1,p" "$build/compile_commands.json" | sort -u; }
 
+# What the build knows is asked of it, so it is configured first.
+install_packages clang-tidy-16
+cmake --preset debug >/dev/null
 extra=()
 case ${1:-} in
   --all) files=$(known_sources | grep -v "^build/") ;;
@@ -51,8 +54,6 @@ case ${1:-} in
   *) files=$(printf '%s\n' "$@") ;;
 esac
 
-install_packages clang-tidy-16
-(cmake --preset debug >/dev/null)
 wanted=$(while read -r file; do [ -z "$file" ] || source_of "$file"; done <<<"$files")
 sources=$(grep -xF -f <(known_sources) <<<"$wanted" || true)
 left_out=$(($(grep -c . <<<"$wanted" || true) - $(grep -c . <<<"$sources" || true)))
