@@ -34,7 +34,7 @@ CREATE TABLE STKTRANHD(
   EDITDT    DATETIME
 );
 
--- No unique key: close documents and adjustments number every line 0.
+-- No unique key: close documents and postings number every line 0.
 CREATE TABLE STKTRANDT(
   TRANNO    TEXT(20) NOT NULL,
   REFERENCE TEXT(20),

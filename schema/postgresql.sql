@@ -34,7 +34,7 @@ CREATE TABLE STKTRANHD(
   EDITDT    timestamp(0)
 );
 
--- No unique key: close documents and adjustments number every line 0.
+-- No unique key: close documents and postings number every line 0.
 CREATE TABLE STKTRANDT(
   TRANNO    varchar(20) COLLATE "C" NOT NULL,
   REFERENCE varchar(20) COLLATE "C",

@@ -33,7 +33,7 @@ CREATE TABLE STKTRANHD(
   EDITDT    TIMESTAMP
 );
 
--- No unique key: close documents and adjustments number every line 0.
+-- No unique key: close documents and postings number every line 0.
 CREATE TABLE STKTRANDT(
   TRANNO    VARCHAR(20) NOT NULL,
   REFERENCE VARCHAR(20),

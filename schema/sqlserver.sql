@@ -36,7 +36,7 @@ CREATE TABLE STKTRANHD(
   EDITDT    DATETIME
 );
 
--- No unique key: close documents and adjustments number every line 0.
+-- No unique key: close documents and postings number every line 0.
 CREATE TABLE STKTRANDT(
   TRANNO    NVARCHAR(20) COLLATE Latin1_General_BIN2 NOT NULL,
   REFERENCE NVARCHAR(20) COLLATE Latin1_General_BIN2,

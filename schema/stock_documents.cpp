@@ -44,7 +44,7 @@ Table headers() {
 Table lines() {
   return {.name = "STKTRANDT",
           .subject = of_stock_documents,
-          .note = "No unique key: close documents and adjustments number every line 0.",
+          .note = "No unique key: close documents and postings number every line 0.",
           .columns = with_stamp({required(text("TRANNO", 20)), text("REFERENCE", 20), integer("SN"),
                                  required(text("PARTNO", 40)), text("REFPARTNO", 40), text("MONO", 20),
                                  number("QTY"), number("VQTY"), number("UPRICE"), text("NOTES", 255)}),
