@@ -20,9 +20,8 @@ constexpr const char* large = "50 x 20,000 x 1,000,000";
 
 // A row whose last two numbers are one has reached its goal and is held to it. Those that have not:
 // - The smallest approval against the prepared replay has been seen at its goal, not safely below.
-// - The closes on PostgreSQL have been seen between 0.7 and 1.0 on a machine shared with other work; most of
-//   their time are the server's sums. The limits of a period stay in the text of a query: planned without
-//   them, the middle close took twice as long as its texts.
+// - The small close on PostgreSQL is at its goal on a quiet machine, but most of it are the logins of its
+//   fourteen connections, and what a server takes for those moves most beside other work.
 constexpr Limit limits[] = {
     // work, size, against, before, now, goal
     {"month close", small, Against::odbc, 1.18, 0.80, 0.80},
@@ -34,15 +33,15 @@ constexpr Limit limits[] = {
     {"month close", large, Against::odbc, {}, 0.70, 0.70},
     {"month close", large, Against::prepared, {}, 1.15, 1.15},
     {"approval", "50 lines over 5,000", Against::odbc, 1.20, 0.90, 0.90},
-    {"approval", "50 lines over 5,000", Against::prepared, {}, 1.35, 1.15},
+    {"approval", "50 lines over 5,000", Against::prepared, {}, 1.25, 1.15},
     {"approval", "500 lines over 200,000", Against::odbc, 1.10, 1.00, 1.00},
     {"approval", "500 lines over 200,000", Against::prepared, {}, 1.15, 1.15},
     {"approval", "5,000 lines over 1,000,000", Against::odbc, {}, 1.00, 1.00},
     {"approval", "5,000 lines over 1,000,000", Against::prepared, {}, 1.15, 1.15},
     {"record calls", "800 calls", Against::odbc, 1.09, 0.50, 0.50},
     {"record calls", "800 calls", Against::prepared, {}, 1.15, 1.15},
-    {"month close on PostgreSQL", small, Against::text, {}, 1.00, 0.70},
-    {"month close on PostgreSQL", middle, Against::text, {}, 1.20, 0.70},
+    {"month close on PostgreSQL", small, Against::text, {}, 0.85, 0.70},
+    {"month close on PostgreSQL", middle, Against::text, {}, 0.70, 0.70},
 };
 
 std::string compared(const char* what, double value, double limit) {

@@ -30,7 +30,7 @@ Plan full_plan(Companies& companies, ServerCompanies& on_server) {
        month_close(companies, large_company), approval(companies, small_company),
        approval(companies, middle_company), approval(companies, large_company),
        record_calls(companies, small_company, measured_calls), material_requirement(companies, small_company),
-       month_close_on_server(on_server, middle_company)},
+       month_close_on_server(on_server, small_company), month_close_on_server(on_server, middle_company)},
       {},
       looks(companies, large_company),
       10'000};
