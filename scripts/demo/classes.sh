@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# How the demo reaches the classes: natively, or through Tallyra.dll under Wine, as $classes says (native or dll). To be
-# sourced after wine.sh; works in $folder, on the file $database, or on the server that $place leads to.
+# How the demo reaches the classes: by the console client natively, or through Tallyra.dll under Wine, as $classes says
+# (native or dll). To be sourced after wine.sh; works in $folder, on the file $database, or on the server that $place
+# leads to.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 client() {
@@ -13,7 +14,15 @@ client() {
 }
 
 # Calls a method and keeps what it answers; a failure is shown.
-call() { client "$@" >"$folder/answer.txt" || { cat "$folder/answer.txt" >&2 && return 1; }; }
+call() { client call "$@" >"$folder/answer.txt" || { cat "$folder/answer.txt" >&2 && return 1; }; }
+
+# Carries out another verb, keeps what it answers, and shows what it tells beside that, but for the time that it took.
+verb() {
+  local status=0
+  client "$@" --yes >"$folder/answer.txt" 2>"$folder/told.txt" || status=$?
+  tr -d '\r' <"$folder/told.txt" | sed 's/ in [0-9.]* seconds//'
+  return $status
+}
 
 # One line of what was answered last, by its name; one value that came back, by its column or argument number.
 answer() { sed -n "s/^$1 *//p" "$folder/answer.txt"; }

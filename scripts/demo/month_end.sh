@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# The month end: closing, approving, and what the close of February shows. With $classes "dll" the VBScript client
-# closes. To be sourced.
+# The month end: closing, approving, and what the close of February shows. To be sourced after classes.sh.
 [ "${BASH_SOURCE[0]}" != "$0" ] || source "$(dirname "$0")/../setup.sh" --help
 
 month_1=2024/01/31 month_2=2024/02/29
@@ -8,26 +7,13 @@ month_1=2024/01/31 month_2=2024/02/29
 end_1='2024-01-31 00:00:00' end_2='2024-02-29 00:00:00'
 documents_1='2024-02-01 00:00:00' documents_2='2024-03-01 00:00:00'
 
-close_month() {
-  if [ "$classes" = dll ]; then
-    sample month_end close "$1"
-  else
-    call CStockClose Insert "$1" CLOSEDT="$1" STATUSSN=i:0 MAKEBY=ADMIN
-    echo "closed $1, result $(answer Result)"
-  fi
-}
-approve_month() {
-  if [ "$classes" = dll ]; then
-    sample month_end approve "$1"
-  else
-    call CStockClose Update "$1" STATUSSN=i:1 STATUS=APPROVED APPROVED
-    echo "approved $1, result $(answer Result)"
-  fi
-}
+close_month() { verb close "$1" && cat "$folder/answer.txt"; }
+approve_month() { verb approve "$1"; }
 
 show_close() {
-  say "The close record of $month_2"
-  client CStockClose Read $month_2
+  say "The close of $month_2 against sums of its own"
+  verb verify $month_2
+  cat "$folder/answer.txt"
 
   say "Close documents of $month_2"
   table "SELECT H.TRANNO AS document, H.TRANTYPE AS type, coalesce(D.DEPTNM, 'whole company') AS department,

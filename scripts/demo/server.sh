@@ -43,8 +43,8 @@ mirror() {
     grep -v '^PRAGMA' "$repository/schema/sqlite.sql"
     echo 'DELETE FROM TALLYRASCHEMA;'
     "$(server_program pg_dump)" -h "$server_folder" -p "$server_port" -U owner --data-only --inserts \
-      --rows-per-insert=500 --exclude-table=tablekeys "$1" | sed -n '/^INSERT INTO /,/;$/p' |
-      sed 's/^INSERT INTO public\./INSERT INTO /'
+      --rows-per-insert=500 --exclude-table={tablekeys,tallyralock,tallyrajournal} "$1" |
+      sed -n '/^INSERT INTO /,/;$/p' | sed 's/^INSERT INTO public\./INSERT INTO /'
     echo 'COMMIT;'
   } | sqlite3 "$2"
 }

@@ -70,7 +70,7 @@ check_counted_stocktaking() {
   check "some of it differs from the books, some does not" \
     "$(query "$(sheet_of $counted_check) SELECT count(DISTINCT COUNTED=BOOK) FROM SHEET")" 2
   check_posting $counted_check
-  check "it is adjusted by one document, approved and of its date" \
+  check "it is posted by one document, approved and of its date" \
     "$(query "SELECT group_concat(STATUSSN||' '||date(TRANDT)||' '||DEPTNOFR) FROM STKTRANHD
               WHERE TRANTYPE='STKCHECKISS' AND REFERENCE='$counted_check'")" \
     "1 ${counted_on//\//-} $counted_department"

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# story.sh native|dll sqlite|postgresql FOLDER: what the demo shows, with the native classes or those of Tallyra.dll, on
-# a database that it makes in the folder or on the server that runs. Prints the same with each.
+# story.sh native|dll sqlite|postgresql FOLDER: what the demo shows by the verbs of the console client, with the native
+# classes or those of Tallyra.dll, on a database that it makes in the folder or on the server that runs. Prints the same
+# with each.
 source "$(dirname "$0")/../setup.sh"
 classes=$1 engine=$2 folder=$3 database=$3/company.db
 source "$repository/scripts/wine.sh"
