@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # A company closes two consecutive months on an embedded database by the verbs of the console client, with the life of
-# stock documents and stocktakings between them. Shows the documents that come out and checks them with SQL of its own on
-# the database. Then an administrator approves the second month, takes stock with a sheet and closes a third one. Ends
-# with an error when a check fails.
+# stock documents and stocktakings between them. Shows the documents that come out and checks them with SQL of its own
+# on the database. Then an administrator approves the second month, takes stock with a sheet and closes a third one.
+# Ends with an error when a check fails.
 #
-# With --dll the same happens twice, with the native classes and with those of Tallyra.dll under Wine. Both have to print
-# the same and to leave the same database. Then VBScript clients lead a copy through the second month, whose documents
-# have to be the same again.
+# With --dll the same happens twice, with the native classes and with those of Tallyra.dll under Wine. Both have to
+# print the same and to leave the same database. Then VBScript clients lead a copy through the second month, whose
+# documents have to be the same again.
 #
 # With --postgres it happens twice too, on the embedded database and on a PostgreSQL server of the demo's own, which
 # runs in a temporary folder and is gone afterwards. Both have to print the same and to store the same rows.

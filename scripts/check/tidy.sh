@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # clang-tidy 16 with the checks of .clang-tidy, on what changed since the branch left origin/main (on that branch
-# itself: since the commit before), headers each by itself. Without the analyzer, which takes two thirds of the time,
-# and for at most 60 files, those with most changed lines: two cores do that in about two minutes. Ends with 1 on a
-# finding.
+# itself: since the commit before), headers each by itself. For at most 60 files, those with most changed lines: two
+# cores do that in about two minutes. Ends with 1 on a finding.
 #
-#   tidy.sh             what changed
-#   tidy.sh --all       every source of the native build, with the analyzer (half an hour on two cores)
-#   tidy.sh FILE...     these, with the analyzer
+#   tidy.sh                          what changed
+#   tidy.sh --all                    every source of the native build (half an hour on two cores)
+#   tidy.sh FILE...                  these
+#   tidy.sh --analyzer [--all|FILE...]   with the analyzer, which takes two thirds of the time
 source "$(dirname "$0")/../setup.sh"
 cd "$repository"
 
@@ -44,12 +44,16 @@ known_sources() { sed -n "s,^ *\"file\": \"$repository/\(.*\)\"\,\?$,\1,p" "$bui
 # What the build knows is asked of it, so it is configured first.
 install_packages clang-tidy-16
 cmake --preset debug >/dev/null
-extra=()
+extra=('--checks=-clang-analyzer-*') only_changed=
+if [ "${1:-}" = --analyzer ]; then
+  extra=()
+  shift
+fi
 case ${1:-} in
   --all) files=$(known_sources | grep -v "^build/") ;;
   '')
     files=$(changed_files | grep -E '\.(cpp|h)$' | sort -k 1,1nr -k 2 | cut -d ' ' -f 2 || true)
-    extra=('--checks=-clang-analyzer-*')
+    only_changed=yes
     ;;
   *) files=$(printf '%s\n' "$@") ;;
 esac
@@ -58,7 +62,7 @@ wanted=$(while read -r file; do [ -z "$file" ] || source_of "$file"; done <<<"$f
 sources=$(grep -xF -f <(known_sources) <<<"$wanted" || true)
 left_out=$(($(grep -c . <<<"$wanted" || true) - $(grep -c . <<<"$sources" || true)))
 [ "$left_out" = 0 ] || echo "$left_out files are not part of the native build: not looked at"
-if [ ${#extra[@]} != 0 ] && [ "$(grep -c . <<<"$sources")" -gt "$most_files" ]; then
+if [ -n "$only_changed" ] && [ "$(grep -c . <<<"$sources")" -gt "$most_files" ]; then
   echo "$(grep -c . <<<"$sources") files changed, the $most_files that changed most are looked at; --all looks at all"
   sources=$(head -n "$most_files" <<<"$sources")
 fi

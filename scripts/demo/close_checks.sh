@@ -64,7 +64,8 @@ check_department_lines() {
 }
 
 check_second_run() {
-  check "a second run of $month_2 is refused" "$(verb close $month_2 | grep -c "$month_2 is not closed, because of: ")" 1
+  check "a second run of $month_2 is refused" \
+    "$(verb close $month_2 | grep -c "$month_2 is not closed, because of: ")" 1
 }
 
 # check_undoing STATE-BEFORE: on a copy of the database.
