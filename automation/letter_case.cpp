@@ -67,7 +67,8 @@ bool are_continuations(std::string_view bytes) {
 
 void make_small(std::string& text, std::size_t at, std::size_t size) {
   std::uint32_t letter = static_cast<unsigned char>(text[at]) & (size == 1 ? 0x7FU : 0x3FU >> (size - 1));
-  for (std::size_t i = 1; i < size; ++i) letter = letter << 6 | (text[at + i] & 0x3FU);
+  for (std::size_t i = 1; i < size; ++i)
+    letter = letter << 6 | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
   std::uint32_t rest = small_letter(letter);
   if (rest == letter) return;
   for (std::size_t i = size - 1; i > 0; --i, rest >>= 6)

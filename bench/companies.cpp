@@ -81,7 +81,7 @@ Companies::Companies(std::string folder, std::string schema)
     : folder_(std::move(folder)), schema_(std::move(schema)) {}
 
 fs::path Companies::original(const CompanySize& size) {
-  const fs::path database = folder_ / (file_name(size) + ".db");
+  fs::path database = folder_ / (file_name(size) + ".db");
   if (made_.insert(database).second) apart([&] { generate(size, schema_, database); });
   return database;
 }

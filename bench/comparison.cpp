@@ -42,7 +42,7 @@ Comparison compare(const Scenario& scenario, const std::string& folder, Time wan
     result.rows = run.count;
   }};
   for (const Replay& way : scenario.replays)
-    kinds.push_back([&result, &log, &way, time] {
+    kinds.emplace_back([&result, &log, &way, time] {
       const Measurement run = measured_run([&] { return replay(log, way.connect()); }, time);
       result.replays[way.against].add(run);
       result.statements = run.count;

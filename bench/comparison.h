@@ -38,6 +38,6 @@ struct Comparison {
 
 // Records the statements of one run, then runs component and replays in turn, each on a company that is as it
 // was before the work. The log of the statements is kept in `folder` meanwhile.
-Comparison compare(const Scenario& scenario, const std::string& folder, Time time = Time::passed);
+Comparison compare(const Scenario& scenario, const std::string& folder, Time wanted = Time::passed);
 
 }  // namespace tallyra::bench

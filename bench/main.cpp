@@ -118,30 +118,28 @@ int measure(const Options& options, const Place& place) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   CLI::App app{description};
   Options options;
   declare(app, options);
   CLI11_PARSE(app, argc, argv);
-  try {
-    const std::optional<Place> place = chosen_place(options);
-    const bool whole =
-        !options.quick && options.only.empty() && !options.processor_time && (!place || place->in_memory);
-    if (!options.document.empty() && !whole) {
-      std::fprintf(stderr, "tallyra-bench: only figures of a whole run in memory are written\n");
-      return usage_error;
-    }
-    if (!place) {
-      std::printf("No folder in memory has the room: nothing is measured, nothing is judged.\n");
-      return 0;
-    }
-    tallyra::server::register_classes();
-    tallyra::standins::ado::register_classes();
-    tallyra::standins::corvane::register_classes();
-    tallyra::standins::lexbank::register_classes();
-    return measure(options, *place);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "tallyra-bench: %s\n", error.what());
-    return 1;
+  const std::optional<Place> place = chosen_place(options);
+  const bool whole =
+      !options.quick && options.only.empty() && !options.processor_time && (!place || place->in_memory);
+  if (!options.document.empty() && !whole) {
+    std::fprintf(stderr, "tallyra-bench: only figures of a whole run in memory are written\n");
+    return usage_error;
   }
+  if (!place) {
+    std::printf("No folder in memory has the room: nothing is measured, nothing is judged.\n");
+    return 0;
+  }
+  tallyra::server::register_classes();
+  tallyra::standins::ado::register_classes();
+  tallyra::standins::corvane::register_classes();
+  tallyra::standins::lexbank::register_classes();
+  return measure(options, *place);
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "tallyra-bench: %s\n", error.what());
+  return 1;
 }

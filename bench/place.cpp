@@ -1,13 +1,13 @@
 #include "bench/place.h"
 
 #include <linux/magic.h>
-#include <signal.h>
 #include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <filesystem>
 #include <system_error>
 

@@ -31,7 +31,7 @@ inline constexpr CompanySize small_company{5, 200, 5'000};
 Plan quick_plan(Companies& companies, ServerCompanies& on_server);
 Plan full_plan(Companies& companies, ServerCompanies& on_server);
 
-inline constexpr std::uint64_t quick_plan_bytes = 256ull << 20;
-inline constexpr std::uint64_t full_plan_bytes = 4ull << 30;
+inline constexpr std::uint64_t quick_plan_bytes = 256ULL << 20;
+inline constexpr std::uint64_t full_plan_bytes = 4ULL << 30;
 
 }  // namespace tallyra::bench

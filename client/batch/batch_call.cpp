@@ -65,7 +65,7 @@ void refuse_other_keys(const Json& json) {
 }
 
 Call call_of(const Json& json) {
-  if (!json.is_object()) throw UsageError("a call is an object, {\"class\": ..., \"member\": ...}");
+  if (!json.is_object()) throw UsageError(R"(a call is an object, {"class": ..., "member": ...})");
   if (json.contains("words") && json.size() == 1) return call_of_words(json["words"]);
   refuse_other_keys(json);
   Call call = parse_call({text_of(json, "class"), text_of(json, "member")});

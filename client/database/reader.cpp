@@ -96,6 +96,7 @@ std::vector<std::string> Reader::walk(const std::string& query,
     move_next.call();
   }
   std::vector<std::string> names;
+  names.reserve(columns.size());
   for (const NumberedColumn& column : columns) names.push_back(column.name);
   return names;
 }

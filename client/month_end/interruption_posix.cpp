@@ -1,6 +1,6 @@
-#include <signal.h>
 
 #include <atomic>
+#include <csignal>
 
 #include "client/month_end/interruption.h"
 

@@ -42,6 +42,7 @@ std::vector<automation::Date> dates_of(const std::vector<Leftover>& left) {
   std::set<double> serials;
   for (const Leftover& document : left) serials.insert(document.close_date.serial);
   std::vector<automation::Date> dates;
+  dates.reserve(serials.size());
   for (const double serial : serials) dates.push_back({serial});
   return dates;
 }

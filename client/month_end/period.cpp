@@ -10,7 +10,6 @@ namespace tallyra::client {
 namespace {
 
 using automation::Date;
-using automation::Value;
 
 // Where the first close of a company begins.
 Date before_all_closes() {

@@ -1,4 +1,5 @@
-#include <signal.h>
+
+#include <csignal>
 
 #include "client/platform/closed_pipe.h"
 

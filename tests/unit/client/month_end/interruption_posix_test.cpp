@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
-#include <signal.h>
+
+#include <csignal>
 
 #include "client/month_end/interruption.h"
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 #include "client/platform/closed_pipe.h"
 
