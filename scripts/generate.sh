@@ -14,5 +14,7 @@ for engine in sqlite postgresql sqlserver access; do
   mv "schema/$engine.sql.new" "schema/$engine.sql"
 done
 
+# The client that prints them has to know what was just written into its list.
+build release tallyra-client | tail -n 1
 build/release/bin/tallyra-client help --man >docs/tallyra-client.1
 build/release/bin/tallyra-client help --completion >docs/tallyra-client.bash
