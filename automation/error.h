@@ -21,7 +21,6 @@ inline constexpr std::int32_t invalid_null = 94;
 inline constexpr std::int32_t object_required = 424;
 inline constexpr std::int32_t cannot_create = 429;
 inline constexpr std::int32_t no_such_member = 438;
-inline constexpr std::int32_t action_not_supported = 445;
 inline constexpr std::int32_t no_such_named_argument = 448;
 inline constexpr std::int32_t argument_not_optional = 449;
 inline constexpr std::int32_t wrong_argument_count = 450;

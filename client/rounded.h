@@ -8,6 +8,8 @@ double rounded(double number, int decimals);
 
 // Decimals that are entered, in quantities and prices alike, and more.
 inline constexpr int figure_decimals = 6;
+// Those of a value in money.
+inline constexpr int value_decimals = 2;
 
 // `right` taken from `left`, without what is rounding in numbers of that size: 0.0001 for 1234567.8901 and
 // 1234567.89, not 0.0000999998.

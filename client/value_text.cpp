@@ -48,4 +48,12 @@ std::string shown_text(const automation::Value& value) {
   }
 }
 
+std::string text_or_nothing(const automation::Value& value) {
+  return value.is_null() ? std::string() : shown_text(value);
+}
+
+double number_or_zero(const automation::Value& value) {
+  return value.is_null() ? 0 : automation::to_double(value);
+}
+
 }  // namespace tallyra::client

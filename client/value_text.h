@@ -14,4 +14,8 @@ std::string_view type_name(const automation::Value& value);
 // is missing, words in parentheses for what has no text. Never throws.
 std::string shown_text(const automation::Value& value);
 
+// What a column holds, for a table and for a sum: nothing stands for Null, which is a word of the raw calls.
+std::string text_or_nothing(const automation::Value& value);
+double number_or_zero(const automation::Value& value);
+
 }  // namespace tallyra::client

@@ -24,7 +24,8 @@ using frame::Recordset;
 using frame::sql;
 namespace schema = frame::schema;
 
-constexpr std::string_view day_before_all_closes = "2000/01/01";
+// The date of the close before the first one; a stocktaking has another, see its posting.
+constexpr std::string_view close_before_the_first = "2000/01/01";
 
 Recordset& records_of(Call& call) {
   return call.recordset(0);
@@ -55,7 +56,7 @@ std::string previous_close(Call& call, const std::string& close_date, const Date
   Recordset& records = records_of(call);
   records.open(sql("Select Top 1 * From STKCLOSEHD Where CLOSEDT<{} Order By CLOSEDT DESC", close_date),
                call.connection, CursorType::static_copy);
-  std::string previous = literal.of_text(day_before_all_closes);
+  std::string previous = literal.of_text(close_before_the_first);
   if (!records.at_end()) {
     records.move_first();
     previous = literal.of_day(automation::to_date(records.value(schema::column::close_date)));

@@ -13,7 +13,7 @@ namespace {
 // A business object as a late-bound client sees it.
 class LateBoundObject : public automation::Dispatch {
  public:
-  explicit LateBoundObject(const ClassTable& table) : table_(table), session_(table.make()) {}
+  explicit LateBoundObject(const ClassTable& table) : table_(table), object_(table.make()) {}
 
   automation::MemberId resolve(std::string_view name) override { return table_.resolve(name); }
 
@@ -23,7 +23,7 @@ class LateBoundObject : public automation::Dispatch {
     if (!member) throw automation::Error(automation::error_number::no_such_member);
     // What the arguments need is asked for outside of the method's own error trap.
     try {
-      return member->invoke(*session_, *member, arguments);
+      return member->invoke(*object_, *member, arguments);
     } catch (const std::bad_alloc&) {
       throw automation::Error(automation::error_number::out_of_memory);
     }
@@ -31,7 +31,7 @@ class LateBoundObject : public automation::Dispatch {
 
  private:
   const ClassTable& table_;
-  std::unique_ptr<frame::BusinessObject> session_;
+  std::unique_ptr<frame::BusinessObject> object_;
 };
 
 }  // namespace

@@ -140,10 +140,10 @@ struct Signature<R (C::*)(P...)> {
       ParameterShape{TypeOf<std::remove_cvref_t<P>>::parameter, Passed<P>::by_reference}...};
 
   template <auto F>
-  static automation::Value invoke(frame::BusinessObject& session, const ClassMember& member,
+  static automation::Value invoke(frame::BusinessObject& object, const ClassMember& member,
                                   automation::Arguments arguments) {
     if (arguments.size() > arity) throw automation::Error(automation::error_number::wrong_argument_count);
-    return invoke_with<F>(static_cast<C&>(session), member, arguments, std::index_sequence_for<P...>{});
+    return invoke_with<F>(static_cast<C&>(object), member, arguments, std::index_sequence_for<P...>{});
   }
 
  private:

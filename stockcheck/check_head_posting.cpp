@@ -20,8 +20,8 @@ using frame::Recordset;
 using frame::sql;
 namespace schema = frame::schema;
 
-// Where the period begins as long as there is no close.
-constexpr std::string_view day_before_all_closes = "2004/01/01";
+// Where the period begins as long as there is no close; the first close has another day.
+constexpr std::string_view begin_without_a_close = "2004/01/01";
 constexpr std::int16_t most_key_requests = 3;
 
 std::string literal_of(const DateLiteral& literal, const Value& date) {
@@ -213,7 +213,7 @@ void PostCheckIssue(const std::string& cCHECKNO, Connection& connection, const D
   lines.move_first();
   Stocktaking stocktaking{.number = cCHECKNO,
                           .department = automation::to_text(lines.value(schema::column::department)),
-                          .after = literal.of_text(day_before_all_closes),
+                          .after = literal.of_text(begin_without_a_close),
                           .until = literal_of(literal, lines.value(schema::column::check_date))};
   find_last_close(closes, connection, literal, stocktaking);
 

@@ -8,6 +8,7 @@
 #include "client/exit_status.h"
 #include "client/month_end/close_run.h"
 #include "client/month_end/interruption.h"
+#include "client/month_end/period.h"
 #include "client/month_end/run_watch.h"
 #include "client/own_connection.h"
 #include "client/platform/wide_text_windows.h"
@@ -106,8 +107,8 @@ LineCounter committed_lines(const std::string& connection_string) {
   return [connection = std::make_shared<OwnConnection>(connection_string)] {
     return static_cast<std::size_t>(
         connection->count("Select Count(*) As N From STKTRANDT Inner Join STKTRANHD"
-                          " On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where STKTRANHD.STATUSSN=0"
-                          " And (STKTRANHD.TRANTYPE='STK027CLOSE' Or STKTRANHD.TRANTYPE='STKCLOSEALL')"));
+                          " On STKTRANDT.TRANNO=STKTRANHD.TRANNO Where STKTRANHD.STATUSSN=0 And " +
+                          std::string(close_documents_only)));
   };
 }
 

@@ -10,10 +10,6 @@
 namespace tallyra::client {
 namespace {
 
-constexpr const char* unapproved_condition =
-    "Select TRANNO,TRANTYPE,DEPTNOFR,TRANDT From STKTRANHD"
-    " Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And STATUSSN=0 Order By TRANDT,TRANNO";
-
 std::string counted(std::int64_t count, const char* one, const char* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
@@ -23,7 +19,9 @@ std::string counted(std::int64_t count, const char* one, const char* many) {
 std::vector<Leftover> leftovers(const Reader& reader) {
   const auto records = close_records(reader);
   std::vector<Leftover> left;
-  reader.each_row(unapproved_condition, [&](const Row& row) {
+  const std::string unapproved = "Select TRANNO,TRANTYPE,DEPTNOFR,TRANDT From STKTRANHD Where " +
+                                 std::string(close_documents_only) + " And STATUSSN=0 Order By TRANDT,TRANNO";
+  reader.each_row(unapproved, [&](const Row& row) {
     Leftover document;
     document.document = key_text(row[0]);
     document.of_company = automation::to_text(row[1]) == "STKCLOSEALL";

@@ -67,4 +67,10 @@ std::string within(const Reader& reader, const Period& period) {
          " And STKTRANHD.TRANDT<=" + reader.date_literal(period.until);
 }
 
+DocumentCount count_close_documents(const Reader& reader, automation::Date date) {
+  const std::string query = "Select Count(*) As N From STKTRANHD Where " + std::string(close_documents_only) +
+                            " And TRANDT=" + reader.date_literal(automation::add_days(date, 1));
+  return {reader.count(query), reader.count(query + " And STATUSSN=0")};
+}
+
 }  // namespace tallyra::client

@@ -40,6 +40,19 @@ Period period_of(const std::vector<CloseRecord>& records, automation::Date date)
 // " And STKTRANHD.TRANDT>... And STKTRANHD.TRANDT<=...", as the close has it.
 std::string within(const Reader& reader, const Period& period);
 
+// The documents that closes write, and all others.
+inline constexpr std::string_view close_documents_only =
+    "(STKTRANHD.TRANTYPE='STK027CLOSE' Or STKTRANHD.TRANTYPE='STKCLOSEALL')";
+inline constexpr std::string_view no_close_documents =
+    "STKTRANHD.TRANTYPE<>'STK027CLOSE' And STKTRANHD.TRANTYPE<>'STKCLOSEALL'";
+
+// How many documents a close of the date has.
+struct DocumentCount {
+  std::int64_t documents = 0;
+  std::int64_t unapproved = 0;
+};
+DocumentCount count_close_documents(const Reader& reader, automation::Date date);
+
 // Left out of what a close reads: the unapproved close documents, which it deletes before it begins.
 inline constexpr std::string_view no_unapproved_close_documents =
     " And (STKTRANHD.TRANTYPE<>'STK027CLOSE' Or STKTRANHD.STATUSSN<>0 Or STKTRANHD.STATUSSN Is Null)";

@@ -4,23 +4,17 @@
 #include <cmath>
 
 #include "automation/convert.h"
+#include "client/month_end/period.h"
 #include "client/month_end/sums.h"
+#include "client/rounded.h"
+#include "client/value_text.h"
 
 namespace tallyra::client {
 namespace {
 
-double number_of(const automation::Value& value) {
-  return value.is_null() ? 0 : automation::to_double(value);
-}
-
-// For the eye: a sum of many binary fractions has digits that nobody has entered.
-double rounded(double number, double parts) {
-  return std::round(number * parts) / parts;
-}
-
 std::string of_that_day(const Reader& reader, automation::Date date) {
-  return " Where STKTRANHD.TRANDT=" + reader.date_literal(automation::add_days(date, 1)) +
-         " And (STKTRANHD.TRANTYPE='STK027CLOSE' Or STKTRANHD.TRANTYPE='STKCLOSEALL')";
+  return " Where STKTRANHD.TRANDT=" + reader.date_literal(automation::add_days(date, 1)) + " And " +
+         std::string(close_documents_only);
 }
 
 std::map<std::string, CloseDocument> documents_with_lines(const Reader& reader, automation::Date date) {
@@ -41,7 +35,7 @@ std::map<std::string, CloseDocument> documents_with_lines(const Reader& reader, 
       [&](const Row& row) {
         CloseDocument& document = documents[key_text(row[0])];
         document.lines = automation::to_int32(row[1]);
-        document.quantity = number_of(row[2]);
+        document.quantity = number_or_zero(row[2]);
       });
   return documents;
 }
@@ -54,10 +48,10 @@ void add_values(const Reader& reader, automation::Date date,
   const std::string joined = " From STKTRANHD Inner Join STKTRANDT On STKTRANHD.TRANNO=STKTRANDT.TRANNO" +
                              day + " And STKTRANHD.TRANTYPE=";
   reader.each_row("Select STKTRANDT.PARTNO,STKTRANDT.UPRICE" + joined + "'STKCLOSEALL'",
-                  [&](const Row& row) { costs[automation::to_text(row[0])] = number_of(row[1]); });
+                  [&](const Row& row) { costs[automation::to_text(row[0])] = number_or_zero(row[1]); });
   const auto add = [&](const Row& row) {
     const auto cost = costs.find(automation::to_text(row[1]));
-    if (cost != costs.end()) documents[key_text(row[0])].value += number_of(row[2]) * cost->second;
+    if (cost != costs.end()) documents[key_text(row[0])].value += number_or_zero(row[2]) * cost->second;
   };
   for (const char* type : {"'STK027CLOSE'", "'STKCLOSEALL'"})
     reader.each_row("Select STKTRANHD.TRANNO,STKTRANDT.PARTNO,STKTRANDT.QTY" + joined + type, add);
@@ -91,7 +85,8 @@ Table summary_table(const Reader& reader, automation::Date date) {
   for (const CloseDocument& document : close_documents(reader, date))
     table.rows.push_back({document.of_company ? "company" : document.department, names[document.department],
                           document.number, static_cast<double>(document.lines),
-                          rounded(document.quantity, 1e6), rounded(document.value, 100)});
+                          rounded(document.quantity, figure_decimals),
+                          rounded(document.value, value_decimals)});
   return table;
 }
 

@@ -10,11 +10,6 @@
 namespace tallyra::client {
 namespace {
 
-// Nothing stands for what is not known: NULL is a word of the raw calls.
-std::string cell_text(const automation::Value& value) {
-  return value.is_null() ? std::string() : shown_text(value);
-}
-
 // The lines of a text, each cut into pieces that fit.
 std::string wrapped(const std::string& text, std::size_t width) {
   std::string result;
@@ -37,7 +32,7 @@ std::string rows_below_each_other(const Table& table, std::size_t width) {
   for (const auto& row : table.rows) {
     TextTable lines;
     for (std::size_t i = 0; i < row.size(); ++i)
-      if (const std::string cell = cell_text(row[i]); !cell.empty())
+      if (const std::string cell = text_or_nothing(row[i]); !cell.empty())
         lines.add_row({table.columns[i].name, wrapped(cell, room)});
     if (!text.empty()) text += '\n';
     lines.append_to(text);
@@ -57,7 +52,7 @@ std::string as_text(const Table& table, std::size_t width) {
   lines.add_row(heading);
   for (const auto& row : table.rows) {
     std::vector<std::string> cells;
-    for (const auto& value : row) cells.push_back(cell_text(value));
+    for (const auto& value : row) cells.push_back(text_or_nothing(value));
     lines.add_row(cells);
   }
   if (width == 0 || lines.fit(width))
@@ -81,7 +76,7 @@ std::string as_csv(const Table& table) {
   text += '\n';
   for (const auto& row : table.rows) {
     for (std::size_t i = 0; i < row.size(); ++i)
-      text.append(i == 0 ? "" : ",").append(quoted_where_needed(cell_text(row[i])));
+      text.append(i == 0 ? "" : ",").append(quoted_where_needed(text_or_nothing(row[i])));
     text += '\n';
   }
   return text;

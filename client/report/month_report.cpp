@@ -27,14 +27,6 @@ struct CompanyLine {
 };
 using CompanyLines = std::map<std::string, CompanyLine, std::less<>>;
 
-double number_of(const automation::Value& value) {
-  return value.is_null() ? 0 : automation::to_double(value);
-}
-
-std::string text_of(const automation::Value& value) {
-  return value.is_null() ? std::string() : shown_text(value);
-}
-
 MaterialType type_of(const automation::Value& value) {
   return value.is_null() ? MaterialType() : automation::to_int32(value);
 }
@@ -47,7 +39,7 @@ std::string joined_lines(const std::string& columns, const std::string& conditio
 Parts read_parts(const Reader& reader) {
   Parts parts;
   reader.each_row("Select PARTNO,PARTNM,MTYPESN From PARTS", [&](const Row& row) {
-    parts.emplace(text_of(row[0]), Part{text_of(row[1]), type_of(row[2])});
+    parts.emplace(text_or_nothing(row[0]), Part{text_or_nothing(row[1]), type_of(row[2])});
   });
   return parts;
 }
@@ -58,9 +50,9 @@ CompanyLines read_company(const Reader& reader, automation::Date close) {
                                "STKTRANHD.TRANTYPE='STKCLOSEALL' And STKTRANHD.TRANDT=" +
                                    reader.date_literal(automation::add_days(close, 1))),
                   [&](const Row& row) {
-                    CompanyLine& line = lines[text_of(row[0])];
-                    line.quantity += number_of(row[1]);
-                    line.cost = number_of(row[2]);
+                    CompanyLine& line = lines[text_or_nothing(row[0])];
+                    line.quantity += number_or_zero(row[1]);
+                    line.cost = number_or_zero(row[2]);
                   });
   return lines;
 }
@@ -89,8 +81,9 @@ void read_departments(const Source& source, MonthReport& report) {
                    "STKTRANHD.TRANTYPE='STK027CLOSE' And STKTRANHD.TRANDT=" +
                        source.reader.date_literal(automation::add_days(report.close.date, 1))),
       [&](const Row& row) {
-        const std::string part = text_of(row[1]);
-        figures[key_text(row[0])].by_type[source.part(part).type] += source.valued(part, number_of(row[2]));
+        const std::string part = text_or_nothing(row[1]);
+        figures[key_text(row[0])].by_type[source.part(part).type] +=
+            source.valued(part, number_or_zero(row[2]));
       });
   for (const Department& department : departments(source.reader)) {
     const auto found = figures.find(department.number);
@@ -132,13 +125,13 @@ void read_differences(const Source& source, const Period& period, MonthReport& r
                    "STKTRANDT.PARTNO,STKTRANDT.QTY",
                    "STKTRANHD.TRANTYPE='STKCHECKISS'" + within(source.reader, period)),
       [&](const Row& row) {
-        PostedDifference& posted = found[text_of(row[0]) + "\n" + text_of(row[1])];
-        posted.document = text_of(row[0]);
-        posted.stocktaking = text_of(row[1]);
+        PostedDifference& posted = found[text_or_nothing(row[0]) + "\n" + text_or_nothing(row[1])];
+        posted.document = text_or_nothing(row[0]);
+        posted.stocktaking = text_or_nothing(row[1]);
         posted.department = key_text(row[2]);
         posted.date = automation::to_date(row[3]);
         ++posted.lines;
-        posted.figure += source.valued(text_of(row[4]), number_of(row[5]));
+        posted.figure += source.valued(text_or_nothing(row[4]), number_or_zero(row[5]));
       });
   for (auto& [key, posted] : found) report.differences.push_back(std::move(posted));
   std::ranges::stable_sort(report.differences, {},
@@ -185,7 +178,7 @@ MonthReport read_report(const Reader& reader, const std::vector<CloseRecord>& re
   const Source source{reader, read_parts(reader), read_company(reader, close.date)};
   report.parts = source.company.size();
   reader.each_row("Select MTYPESN,MTYPENM From PARTCOSTSET",
-                  [&](const Row& row) { report.type_names[type_of(row[0])] = text_of(row[1]); });
+                  [&](const Row& row) { report.type_names[type_of(row[0])] = text_or_nothing(row[1]); });
   read_departments(source, report);
   find_changes(source, previous ? read_company(reader, previous->date) : CompanyLines(), report);
   read_differences(source, period_of(records, close.date), report);

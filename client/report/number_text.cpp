@@ -9,7 +9,6 @@
 namespace tallyra::client {
 namespace {
 
-constexpr int value_decimals = 2;
 constexpr int quantity_decimals = 3;
 
 // Plain digits with a point. A number so large that it does not fit has no meaning for a person anyway.

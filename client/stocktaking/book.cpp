@@ -11,11 +11,11 @@ namespace {
 
 using Sums = std::map<std::string, double>;
 
-// Where the period begins as long as there is no close.
-constexpr const char* day_before_all_closes = "2004/01/01";
+// Where an approval lets the period begin as long as there is no close.
+constexpr const char* begin_without_a_close = "2004/01/01";
 
 std::string period_condition(const Reader& reader, automation::Date day) {
-  automation::Date after = *automation::parse_date(day_before_all_closes);
+  automation::Date after = *automation::parse_date(begin_without_a_close);
   for (const CloseRecord& record : close_records(reader))
     if (record.date.serial <= day.serial) after = record.date;
   return " And STKTRANHD.TRANDT>" + reader.date_literal(after) +
@@ -41,10 +41,6 @@ void add(BookLine& line, const Sums& sums) {
   if (found == sums.end()) return;
   line.moved = true;
   if (found->second > 0) line.book += found->second;
-}
-
-std::string text_or_nothing(const automation::Value& value) {
-  return value.is_null() ? std::string() : shown_text(value);
 }
 
 }  // namespace

@@ -12,10 +12,6 @@
 namespace tallyra::client {
 namespace {
 
-std::string text_or_nothing(const automation::Value& value) {
-  return value.is_null() ? std::string() : shown_text(value);
-}
-
 Stocktaking stocktaking_in(const Row& row, const std::string& number) {
   Stocktaking stocktaking;
   stocktaking.number = number;

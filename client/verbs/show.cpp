@@ -6,6 +6,7 @@
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
 #include "client/report/number_text.h"
+#include "client/value_text.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
 
@@ -31,10 +32,6 @@ Table header_table(const Rows& rows, OutputFormat format) {
   for (std::size_t i = 0; i < row.size(); ++i)
     if (!row[i].is_null()) table.rows.push_back({rows.columns[i], row[i]});
   return table;
-}
-
-double number_of(const automation::Value& value) {
-  return value.is_null() ? 0 : automation::to_double(value);
 }
 
 Rows document_header(const Reader& reader, const std::string& number) {
@@ -78,8 +75,8 @@ bool show_document(VerbContext& context, const std::string& number) {
   double quantity = 0;
   double value = 0;
   for (const Row& row : tables.back().rows) {
-    quantity += number_of(row[3]);
-    value += number_of(row[3]) * number_of(row[5]);
+    quantity += number_or_zero(row[3]);
+    value += number_or_zero(row[3]) * number_or_zero(row[5]);
   }
   const std::size_t lines = tables.back().rows.size();
   const Rows note = reader.rows("Select * From STKSHIPNOTE Where TRANNO=" + Reader::text_literal(number));

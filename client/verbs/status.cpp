@@ -15,23 +15,10 @@ namespace {
 
 constexpr std::string_view examples[] = {"status --db stock.db"};
 
-struct DocumentCount {
-  std::int64_t documents = 0;
-  std::int64_t unapproved = 0;
-};
-
-DocumentCount count_documents(const Reader& reader, automation::Date date) {
-  const std::string query =
-      "Select Count(*) As N From STKTRANHD Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And "
-      "TRANDT=" +
-      reader.date_literal(automation::add_days(date, 1));
-  return {reader.count(query), reader.count(query + " And STATUSSN=0")};
-}
-
 Table closes_table(const Reader& reader) {
   Table table{"closes", "Closes", {{"date"}, {"state"}, number_column("documents"), {"by"}, {"at"}}, {}};
   for (const CloseRecord& record : close_records(reader)) {
-    const DocumentCount count = count_documents(reader, record.date);
+    const DocumentCount count = count_close_documents(reader, record.date);
     const char* state = record.approved && count.unapproved == 0 ? "approved"
                         : record.approved                        ? "approved, documents are not"
                                                                  : "not approved";

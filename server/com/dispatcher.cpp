@@ -51,7 +51,7 @@ Dispatcher::Dispatcher(std::string_view class_name, REFIID interface_id)
     : class_name_(class_name),
       interface_id_(interface_id),
       table_(find_table(class_name)),
-      session_(table_ ? table_->make() : nullptr) {}
+      object_(table_ ? table_->make() : nullptr) {}
 
 ITypeInfo& Dispatcher::interface_info() {
   if (!interface_info_) interface_info_ = automation::com::type_info(interface_id_);
@@ -141,7 +141,7 @@ std::optional<Dispatcher::Failure> Dispatcher::run(DISPID id, Access access, con
     incoming.emplace(parameters, member->parameters.size());
     const automation::Arguments arguments = incoming->read();
     in_member = true;
-    result = member->invoke(*session_, *member, arguments);
+    result = member->invoke(*object_, *member, arguments);
     incoming->write_back();
     return std::nullopt;
   } catch (...) {

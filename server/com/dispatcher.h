@@ -57,7 +57,7 @@ class Dispatcher {
   std::string_view class_name_;
   IID interface_id_;
   const ClassTable* table_;  // none for a class that only the type library knows
-  std::unique_ptr<frame::BusinessObject> session_;
+  std::unique_ptr<frame::BusinessObject> object_;
   automation::com::Pointer<ITypeInfo> interface_info_;
 };
 

@@ -46,13 +46,12 @@ Found months_without_a_close(int first, int end) {
 // Without an earlier close the first month is the one in which anything moved.
 std::optional<int> month_of_first_document(const CloseCase& close) {
   std::optional<int> month;
-  close.reader.each_row(
-      "Select Min(TRANDT) As FIRSTDT From STKTRANHD Where TRANTYPE<>'STK027CLOSE' And TRANTYPE<>'STKCLOSEALL'"
-      " And TRANDT>" +
-          close.reader.date_literal(close.period.after),
-      [&](const Row& row) {
-        if (!row[0].is_null()) month = month_number(automation::to_date(row[0]));
-      });
+  close.reader.each_row("Select Min(TRANDT) As FIRSTDT From STKTRANHD Where " +
+                            std::string(no_close_documents) + " And TRANDT>" +
+                            close.reader.date_literal(close.period.after),
+                        [&](const Row& row) {
+                          if (!row[0].is_null()) month = month_number(automation::to_date(row[0]));
+                        });
   return month;
 }
 
@@ -63,19 +62,11 @@ Found look_at_months(const CloseCase& close) {
   return first ? months_without_a_close(*first, month_number(close.date)) : Found();
 }
 
-std::int64_t unapproved_documents_of(const CloseCase& close, Date date) {
-  return close.reader.count(
-      "Select Count(*) As N From STKTRANHD Where (TRANTYPE='STK027CLOSE' Or TRANTYPE='STKCLOSEALL') And "
-      "STATUSSN=0"
-      " And TRANDT=" +
-      close.reader.date_literal(automation::add_days(date, 1)));
-}
-
 Found look_at_previous(const CloseCase& close) {
   Found found;
   for (const CloseRecord& record : close.records) {
     if (record.date.serial >= close.date.serial) continue;
-    const std::int64_t documents = unapproved_documents_of(close, record.date);
+    const std::int64_t documents = count_close_documents(close.reader, record.date).unapproved;
     if (record.approved && documents == 0) continue;
     if (++found.count <= static_cast<std::int64_t>(first_rows))
       found.first.push_back("close of " + day_text(record.date) + ": " + std::to_string(documents) +

@@ -7,8 +7,8 @@ namespace {
 Found look_at_unapproved(const CloseCase& close) {
   return found_rows(close.reader,
                     "Select TRANNO,TRANTYPE,TRANDT From STKTRANHD"
-                    " Where TRANTYPE<>'STK027CLOSE' And TRANTYPE<>'STKCLOSEALL'"
-                    " And (STATUSSN=0 Or STATUSSN Is Null)" +
+                    " Where " +
+                        std::string(no_close_documents) + " And (STATUSSN=0 Or STATUSSN Is Null)" +
                         within(close.reader, close.period) + " Order By TRANDT,TRANNO",
                     {"document", "type", "of"});
 }
