@@ -23,4 +23,22 @@ std::string text_of_file(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+bool replace_file(const std::string& path, const std::string& text) {
+  const std::filesystem::path file = file_path(path);
+  std::filesystem::path unfinished = file;
+  unfinished += ".unfinished";
+  std::error_code error;
+  // What is no file, such as a device or a pipe, cannot be replaced and is written to.
+  const bool in_place =
+      std::filesystem::exists(file, error) && !std::filesystem::is_regular_file(file, error);
+  std::ofstream out(in_place ? file : unfinished, std::ios::binary);
+  out << text;
+  out.close();
+  if (in_place) return !out.fail();
+  if (out) std::filesystem::rename(unfinished, file, error);
+  const bool done = out && !error;
+  if (!done) std::filesystem::remove(unfinished, error);
+  return done;
+}
+
 }  // namespace tallyra::client

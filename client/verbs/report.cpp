@@ -2,9 +2,11 @@
 #include <fstream>
 #include <system_error>
 
+#include "client/database/connection_text.h"
 #include "client/file_path.h"
 #include "client/refusal.h"
 #include "client/report/page.h"
+#include "client/text_file.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
 
@@ -30,17 +32,31 @@ std::string usual_file(automation::Date date) {
   return "report-" + day + ".html";
 }
 
+// The database in use, what lies beside it, and any other database: it would be lost.
+bool belongs_to_a_database(const VerbContext& context, const std::filesystem::path& file) {
+  constexpr std::string_view first_bytes = "SQLite format 3";
+  std::string begin(first_bytes.size(), ' ');
+  std::ifstream(file, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  if (begin == first_bytes) return true;
+  const auto database = sqlite_file(context.session().connection_string.value_or(""));
+  if (!database) return false;
+  std::error_code error;
+  const auto wanted = std::filesystem::weakly_canonical(file, error);
+  for (const char* beside : {"", "-wal", "-shm", "-journal", ".keys"})
+    if (wanted == std::filesystem::weakly_canonical(file_path(*database + beside), error)) return true;
+  return false;
+}
+
 void write_file(const VerbContext& context, const std::string& path, const std::string& text) {
   const auto file = file_path(path);
   std::error_code error;
   if (std::filesystem::is_directory(file, error)) throw Refusal("'" + path + "' is a directory, no file");
+  if (belongs_to_a_database(context, file))
+    throw Refusal("'" + path + "' belongs to a database; nothing was written. Name another file");
   if (std::filesystem::exists(file, error) &&
       !context.confirm("'" + path + "' is there already. Replace it?"))
     throw Refusal("nothing was written");
-  std::ofstream out(file, std::ios::binary);
-  out << text;
-  out.close();
-  if (!out) throw Refusal("'" + path + "' cannot be written");
+  if (!replace_file(path, text)) throw Refusal("'" + path + "' cannot be written");
   context.tell("The report is in " + path + ".");
 }
 

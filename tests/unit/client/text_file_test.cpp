@@ -27,5 +27,17 @@ TEST(TextFile, IsNamedWhenItCannotBeRead) {
             "'" + folder.path() + "' is a directory, no file");
 }
 
+TEST(TextFile, IsReplacedWhenAllOfItIsWritten) {
+  const tests::TestFolder folder;
+  const std::string path = folder.file("page.html");
+  EXPECT_TRUE(replace_file(path, "first"));
+  EXPECT_TRUE(replace_file(path, "second"));
+  EXPECT_EQ(text_of_file(path), "second");
+  // The folder in its way stands for a full disk.
+  std::filesystem::create_directory(file_path(path + ".unfinished"));
+  EXPECT_FALSE(replace_file(path, "third"));
+  EXPECT_EQ(text_of_file(path), "second");
+}
+
 }  // namespace
 }  // namespace tallyra::client
