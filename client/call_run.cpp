@@ -9,6 +9,7 @@
 #include "automation/error.h"
 #include "automation/folded_name.h"
 #include "client/catalogue.h"
+#include "client/database/connection_text.h"
 #include "client/usage_error.h"
 #include "client/value_text.h"
 
@@ -131,7 +132,8 @@ bool blames_arguments(const Error& error) {
 }
 
 std::string argument_message(const Error& error, const Call& call, const std::vector<Value>& values) {
-  std::string message = (call.prog_id + " " + call.member + ": ").append(error.description());
+  std::string message =
+      (call.prog_id + " " + call.member + ": ").append(without_passwords(error.description()));
   const auto position = static_cast<std::size_t>(std::max(error.argument(), 0));
   if (position == 0) {
     const std::size_t count = values.size();
@@ -160,8 +162,8 @@ void invoke(const Object& object, MemberId member, ArgumentList& arguments, cons
     outcome.result = arguments.pass_to(object, member);
   } catch (const Error& error) {
     if (refuses_member(error, call))
-      throw UsageError(
-          (call.prog_id + " " + call.member + " cannot be called: ").append(error.description()));
+      throw UsageError((call.prog_id + " " + call.member + " cannot be called: ")
+                           .append(without_passwords(error.description())));
     if (blames_arguments(error)) throw UsageError(argument_message(error, call, given));
     outcome.raised = error;
   }
@@ -182,7 +184,7 @@ void read_error_fields(const Object& object, Outcome& outcome) {
     if (const auto number = property_if_any(object, "ErrNumber"))
       outcome.error_number = automation::to_double(*number);
     if (const auto description = property_if_any(object, "ErrDescription"))
-      outcome.error_description = shown_text(*description);
+      outcome.error_description = without_passwords(shown_text(*description));
   } catch (const Error&) {
     // An object that is gone fails here once more; what counts is how it failed first.
     if (!outcome.raised) throw;

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <ostream>
 
+#include "client/database/connection_text.h"
+
 namespace tallyra::client {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr std::int32_t no_such_table = -2147217865;
 
 void tell_failure(const automation::Error& error, const Console& console) {
   console.error << "tallyra-client: the call failed with error " << error.number() << ": "
-                << error.description() << "\n";
+                << without_passwords(error.description()) << "\n";
   if (error.number() == no_such_table)
     console.error << "'doctor' tells what the database lacks; 'init' makes the tables of an empty one\n";
 }

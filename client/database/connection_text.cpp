@@ -54,9 +54,26 @@ std::string bare(std::string_view value) {
   return enclosed ? text.substr(1, text.size() - 2) : text;
 }
 
+constexpr std::string_view secret_words[] = {"pwd",      "password", "passwd", "passphrase",
+                                             "passcode", "secret",   "token"};
+
 bool is_password(std::string_view keyword) {
   const std::string name = automation::folded(automation::trimmed(keyword));
-  return name == "pwd" || name == "password" || name.ends_with(" password");
+  return std::ranges::any_of(secret_words, [&](std::string_view word) { return name.ends_with(word); });
+}
+
+// Where a value ends that begins at `begin` within a text of any form.
+std::size_t loose_value_end(std::string_view text, std::size_t begin) {
+  const char first = begin < text.size() ? text[begin] : ';';
+  if (first == '\'' || first == '"' || first == '{')
+    return std::min(text.find(first == '{' ? '}' : first, begin + 1), text.size() - 1) + 1;
+  return std::min(text.find_first_of(" \t;}\"'", begin), text.size());
+}
+
+// The '=' behind a word for a secret that ends at `end`, with blanks between; nothing where there is none.
+std::size_t equals_behind(std::string_view text, std::size_t end) {
+  const std::size_t equals = text.find_first_not_of(" \t", end);
+  return equals != std::string_view::npos && text[equals] == '=' ? equals : std::string_view::npos;
 }
 
 std::string shown_value(const Piece& piece) {
@@ -80,6 +97,21 @@ std::optional<std::string> shown_address(std::string_view text) {
 
 }  // namespace
 
+std::string without_passwords(std::string_view text) {
+  std::string result(text);
+  for (const std::string_view word : secret_words) {
+    std::string folded = automation::folded(result);
+    for (std::size_t at = 0; (at = folded.find(word, at)) != std::string::npos; at += word.size()) {
+      const std::size_t equals = equals_behind(result, at + word.size());
+      if (equals == std::string::npos) continue;
+      const std::size_t begin = std::min(result.find_first_not_of(" \t", equals + 1), result.size());
+      result.replace(begin, loose_value_end(result, begin) - begin, "***");
+      folded = automation::folded(result);
+    }
+  }
+  return result;
+}
+
 std::string shown_connection(std::string_view connection_string) {
   if (auto address = shown_address(connection_string)) return *std::move(address);
   std::string result;
@@ -89,7 +121,7 @@ std::string shown_connection(std::string_view connection_string) {
     if (!piece.keyword.empty()) result.append(piece.keyword) += '=';
     result += shown_value(piece);
   }
-  return result;
+  return without_passwords(result);
 }
 
 std::optional<std::string> sqlite_file(std::string_view connection_string) {
