@@ -50,11 +50,11 @@ ExitStatus carry_out(const CallRequest& request, const Console& console) {
   CallGuard guard(request.session);
   guard.before(request.call);
   const Outcome outcome = run_with_progress(request, console);
-  console.out << (request.json ? report_json(outcome) : report_text(outcome));
+  const auto complaints = guard.after(request.call, outcome);
+  console.out << (request.json ? report_json(outcome, complaints) : report_text(outcome));
   if (outcome.raised) tell_failure(*outcome.raised, console);
   if (const auto advice = right_advice(request.call, outcome, request.session))
     console.error << "tallyra-client: " << *advice << "\n";
-  const auto complaints = guard.after(request.call, outcome);
   for (const std::string& complaint : complaints) console.error << "tallyra-client: " << complaint << "\n";
   return outcome.succeeded() && complaints.empty() ? exit_done : exit_failed;
 }

@@ -15,11 +15,11 @@ Json fields_json(const std::vector<Field>& fields) {
 
 }  // namespace
 
-Json report_object(const Outcome& outcome) {
+Json report_object(const Outcome& outcome, const std::vector<std::string>& complaints) {
   Json json;
   json["class"] = outcome.prog_id;
   json["member"] = outcome.member;
-  json["success"] = outcome.succeeded();
+  json["success"] = outcome.succeeded() && complaints.empty();
   json["result"] = value_json(outcome.result);
   if (outcome.raised)
     json["raised"] = {{"number", outcome.raised->number()}, {"description", outcome.raised->description()}};
@@ -30,11 +30,12 @@ Json report_object(const Outcome& outcome) {
     arguments[std::to_string(argument.position)] = value_json(argument.value);
   json["arguments"] = std::move(arguments);
   json["fields"] = fields_json(outcome.fields);
+  if (!complaints.empty()) json["complaints"] = complaints;
   return json;
 }
 
-std::string report_json(const Outcome& outcome) {
-  return json_text(report_object(outcome));
+std::string report_json(const Outcome& outcome, const std::vector<std::string>& complaints) {
+  return json_text(report_object(outcome, complaints));
 }
 
 }  // namespace tallyra::client

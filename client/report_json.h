@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "client/call_run.h"
 #include "client/output/json_value.h"
@@ -17,8 +18,9 @@ namespace tallyra::client {
 // Numbers are JSON numbers, except currency and decimal, which are text to stay exact. Dates are text,
 // "YYYY/MM/DD" or "YYYY/MM/DD HH:MM:SS". Null, Empty and what is missing are null; an object or an opaque
 // value is {"kind": its name}, no object is null.
-std::string report_json(const Outcome& outcome);
-// The same as an object, to add to.
-Json report_object(const Outcome& outcome);
+//
+// Where the class took in silence what nothing came of there are "complaints", and "success" is false.
+Json report_object(const Outcome& outcome, const std::vector<std::string>& complaints = {});
+std::string report_json(const Outcome& outcome, const std::vector<std::string>& complaints = {});
 
 }  // namespace tallyra::client

@@ -29,12 +29,7 @@ Json answer_to(const std::string& line, CallGuard& guard, const Session& session
   const Call call = parse_batch_line(line);
   guard.before(call);
   const Outcome outcome = run_call(call, session);
-  Json answer = report_object(outcome);
-  if (const auto complaints = guard.after(call, outcome); !complaints.empty()) {
-    answer["success"] = false;
-    answer["complaints"] = complaints;
-  }
-  return answer;
+  return report_object(outcome, guard.after(call, outcome));
 } catch (const UsageError& error) {
   return usage_json(error.what());
 } catch (const automation::Error& error) {
