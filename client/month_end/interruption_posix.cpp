@@ -15,6 +15,7 @@ constexpr int last_counted = 2;
 // What the signals did before.
 struct sigaction previous_int;
 struct sigaction previous_term;
+struct sigaction previous_hup;
 
 extern "C" void count_interruption(int signal_number) {
   if (++interruptions <= last_counted) return;
@@ -32,11 +33,14 @@ Interruptions::Interruptions() {
   action.sa_flags = SA_RESTART;
   sigaction(SIGINT, &action, &previous_int);
   sigaction(SIGTERM, &action, &previous_term);
+  // A terminal that is closed, or a line that is lost.
+  sigaction(SIGHUP, &action, &previous_hup);
 }
 
 Interruptions::~Interruptions() {
   sigaction(SIGINT, &previous_int, nullptr);
   sigaction(SIGTERM, &previous_term, nullptr);
+  sigaction(SIGHUP, &previous_hup, nullptr);
 }
 
 int Interruptions::count() {

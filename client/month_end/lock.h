@@ -22,6 +22,8 @@ struct LockHolder {
   std::string since;  // YYYY/MM/DD HH:MM:SS
 
   bool on_this_host() const { return host == host_name(); }
+  // What is unfinished then is what it has written so far.
+  bool is_closing() const { return work.starts_with("close ") && !dead(); }
   // Its process is gone. Of another host that cannot be told: then it is taken to be there.
   bool dead() const { return on_this_host() && !is_alive(process); }
   // By who takes over: of another host only with --break-lock.

@@ -55,9 +55,13 @@ RunWatch::RunWatch(Settings settings, const Console& console)
       console_(console),
       thread_([this](const std::stop_token& stop) { run(stop); }) {}
 
-bool RunWatch::wait_for_turn(const std::stop_token& stop) {
+// Until the next line of progress is due, or somebody interrupts who has not been answered.
+bool RunWatch::wait_for_turn(const std::stop_token& stop, bool answered) {
+  constexpr std::chrono::milliseconds look_at_signals{20};
+  const auto due = steady_clock::now() + console_.progress_interval;
   std::unique_lock lock(mutex_);
-  stopped_.wait_for(lock, stop, console_.progress_interval, [] { return false; });
+  while (!stop.stop_requested() && steady_clock::now() < due && (answered || Interruptions::count() == 0))
+    stopped_.wait_for(lock, stop, look_at_signals, [] { return false; });
   return !stop.stop_requested();
 }
 
@@ -68,7 +72,7 @@ void RunWatch::run(const std::stop_token& stop) try {
   LineCounter counter;
   bool told = false;
   // The first turn comes after a wait: a short close shows nothing.
-  while (wait_for_turn(stop)) {
+  while (wait_for_turn(stop, told)) {
     if (!told && Interruptions::count() > 0) {
       line.clear();
       console_.error << "The close goes on. Interrupted once more it ends after the row that it is at, and "
@@ -86,6 +90,7 @@ void RunWatch::run(const std::stop_token& stop) try {
     }
   }
   line.clear();
+  if (!told && Interruptions::count() == 1) console_.error << "Interrupted when the close was done.\n";
 } catch (const std::exception&) {
   // Without an apartment or memory there is no progress to show; the close goes on.
 }

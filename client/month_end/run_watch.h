@@ -42,7 +42,7 @@ class RunWatch {
 
  private:
   void run(const std::stop_token& stop);
-  bool wait_for_turn(const std::stop_token& stop);
+  bool wait_for_turn(const std::stop_token& stop, bool answered);
 
   Settings settings_;
   const Console& console_;

@@ -7,6 +7,7 @@
 #include "client/month_end/backup.h"
 #include "client/month_end/check.h"
 #include "client/month_end/close_run.h"
+#include "client/month_end/findings/all_findings.h"
 #include "client/month_end/interruption.h"
 #include "client/month_end/summary.h"
 #include "client/refusal.h"
@@ -42,7 +43,8 @@ std::string joined(const std::vector<std::string>& names) {
 std::vector<std::string> forced_names(const VerbContext& context) {
   std::vector<std::string_view> known;
   for (const Finding* finding : findings())
-    if (finding->severity == Severity::error) known.push_back(finding->name);
+    // Whoever is at work keeps his lock, whatever is forced.
+    if (finding->severity == Severity::error && finding != &another_closer) known.push_back(finding->name);
   require_known_forces(context, known);
   std::vector<std::string> forced = context.words().values("--force");
   // The lock itself still refuses all but that of another host.
@@ -61,8 +63,9 @@ void require_not_closed(const Reader& reader, automation::Date date) {
     throw Refusal(day_text(date) + " is closed already, and no date is closed twice: 'reopen' it first");
 }
 
-std::string way_out(bool locked, bool closed) {
-  if (locked) return ". 'status' tells who it is; --break-lock takes the lock of a process on another host";
+std::string way_out(VerbContext& context, bool locked, bool closed) {
+  const auto holder = locked ? lock_holder(context.reader()) : std::nullopt;
+  if (locked) return holder ? ". " + holder->refusal() : ", who has ended meanwhile";
   if (closed) return ". No date is closed twice: 'reopen' it first";
   return ". Mend that first; --force with these names closes all the same";
 }
@@ -72,7 +75,7 @@ void refuse(VerbContext& context, automation::Date date, const std::vector<std::
     journal(context, {"close", day_text(date), "refused", joined(errors)});
   const bool locked = std::ranges::find(errors, "another-closer") != errors.end();
   throw Refusal(day_text(date) + " is not closed, because of: " + joined(errors) +
-                    way_out(locked, is_closed(context.reader(), date)),
+                    way_out(context, locked, is_closed(context.reader(), date)),
                 locked ? exit_locked : exit_failed);
 }
 

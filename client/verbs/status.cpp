@@ -29,9 +29,9 @@ Table closes_table(const Reader& reader) {
   return table;
 }
 
-Table leftovers_table(const std::vector<Leftover>& left) {
+Table leftovers_table(const std::vector<Leftover>& left, bool at_work) {
   Table table{"unfinished",
-              "Left by an unfinished close",
+              at_work ? "Written so far by the close at work" : "Left by an unfinished close",
               {{"date"}, {"document"}, {"department"}, number_column("lines")},
               {}};
   for (const Leftover& document : left)
@@ -91,7 +91,7 @@ ExitStatus run(VerbContext& context) {
   const bool text = context.format() == OutputFormat::text;
   std::vector<Table> tables{closes_table(reader)};
   // A program finds all three always.
-  if (!left.empty() || !text) tables.push_back(leftovers_table(left));
+  if (!left.empty() || !text) tables.push_back(leftovers_table(left, holder && holder->is_closing()));
   if (holder || !text) tables.push_back(lock_table(holder));
   context.print(tables);
   advise(context, left, holder);

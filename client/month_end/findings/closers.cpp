@@ -13,6 +13,8 @@ Found look_at_lock(const CloseCase& close) {
 // A dead process that held the lock counts as one more, also when it has left no document.
 Found look_at_leftovers(const CloseCase& close) {
   Found found;
+  // What is there is being written, and is not left.
+  if (close.lock && close.lock->is_closing() && close.lock->process != this_process()) return found;
   if (close.lock && close.lock->dead()) found = {1, {close.lock->text() + ", but that process has ended"}};
   for (const Leftover& document : close.left) {
     if (++found.count > static_cast<std::int64_t>(first_rows)) continue;

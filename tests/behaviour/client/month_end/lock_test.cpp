@@ -43,14 +43,29 @@ TEST_F(LockedCompany, IsTakenOverFromADeadProcess) {
 TEST_F(LockedCompany, IsTakenFromAnotherHostOnlyByBreakingTheLock) {
   lock("elsewhere", {17, "1"});
   EXPECT_EQ(run({"close", "2024/01/31"}), exit_locked);
-  EXPECT_TRUE(says("because of: another-closer. 'status' tells who it is; --break-lock takes the lock"))
+  EXPECT_TRUE(says("because of: another-closer. ANNA (login anna, host elsewhere, process 17) is at work on"))
       << client_.all();
-  EXPECT_EQ(run({"close", "2024/01/31", "--force", "another-closer"}), exit_locked);
-  EXPECT_TRUE(says("--break-lock takes its lock")) << client_.all();
+  EXPECT_TRUE(says("; if that process has ended for certain, --break-lock takes its lock")) << client_.all();
+  EXPECT_EQ(run({"close", "2024/01/31", "--force", "another-closer"}), exit_wrong_usage)
+      << "who is at work is not forced away";
   EXPECT_EQ(closes(), "0\n");
   EXPECT_EQ(run({"close", "2024/01/31", "--break-lock"}), exit_done) << client_.all();
   EXPECT_EQ(run({"log", "--csv", "--action", "force"}), exit_done);
   EXPECT_TRUE(says("lock broken: ANNA")) << client_.all();
+}
+
+// What a close at work has written so far is not left, and nothing is to be mended.
+TEST_F(LockedCompany, IsNoUnfinishedOne) {
+  lock(host_name(), this_process());
+  sql({"UPDATE TALLYRALOCK SET PROCESSID=1,PROCESSSTART=''",
+       "INSERT INTO STKTRANHD(TRANNO,TRANTYPE,TRANDT,DEPTNOFR,STATUSSN) "
+       "VALUES('027CLOSE00000009','STK027CLOSE','2024-02-01 00:00:00','10 ',0)"});
+  EXPECT_EQ(run({"status"}), exit_done);
+  EXPECT_TRUE(says("Written so far by the close at work")) << client_.all();
+  EXPECT_FALSE(says("did not come to its end")) << client_.all();
+  EXPECT_EQ(run({"close", "2024/01/31"}), exit_locked);
+  EXPECT_FALSE(says("unfinished-close")) << client_.all();
+  EXPECT_TRUE(says("; wait until it has ended")) << client_.all();
 }
 
 // A row that another hand has written, or that lacks what its system does not tell.

@@ -16,6 +16,12 @@ TEST(Interruptions, AreCountedInsteadOfEndingTheProcess) {
   EXPECT_EQ(Interruptions::count(), 2);
 }
 
+TEST(Interruptions, AreAlsoATerminalThatIsClosed) {
+  const Interruptions interruptions;
+  ::raise(SIGHUP);
+  EXPECT_EQ(Interruptions::count(), 1);
+}
+
 TEST(Interruptions, BeginAtNoneEachTime) {
   {
     const Interruptions interruptions;

@@ -69,6 +69,41 @@ TEST_F(Watched, TellsTheFirstInterruptionOnce) {
   ASSERT_NE(drawn.find(text), std::string::npos) << drawn;
   EXPECT_EQ(drawn.find(text, drawn.find(text) + 1), std::string::npos) << drawn;
 }
+
+// Knows, for another thread, that something was written and flushed.
+class NoticingBuffer : public std::stringbuf {
+ public:
+  bool flushed() const { return flushed_; }
+
+ protected:
+  int sync() override {
+    flushed_ = true;
+    return 0;
+  }
+
+ private:
+  std::atomic<bool> flushed_{false};
+};
+
+// Not with the next line of progress, which is an hour off.
+TEST(RunWatch, AnswersTheFirstInterruptionAtOnce) {
+  const Interruptions interruptions;
+  std::ostringstream out;
+  NoticingBuffer written;
+  std::ostream error(&written);
+  Console console{out, error, true, 40, std::chrono::hours(1)};
+  std::raise(SIGINT);
+  {
+    const RunWatch watch({.plan = plan(),
+                          .day = "2024/01/31",
+                          .show_progress = false,
+                          .make_counter = nullptr,
+                          .would_leave = "leaves nothing"},
+                         console);
+    while (!written.flushed()) std::this_thread::yield();
+  }
+  EXPECT_NE(written.str().find("The close goes on."), std::string::npos);
+}
 #endif
 
 }  // namespace
