@@ -1,6 +1,7 @@
 #include <map>
 #include <set>
 
+#include "automation/clock.h"
 #include "client/month_end/period.h"
 #include "client/month_end/sums.h"
 #include "client/stocktaking/count_sheet.h"
@@ -59,18 +60,23 @@ void check_department(const Reader& reader, const CountSheet& sheet, SheetErrors
     errors.push_back({0, "there is no department " + sheet.department});
 }
 
+std::string day_of(automation::Date date) {
+  std::string text;
+  automation::append_day(text, date);
+  return text;
+}
+
 void check_day(const Reader& reader, const CountSheet& sheet, SheetErrors& errors) {
   if (!sheet.day) {
     errors.push_back({0, "no date: give one by --date or in a column 'date'"});
     return;
   }
+  if (sheet.day->serial > automation::today().serial)
+    errors.push_back({0, day_of(*sheet.day) + " lies in the future: what is counted then nobody knows yet"});
   const auto records = close_records(reader);
   if (records.empty() || records.back().date.serial < sheet.day->serial) return;
-  std::string text;
-  automation::append_day(text, *sheet.day);
-  text += " is closed: the latest close is that of ";
-  automation::append_day(text, records.back().date);
-  errors.push_back({0, text});
+  errors.push_back(
+      {0, day_of(*sheet.day) + " is closed: the latest close is that of " + day_of(records.back().date)});
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "automation/clock.h"
 #include "client/database/journal.h"
 #include "client/month_end/guard.h"
 #include "client/month_end/lock.h"
@@ -18,11 +19,18 @@ namespace {
 
 constexpr std::string_view again = "again";
 constexpr std::string_view closed = "closed-period";
+constexpr std::string_view future = "future";
 constexpr Option options[] = {
-    {"--force", "NAME", "again: post once more what is approved; closed-period: post into a closed month"},
+    {"--force", "NAME",
+     "again: post once more what is approved; closed-period: post into a closed month; future: post on a day "
+     "to come"},
     {"--break-lock", "", "take the lock of a process on another host, which has ended for certain"},
 };
 constexpr std::string_view examples[] = {"count approve 30-20240215 --db stock.db --user ANNA"};
+
+bool is_to_come(const Stocktaking& stocktaking) {
+  return stocktaking.day.serial > automation::today().serial;
+}
 
 void require_approvable(const VerbContext& context, const Reader& reader, const Stocktaking& stocktaking) {
   if ((stocktaking.approved || stocktaking.postings != 0) && !is_forced(context, again))
@@ -34,6 +42,10 @@ void require_approvable(const VerbContext& context, const Reader& reader, const 
                   day_text(*date) +
                   " covers: what is posted there comes into no close any more. Reopen that close first; "
                   "--force closed-period posts all the same");
+  if (is_to_come(stocktaking) && !is_forced(context, future))
+    throw Refusal(stocktaking.number + " is of " + day_text(stocktaking.day) +
+                  ", which lies in the future: no close before that day would see what is posted. "
+                  "--force future posts all the same");
   if (!stocktaking.department_known)
     throw Refusal("there is no department " + stocktaking.department + ", in which " + stocktaking.number +
                   " was counted: its approval would post nothing");
@@ -77,6 +89,7 @@ std::string forced_text(const Reader& reader, const Stocktaking& stocktaking) {
   std::string text;
   if (stocktaking.approved || stocktaking.postings != 0) text.append(" ").append(again);
   if (close_over(reader, stocktaking)) text.append(" ").append(closed);
+  if (is_to_come(stocktaking)) text.append(" ").append(future);
   return text.empty() ? text : "forced:" + text;
 }
 
@@ -100,7 +113,7 @@ ExitStatus approve(VerbContext& context, const Stocktaking& stocktaking,
 }
 
 ExitStatus run(VerbContext& context) {
-  require_known_forces(context, {again, closed});
+  require_known_forces(context, {again, closed, future});
   const std::string& number = context.argument(0);
   require_check_number(number);
   require_approvable(context, context.reader(), stocktaking_of(context.reader(), number));
