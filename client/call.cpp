@@ -7,6 +7,7 @@
 #include "client/catalogue.h"
 #include "client/typed_value.h"
 #include "client/usage_error.h"
+#include "client/verbs/verb.h"
 
 namespace tallyra::client {
 namespace {
@@ -76,7 +77,9 @@ class CallReader {
 }  // namespace
 
 Call parse_call(const std::vector<std::string>& words) {
-  if (words.empty() || words[0].empty()) throw UsageError("no class given; the classes are " + class_names());
+  if (words.empty() || words[0].empty())
+    throw UsageError("no verb and no class given; the verbs are " + verb_names() + "; the classes are " +
+                     class_names());
   Call call;
   call.prog_id = full_prog_id(words[0]);
   if (words.size() < 2 || words[1].empty())

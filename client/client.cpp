@@ -56,9 +56,19 @@ ExitStatus run_verb(const Verb& verb, const std::vector<std::string>& words, con
   return verb.run(context);
 }
 
+// "count --help": the verbs that begin so; nothing for other words.
+std::string asked_for_group(std::span<const std::string> words) {
+  if (words.size() != 2 || (words[1] != "--help" && words[1] != "-h")) return {};
+  return verbs_text(words[0]);
+}
+
 ExitStatus run_words(const std::vector<std::string>& words, const Console& console,
                      const Environment& environment) {
   const std::size_t first = first_plain_word(words);
+  if (const std::string group = asked_for_group(std::span(words).subspan(first)); !group.empty()) {
+    console.out << group;
+    return exit_done;
+  }
   const auto found = find_verb(std::span(words).subspan(first));
   if (!found.verb) return run_raw_call(words, console, environment);
   std::vector<std::string> others = words;

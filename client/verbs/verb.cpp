@@ -22,14 +22,16 @@ void append_options(std::string& text, std::string_view heading, std::span<const
   lines.append_to(text);
 }
 
+bool begins_with_word(std::string_view name, std::string_view word) {
+  const std::size_t blank = name.find(' ');
+  return blank != std::string_view::npos && automation::equals_folded(name.substr(0, blank), word);
+}
+
 // The verbs of two words that begin with this one.
 std::vector<std::string_view> second_words(std::string_view first) {
   std::vector<std::string_view> result;
-  for (const Verb* verb : verbs()) {
-    const std::size_t blank = verb->name.find(' ');
-    if (blank != std::string_view::npos && automation::equals_folded(verb->name.substr(0, blank), first))
-      result.push_back(verb->name.substr(blank + 1));
-  }
+  for (const Verb* verb : verbs())
+    if (begins_with_word(verb->name, first)) result.push_back(verb->name.substr(first.size() + 1));
   return result;
 }
 
@@ -65,9 +67,16 @@ std::string verb_help(const Verb& verb) {
   return text;
 }
 
-std::string verbs_text() {
+std::string verb_names() {
+  std::string text;
+  for (const Verb* verb : verbs()) text.append(text.empty() ? "" : ", ").append(verb->name);
+  return text;
+}
+
+std::string verbs_text(std::string_view first) {
   TextTable lines;
   for (const Verb* verb : verbs()) {
+    if (!first.empty() && !begins_with_word(verb->name, first)) continue;
     std::string usage = "  " + std::string(verb->name);
     if (!verb->arguments.empty()) usage.append(" ").append(verb->arguments);
     lines.add_row({usage, verb->summary});

@@ -43,7 +43,10 @@ FoundVerb find_verb(std::span<const std::string> words);
 
 // What --help says of it.
 std::string verb_help(const Verb& verb);
-// The list of verbs for the help of the program.
-std::string verbs_text();
+// The list of verbs for the help of the program, or of those of two words that begin with this one; nothing
+// when none does.
+std::string verbs_text(std::string_view first = {});
+// "init, upgrade, ..."
+std::string verb_names();
 
 }  // namespace tallyra::client

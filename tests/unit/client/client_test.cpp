@@ -74,7 +74,7 @@ TEST_F(Client, EndsWithTwoAndAnExplanationOnWrongUsage) {
        "given); write: Read cAddrNo @\n"},
       {{"CRevAddr", "Read", "i:x"}, "'i:x' is no valid value: "},
       {{"--bad", "CRevAddr", "Read"}, "there is no option --bad; "},
-      {{}, "no class given; "},
+      {{}, "no verb and no class given; the verbs are init, "},
   };
   for (const auto& row : rows) {
     out_.str("");

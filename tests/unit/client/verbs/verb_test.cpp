@@ -53,6 +53,18 @@ TEST_F(Client, SuggestsTheVerbOrClassThatWasMeant) {
   }
 }
 
+TEST_F(Client, ListsTheVerbsThatBeginAlike) {
+  EXPECT_EQ(run({"help", "count"}), exit_done);
+  const std::string listed = out_.str();
+  for (const char* usage : {"  count sheet DEPARTMENT DATE", "  count import FILE", "  count approve CHECKNO",
+                            "  count undo CHECKNO"})
+    EXPECT_NE(listed.find(usage), std::string::npos) << usage << "\n" << listed;
+  out_.str("");
+  EXPECT_EQ(run({"count", "--help"}), exit_done);
+  EXPECT_EQ(out_.str(), listed);
+  EXPECT_EQ(run({"count"}), exit_wrong_usage);
+}
+
 TEST_F(Client, NeedsADatabaseForAVerb) {
   EXPECT_EQ(run({"log"}), exit_wrong_usage);
   EXPECT_NE(error_.str().find("no database was given: name one by --db"), std::string::npos) << error_.str();
