@@ -1,10 +1,13 @@
 #include "client/session.h"
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 
+#include "automation/convert.h"
 #include "automation/error.h"
+#include "automation/folded_name.h"
 #include "automation/value.h"
 #include "client/database/connection_text.h"
 #include "client/file_path.h"
@@ -29,11 +32,29 @@ void require_file(const std::string& path, const std::string& named_as, MissingF
   if (!std::ifstream(file)) throw UsageError(named_as + ": the file cannot be read");
 }
 
+// A file that is there is meant, and so is a name of one piece whose word before the '=' no driver knows.
+bool means_connection(std::string_view db) {
+  constexpr auto first_words =
+      std::to_array<std::string_view>({"driver",    "provider",        "dsn",
+                                       "filedsn",   "server",          "servername",
+                                       "host",      "hostaddr",        "port",
+                                       "database",  "dbname",          "data source",
+                                       "file name", "initial catalog", "extended properties",
+                                       "user",      "username",        "user id",
+                                       "uid",       "password",        "pwd",
+                                       "sslmode",   "timeout",         "pqopt"});
+  if (!company::is_connection_string(db)) return false;
+  std::error_code error;
+  if (std::filesystem::is_regular_file(file_path(db), error)) return false;
+  const std::string word = automation::trimmed(db.substr(0, db.find('=')));
+  return db.find(';') != std::string_view::npos || automation::is_one_of(first_words, word);
+}
+
 }  // namespace
 
 std::string connection_string_for(std::string_view db, std::string_view origin, MissingFile missing) {
   const std::string named_as = std::string(origin) + " '" + shown_connection(db) + "'";
-  if (company::is_connection_string(db)) {
+  if (means_connection(db)) {
     if (const auto file = sqlite_file(db); file && *file != ":memory:")
       require_file(*file, named_as, missing);
     return std::string(db);

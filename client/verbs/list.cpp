@@ -1,4 +1,8 @@
+#include <algorithm>
+
 #include "client/listing/listed_class.h"
+#include "client/setup/functions.h"
+#include "client/suggestion.h"
 #include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
@@ -43,6 +47,7 @@ class Conditions {
  public:
   Conditions(VerbContext& context, const ListedClass& listed) : context_(context), listed_(listed) {
     const Reader& reader = context.reader();
+    require_order();
     add("--from", listed.date, [&](const std::string& word) {
       return std::string(listed_.date) + ">=" + reader.date_literal(date_of(word, "date"));
     });
@@ -61,6 +66,12 @@ class Conditions {
   const std::string& text() const { return text_; }
 
  private:
+  void require_order() const {
+    const auto from = context_.words().value("--from");
+    const auto to = context_.words().value("--to");
+    if (from && to && date_of(*from, "date").serial > date_of(*to, "date").serial)
+      throw UsageError("--from " + *from + " is later than --to " + *to);
+  }
   template <typename Make>
   void add(std::string_view option, std::string_view column, const Make& make) {
     const auto word = context_.words().value(option);
@@ -105,6 +116,22 @@ std::vector<Row> rows_of(const Reader& reader, const ListedClass& listed, const 
   return result;
 }
 
+// Why there may be no row: what a filter names may be misspelt.
+std::string doubts(VerbContext& context, const ListedClass& listed) {
+  std::string text;
+  if (const auto type = context.words().value("--type"); type && !listed.type_is_number) {
+    std::vector<std::string_view> codes;
+    for (const FunctionCode& code : function_codes()) codes.push_back(code.code);
+    if (std::ranges::find(codes, *type) == codes.end())
+      text += "; '" + *type + "' is no type that is known" + did_you_mean(*type, codes);
+  }
+  if (const auto department = context.words().value("--department");
+      department && context.reader().count("Select Count(*) As N From DEPARTS Where DEPTNO=" +
+                                           Reader::text_literal(*department)) == 0)
+    text += "; there is no department " + *department;
+  return text;
+}
+
 ExitStatus run(VerbContext& context) {
   constexpr std::size_t usual_limit = 100;
   const ListedClass& listed = listed_class(context.argument(0));
@@ -116,6 +143,7 @@ ExitStatus run(VerbContext& context) {
   table.rows = rows_of(context.reader(), listed, condition, limit);
   const std::size_t shown = table.rows.size();
   context.print(table);
+  if (shown == 0) context.tell("There is no such row" + doubts(context, listed) + ".");
   if (limit == 0 || shown < limit) return exit_done;
   const auto all =
       context.reader().count("Select Count(*) As N From " + std::string(listed.from) + condition);

@@ -29,7 +29,7 @@ class FileOnDisk {
 
 TEST(ConnectionString, IsTakenAsItIsWhenItBeginsWithAKeyword) {
   for (const char* text : {"DSN=stock", "DRIVER={SQLite3};Database=:memory:", "Provider=MSDASQL;DSN=stock",
-                           "Data Source=x", "a=b.db"})
+                           "Data Source=x", "Unknown=x;DSN=stock"})
     EXPECT_EQ(connection_string_for(text), text);
 }
 
@@ -38,6 +38,19 @@ TEST(ConnectionString, IsMadeFromThePathOfAFile) {
     const FileOnDisk file(name);
     EXPECT_EQ(connection_string_for(file.text()), "DRIVER={SQLite3};Database=" + file.text());
   }
+}
+
+// The name of a file may look like the beginning of a connection string.
+TEST(ConnectionString, IsMadeFromANameWithAnEqualsSign) {
+  const FileOnDisk file("a=b.db");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(file_path(file.text()).parent_path());
+  EXPECT_EQ(connection_string_for("a=b.db"), "DRIVER={SQLite3};Database=a=b.db");
+  EXPECT_EQ(usage_error_text([] { connection_string_for("p=q.db"); }).substr(0, 28),
+            "--db 'p=q.db': no such file;");
+  EXPECT_EQ(connection_string_for("p=q.db", "--db", MissingFile::allowed),
+            "DRIVER={SQLite3};Database=p=q.db");
+  std::filesystem::current_path(before);
 }
 
 TEST(ConnectionString, OfAFileThatIsNotThereIsWrongUsage) {
