@@ -44,8 +44,9 @@ class ErrorText {
 
  private:
   std::shared_ptr<const std::string> owned_;  // shared by the copies; none for a literal
-  // Not empty: its data is what() of an error without a text, and that is never null.
-  std::string_view literal_ = "";  // NOLINT(readability-redundant-string-init)
+  // NOLINTNEXTLINE(readability-redundant-string-init): its data is what() of an error without a text, never
+  // null
+  std::string_view literal_ = "";
 };
 
 // A run-time error on its way to the trap of a business method or to the edge where a caller gets it.

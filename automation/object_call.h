@@ -1,6 +1,6 @@
 #pragma once
 
-// How the argument list of a call is laid out; included by value.h only, once a Value is known.
+// How the argument list of a call is laid out; included by value.h, once a Value is known.
 
 #include <tuple>
 #include <type_traits>

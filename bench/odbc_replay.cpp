@@ -74,9 +74,8 @@ class OdbcReplayConnection : public ReplayConnection {
 
   void set_autocommit(bool on) {
     const SQLULEN mode = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-    // The interface takes a number in place of an address.
-    SQLSetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(mode),
-                      0);  // NOLINT(performance-no-int-to-ptr)
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface takes a number in place of an address
+    SQLSetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(mode), 0);
   }
 
   void read_rows() {

@@ -104,20 +104,21 @@ std::optional<std::string> Call::try_build(std::string_view builder, std::string
   return std::nullopt;
 }
 
-std::string Call::insert_statement(std::string_view table, const FieldCollections& fields) {
-  auto statement = try_build("GetInsertSQL", table, fields, recordset());
+std::string Call::built_statement(std::string_view builder, std::string_view table,
+                                  const FieldCollections& fields) {
+  auto statement = try_build(builder, table, fields, recordset());
   if (statement) return *std::move(statement);
   copy_builder_error();
   close_all();
   leave();
 }
 
+std::string Call::insert_statement(std::string_view table, const FieldCollections& fields) {
+  return built_statement("GetInsertSQL", table, fields);
+}
+
 std::string Call::update_statement(std::string_view table, const FieldCollections& fields) {
-  auto statement = try_build("GetUpdateSQL", table, fields, recordset());
-  if (statement) return *std::move(statement);
-  copy_builder_error();
-  close_all();
-  leave();
+  return built_statement("GetUpdateSQL", table, fields);
 }
 
 void Call::trap(const Error& error) noexcept {

@@ -79,6 +79,8 @@ class Call {
   struct Left {};
 
  private:
+  std::string built_statement(std::string_view builder, std::string_view table,
+                              const FieldCollections& fields);
   BusinessObject& object_;
   std::array<std::optional<Recordset>, 3> recordsets_;
   automation::Object builder_;

@@ -18,6 +18,7 @@ extern const Finding part_order;
 extern const Finding trailing_blanks;
 extern const Finding unfinished_close;
 extern const Finding unapproved_documents;
+extern const Finding undated_documents;
 extern const Finding negative_stock;
 extern const Finding no_cost;
 extern const Finding no_material_type;

@@ -13,6 +13,13 @@ Found look_at_unapproved(const CloseCase& close) {
                     {"document", "type", "of"});
 }
 
+Found look_at_undated(const CloseCase& close) {
+  return found_rows(close.reader,
+                    "Select TRANNO,TRANTYPE From STKTRANHD Where TRANDT Is Null And " +
+                        std::string(no_close_documents) + " Order By TRANNO",
+                    {"document", "type"});
+}
+
 Found look_at_stock(const CloseCase& close) {
   return {static_cast<std::int64_t>(close.gathered.negative_count), close.gathered.negative};
 }
@@ -37,6 +44,9 @@ const Finding unapproved_documents{
     "documents of the period are not approved; the close counts them all the same, "
     "costs do not",
     "approve them, or delete what is not real", look_at_unapproved};
+const Finding undated_documents{"undated-documents", Severity::warning,
+                                "documents have no date: no close counts them",
+                                "enter the date of each, or delete what is not real", look_at_undated};
 const Finding negative_stock{"negative-stock", Severity::warning, "the close would write less than nothing",
                              "look for receipts that were not entered, or take stock", look_at_stock};
 const Finding unknown_quantities{

@@ -63,9 +63,9 @@ std::set<std::string> unknown_statuses(const std::string& text) {
 const std::set<std::string> none;
 
 std::string sources() {
-  return content_of(
-      {"frame", "close", "transactions", "stockcheck", "masterdata", "standins", "client", "company"},
-      {".cpp", ".h"});
+  return content_of({"frame", "close", "transactions", "stockcheck", "masterdata", "standins", "client",
+                     "company", "bench", "schema", "samples", "scripts"},
+                    {".cpp", ".h", ".vbs", ".js", ".sh"});
 }
 
 std::string statements() {

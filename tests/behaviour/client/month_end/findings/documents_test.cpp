@@ -15,6 +15,11 @@ TEST_F(CheckedCompany, TellsOfUnapprovedDocuments) {
   EXPECT_EQ(found(), "unapproved-documents:2");
 }
 
+TEST_F(CheckedCompany, TellsOfDocumentsWithoutADate) {
+  sql({"INSERT INTO STKTRANHD(TRANNO,TRANTYPE,DEPTNOFR,STATUSSN) VALUES('N1','STK010POREV','10',1)"});
+  EXPECT_EQ(found(), "undated-documents:1");
+}
+
 TEST_F(CheckedCompany, TellsOfStockBelowZero) {
   sql({"UPDATE STKTRANDT SET QTY=-20 WHERE TRANNO='I1'"});
   EXPECT_EQ(found(), "negative-stock:1");
