@@ -46,6 +46,9 @@ constexpr auto reaching_functions = std::to_array<Names>(
      "ts_rewrite", "set_config", "crosstab", "crosstab2", "crosstab3", "crosstab4", "connectby",
      "xslt_process", "database_to_xml", "schema_to_xml", "table_to_xml"});
 
+// By a rule of the server an UPDATE of it changes a setting, and anybody may.
+constexpr Names view_of_settings = "pg_settings";
+
 // Settings that change neither how a text is read nor who the session is.
 constexpr auto harmless_settings = std::to_array<Names>(
     {"lock_timeout", "statement_timeout", "idle_in_transaction_session_timeout", "work_mem",
@@ -77,11 +80,12 @@ class ServerJudge {
       return {Reach::beyond, misread};
     if (const std::size_t verb = reaching_verb()) return {Reach::beyond, tokens_.text(verb)};
     for (std::size_t i = 1; i < last(); ++i)
-      if (reaches(i)) return {Reach::beyond, tokens_.text(i)};
+      if (reaches(i) || (!reads_only && is_view_of_settings(i))) return {Reach::beyond, tokens_.text(i)};
     if (const std::size_t second = second_statement()) return {Reach::several, tokens_.text(second)};
     return {};
   }
 
+    const bool reads_only = is_word(1, "select");
  private:
   std::size_t last() const { return tokens_.list.size() - 1; }
 
@@ -102,6 +106,10 @@ class ServerJudge {
     if (is_one_of(server_reaching_verbs, tokens_.text(1))) return 1;
     if (is_word(1, "create") || is_word(1, "alter") || is_word(1, "drop")) return reaching_object();
     return is_word(1, "set") ? reaching_setting() : 0;
+  bool is_view_of_settings(std::size_t i) const {
+    return tokens_.is_name(i) && same_name(tokens_.name(i), view_of_settings);
+  }
+
   }
 
   std::size_t reaching_object() const {

@@ -48,9 +48,11 @@ PostgresqlSession::~PostgresqlSession() {
   trace_(Operation::disconnect, {}, 0, true);
 }
 
-// With escapes in texts a text would end elsewhere than this layer believes.
+// With escapes in texts a text would end elsewhere than this layer believes. The server has told the setting
+// by itself, with what it answered last.
 void PostgresqlSession::require_plain_texts() const {
-  if (text_or_nothing(PQparameterStatus(wire_.connection(), "standard_conforming_strings")) != "on")
+  const char* const setting = PQparameterStatus(wire_.connection(), "standard_conforming_strings");
+  if (setting == nullptr || std::string_view(setting) != "on")
     throw automation::Error(provider_error::unspecified,
                             "The server takes a backslash in a text for an escape");
 }
@@ -72,6 +74,7 @@ std::string PostgresqlSession::information(Information kind) const {
 
 StatementResult PostgresqlSession::run(std::string_view sql, bool count_affected) {
   refuse_nul(sql);
+  require_plain_texts();
   text_ = translated(dialect_, sql);
   send_limit();
   Result result;
