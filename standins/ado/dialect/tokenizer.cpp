@@ -8,6 +8,10 @@
 namespace tallyra::standins::ado::dialect {
 namespace {
 
+std::size_t behind(std::size_t found, std::size_t length, std::string_view sql) {
+  return found == std::string_view::npos ? sql.size() : found + length;
+}
+
 struct Scan {
   std::size_t end;
   TokenKind kind;
@@ -16,22 +20,6 @@ struct Scan {
 class Cursor {
  public:
   explicit Cursor(std::string_view sql) : sql_(sql) {}
-
-  // Where the next token begins at or after `at`; the size of the text when there is none.
-  std::size_t skip_between(std::size_t at) const {
-    while (at < sql_.size()) {
-      if (is_blank(sql_[at])) {
-        ++at;
-      } else if (sql_[at] == '-' && peek(at + 1) == '-') {
-        at = after(sql_.find('\n', at + 2), 1);
-      } else if (sql_[at] == '/' && peek(at + 1) == '*') {
-        at = after(sql_.find("*/", at + 2), 2);
-      } else {
-        break;
-      }
-    }
-    return at;
-  }
 
   Scan scan(std::size_t at) const {
     const char c = sql_[at];
@@ -70,10 +58,6 @@ class Cursor {
 
  private:
   char peek(std::size_t at) const { return at < sql_.size() ? sql_[at] : '\0'; }
-
-  std::size_t after(std::size_t found, std::size_t length) const {
-    return found == std::string_view::npos ? sql_.size() : found + length;
-  }
 
   Scan quoted(std::size_t at, char quote, TokenKind kind) const {
     for (std::size_t from = at + 1;;) {
@@ -125,19 +109,35 @@ class Cursor {
 
 }  // namespace
 
+std::size_t skip_between_tokens(std::string_view sql, std::size_t at) {
+  const auto follows = [&](char c) { return at + 1 < sql.size() && sql[at + 1] == c; };
+  while (at < sql.size()) {
+    if (is_blank(sql[at])) {
+      ++at;
+    } else if (sql[at] == '-' && follows('-')) {
+      at = behind(sql.find('\n', at + 2), 1, sql);
+    } else if (sql[at] == '/' && follows('*')) {
+      at = behind(sql.find("*/", at + 2), 2, sql);
+    } else {
+      break;
+    }
+  }
+  return at;
+}
+
 void tokenize(std::string_view sql, Tokens& tokens) {
   tokens.sql = sql;
   tokens.list.clear();
   tokens.list.push_back({0, 0, TokenKind::end});
   const Cursor cursor(sql);
-  std::size_t at = cursor.skip_between(0);
+  std::size_t at = skip_between_tokens(sql, 0);
   while (at < sql.size()) {
     const Scan scan = cursor.scan(at);
     Token token{static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(scan.end), scan.kind};
     if (scan.kind == TokenKind::word && tokens.list.back().kind != TokenKind::dot)
       token.keyword = keyword_of(sql.substr(at, scan.end - at));
     tokens.list.push_back(token);
-    at = cursor.skip_between(scan.end);
+    at = skip_between_tokens(sql, scan.end);
   }
   const auto size = static_cast<std::uint32_t>(sql.size());
   tokens.list.push_back({size, size, TokenKind::end});

@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "automation/folded_name.h"
+#include "standins/ado/dialect/tokenizer.h"
 
 namespace tallyra::standins::ado {
 namespace {
 
 std::string_view take_word(std::string_view& text) {
   constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\f"), text.size()));
+  text.remove_prefix(dialect::skip_between_tokens(text, 0));
   const std::string_view word = text.substr(0, std::min(text.find_first_not_of(letters), text.size()));
   text.remove_prefix(word.size());
   return word;
