@@ -100,6 +100,7 @@ StatementResult PostgresqlSession::statement_result(const Result& result, bool c
   }
   trace_(Operation::execute, text_, 0, true);
   if (dialect_.changes_schema()) {
+    schema_changed_here_ = in_transaction();
     forget_schema();
     forget_shapes();
   }
@@ -107,6 +108,7 @@ StatementResult PostgresqlSession::statement_result(const Result& result, bool c
 }
 
 Result PostgresqlSession::execute() {
+  if (shapes_doubtful_) forget_shapes();
   const bool shaped = shape_.read(text_);
   if (ShapeCache::Entry* const entry = shaped ? prepared() : nullptr) return execute_shape(*entry);
   return transaction_.run({text_, shape_.repeat()});
@@ -171,6 +173,7 @@ void PostgresqlSession::begin() {
   try {
     date_columns_.know();
     transaction_.begin();
+    schema_changed_here_ = false;
   } catch (const automation::Error&) {
     trace_(Operation::begin, {}, 0, false);
     throw;
@@ -192,10 +195,12 @@ void PostgresqlSession::rollback() {
   transaction_.rollback();
   trace_(Operation::rollback, {}, 0, true);
   forget_schema();
+  if (schema_changed_here_) shapes_doubtful_ = true;
 }
 
 // A place may want another type now.
 void PostgresqlSession::forget_shapes() {
+  shapes_doubtful_ = false;
   if (shapes_.clear()) transaction_.run({"DEALLOCATE ALL", Repeat::nothing});
 }
 

@@ -51,7 +51,9 @@ class PostgresqlSession : public EngineSession {
   dialect::PostgresqlDialect dialect_;
   Shape shape_;
   ShapeCache shapes_;
-  std::string text_;  // the statement in the engine's words
+  std::string text_;                  // the statement in the engine's words
+  bool schema_changed_here_ = false;  // in the transaction
+  bool shapes_doubtful_ = false;      // what they were prepared for was taken back
   std::optional<std::int32_t> limit_;
   std::optional<unsigned> limit_sent_;  // as long as so much was taken back
 };

@@ -112,6 +112,20 @@ TEST_F(StoredValueTest, IsTheSameByShapeAndByText) {
   EXPECT_EQ(scalar(connection, "Select Count(*) From SHAPED"), Value(statements - refused));
 }
 
+TEST_F(StoredValueTest, IsWhatTheColumnTakesAfterAChangeOfItsTypeIsTakenBack) {
+  const Object connection = open_connection();
+  const auto insert_thrice = [&](const std::string& number) {
+    for (int i = 0; i < 3; ++i) execute(connection, "Insert Into SHAPED(I) Values(" + number + ")");
+  };
+  insert_thrice("0.5");
+  connection.call("BeginTrans");
+  execute(connection, "Alter Table SHAPED Alter I Type double precision");
+  insert_thrice("1.5");
+  connection.call("RollbackTrans");
+  insert_thrice("2.5");
+  EXPECT_EQ(remaining(open_recordset(connection, "Select I From SHAPED Order By I"), 0), "1 1 1 3 3 3");
+}
+
 TEST_F(StoredValueTest, AComparisonFindsTheSameByShapeAndByText) {
   const Object connection = open_connection();
   for (const char* const row : {"(1,1,0.1,0.1,'a ','a',#2024/03/07#)", "(2,5,0.5,0.5,'a','a ',#2024/03/08#)",
