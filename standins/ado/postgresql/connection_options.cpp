@@ -75,12 +75,14 @@ class Reader {
     append(entry.library, value, name);
   }
 
-  // A key may be one of an engine, which is a library; a server loads libraries by settings.
+  // A key may be one of an engine, which is a library; a server loads libraries by settings, whose names it
+  // reads in any case and without backslashes.
   static bool loads_code(const PQconninfoOption& option) {
     const std::string_view keyword = option.keyword;
-    const std::string_view value = option.val;
-    return (keyword == "sslkey" && value.find(':') != std::string_view::npos) ||
-           (keyword == "options" && value.find("preload") != std::string_view::npos);
+    std::string value = automation::folded(option.val);
+    std::erase(value, '\\');
+    return (keyword == "sslkey" && value.find(':') != std::string::npos) ||
+           (keyword == "options" && value.find("preload") != std::string::npos);
   }
 
   void append(std::string_view keyword, const std::string& value, std::string_view name) {

@@ -76,6 +76,10 @@ TEST(PostgresqlOptions, WhatIsNotKnownIsRefusedByNameAndWithoutItsValue) {
   EXPECT_EQ(refusal("pqopt={sslkey=engine:secret}"), "pqopt has an option that is not taken: sslkey");
   EXPECT_EQ(refusal("pqopt={options='-c local_preload_libraries=x'}"),
             "pqopt has an option that is not taken: options");
+  EXPECT_EQ(refusal("pqopt={options='-c Local_PreLoad_Libraries=x'}"),
+            "pqopt has an option that is not taken: options");
+  EXPECT_EQ(refusal("pqopt={options='-c local_pre\\\\load_libraries=x'}"),
+            "pqopt has an option that is not taken: options");
   EXPECT_EQ(refusal("pqopt={password=a secret}"),
             "The connection string has options of the library that make no sense: pqopt");
   EXPECT_EQ(refusal("Servername=a;pqopt={host=secret}"), "The connection string says this twice: host");
