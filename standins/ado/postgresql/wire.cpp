@@ -97,9 +97,18 @@ void Wire::read_results() {
       continue;
     }
     if (PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC) return;
-    if (results_.size() == commands_) raise_loss();
-    results_.push_back(std::move(result));
+    if (results_.size() < commands_)
+      results_.push_back(std::move(result));
+    else
+      replace_last(std::move(result));
   }
+}
+
+// A statement outside a transaction is committed behind its end, which the server may refuse.
+void Wire::replace_last(Result result) {
+  if (results_.empty() || !succeeded(results_.back()) || PQresultStatus(result.get()) != PGRES_FATAL_ERROR)
+    raise_loss();
+  results_.back() = std::move(result);
 }
 
 PGresult* Wire::next_result() {

@@ -56,6 +56,7 @@ class Wire {
 
   void require(int sent);
   void read_results();
+  void replace_last(Result result);
   PGresult* next_result();
   void wait_for_input();
   [[noreturn]] void raise_loss();

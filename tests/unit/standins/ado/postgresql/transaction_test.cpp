@@ -111,6 +111,13 @@ TEST_F(PostgresqlTransactionTest, ACommitThatTheServerRefusesIsAnError) {
   EXPECT_EQ(stored(), "5");
 }
 
+// Which the server checks only as it commits, behind the end of the statement.
+TEST_F(PostgresqlTransactionTest, AStatementByItselfThatTheServerRefusesToCommitFails) {
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(error_in("Insert Into L Values(1)"), i == 0 ? 0 : -2147217873) << i;
+  EXPECT_EQ(error_in("Insert Into L Values(2),(2)"), -2147217873);
+  EXPECT_EQ(scalar(connection, "Select Count(*) From L"), Value(1)) << "the connection lives";
+}
+
 TEST_F(PostgresqlTransactionTest, ACommitWithoutAConnectionIsAnError) {
   connection.call("BeginTrans");
   insert(1);
