@@ -180,7 +180,20 @@ void OdbcSession::begin() {
   login_.handle.require(result);
   in_transaction_ = true;
   holds_write_lock_ = false;
-  if (traits_.is_postgresql) run_own(mark_of_transaction);
+  if (traits_.is_postgresql) mark_transaction();
+}
+
+// What cannot be marked is no transaction.
+void OdbcSession::mark_transaction() {
+  try {
+    run_own(mark_of_transaction);
+  } catch (const automation::Error&) {
+    in_transaction_ = false;
+    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, login_.handle.get(), SQL_ROLLBACK);
+    trace_(Operation::rollback, {}, 0, SQL_SUCCEEDED(result));
+    set_autocommit(true);
+    throw;
+  }
 }
 
 void OdbcSession::commit() {

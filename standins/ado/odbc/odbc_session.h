@@ -54,6 +54,7 @@ class OdbcSession : public EngineSession {
   void take_write_lock();
   // Throws Error when the statement, which is none of the client's, fails.
   void run_own(std::string_view sql);
+  void mark_transaction();
   StatementResult read_result(std::string_view sql, bool count_affected);
   SQLRETURN set_autocommit(bool on);
 

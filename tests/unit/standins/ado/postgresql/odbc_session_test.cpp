@@ -73,6 +73,15 @@ TEST_F(PostgresqlByOdbcTest, ALostConnectionIsNoCommit) {
   EXPECT_EQ(stored(), Value(0));
 }
 
+TEST_F(PostgresqlByOdbcTest, ATransactionThatCannotBeginIsNone) {
+  constexpr std::int32_t another_is_open = -2147168237;
+  const Object connection = open_by_odbc();
+  server().administer(database(),
+                      "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE usename='tallyra'");
+  EXPECT_NE(error_of([&] { connection.call("BeginTrans"); }), 0);
+  EXPECT_NE(error_of([&] { connection.call("BeginTrans"); }), another_is_open);
+}
+
 TEST_F(PostgresqlByOdbcTest, ACommitThatIsOneIsMade) {
   const Object connection = open_by_odbc();
   connection.call("BeginTrans");
