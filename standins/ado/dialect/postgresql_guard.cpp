@@ -65,6 +65,12 @@ constexpr auto reaching_initials = [] {
   return table;
 }();
 
+// Anything else in front might hide a verb: another version of the server may take it for a blank.
+bool may_begin(TokenKind kind) {
+  return kind == TokenKind::word || kind == TokenKind::open || kind == TokenKind::semicolon ||
+         kind == TokenKind::end;
+}
+
 bool has_reaching_beginning(std::string_view name) {
   if (name.empty() || !reaching_initials[static_cast<unsigned char>(name[0])]) return false;
   return std::ranges::any_of(reaching_beginnings,
@@ -79,13 +85,13 @@ class ServerJudge {
     if (const auto misread = misread_by_postgresql(tokens_); !misread.empty())
       return {Reach::beyond, misread};
     if (const std::size_t verb = reaching_verb()) return {Reach::beyond, tokens_.text(verb)};
+    const bool reads_only = is_word(1, "select");
     for (std::size_t i = 1; i < last(); ++i)
       if (reaches(i) || (!reads_only && is_view_of_settings(i))) return {Reach::beyond, tokens_.text(i)};
     if (const std::size_t second = second_statement()) return {Reach::several, tokens_.text(second)};
     return {};
   }
 
-    const bool reads_only = is_word(1, "select");
  private:
   std::size_t last() const { return tokens_.list.size() - 1; }
 
@@ -100,16 +106,17 @@ class ServerJudge {
            (tokens_[i + 1].kind == TokenKind::open && is_one_of(reaching_functions, name));
   }
 
-  // 0 when there is none.
-  std::size_t reaching_verb() const {
-    if (tokens_[1].kind != TokenKind::word) return 0;
-    if (is_one_of(server_reaching_verbs, tokens_.text(1))) return 1;
-    if (is_word(1, "create") || is_word(1, "alter") || is_word(1, "drop")) return reaching_object();
-    return is_word(1, "set") ? reaching_setting() : 0;
   bool is_view_of_settings(std::size_t i) const {
     return tokens_.is_name(i) && same_name(tokens_.name(i), view_of_settings);
   }
 
+  // 0 when there is none.
+  std::size_t reaching_verb() const {
+    if (!may_begin(tokens_[1].kind)) return 1;
+    if (tokens_[1].kind != TokenKind::word) return 0;
+    if (is_one_of(server_reaching_verbs, tokens_.text(1))) return 1;
+    if (is_word(1, "create") || is_word(1, "alter") || is_word(1, "drop")) return reaching_object();
+    return is_word(1, "set") ? reaching_setting() : 0;
   }
 
   std::size_t reaching_object() const {

@@ -42,7 +42,7 @@ bool is_misread(const Tokens& tokens, std::size_t i) {
     case TokenKind::name: return text[0] == '`' || has_escapes(tokens, i);
     case TokenKind::text:
     case TokenKind::unterminated: return has_escapes(tokens, i);
-    case TokenKind::other: return text[0] == '{';
+    case TokenKind::other: return text[0] == '{' || text[0] == '\v';  // to later servers a blank
     default: return false;
   }
 }

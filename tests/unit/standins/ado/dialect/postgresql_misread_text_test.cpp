@@ -25,6 +25,7 @@ TEST(PostgresqlMisreadText, IsFoundWhereAQuoteOrACommentEndsElsewhere) {
            "Select ` ' `",
            "Select {fn now()}",
            "Select 1 /* {fn now()} */",
+           "Create\vExtension dblink",
        })
     EXPECT_NE(misread_on_the_server(sql), "") << sql;
 }
