@@ -33,6 +33,18 @@ class Finder {
  private:
   enum class Part : std::uint8_t { other, values, set, condition };
 
+  // Whether a text here is the name of a column of the result, or a part of it.
+  enum class Naming : std::uint8_t {
+    none,
+    list,   // between the items of a select list
+    item,   // yes, within an item
+    apart,  // no, the item has an alias
+  };
+  struct Level {
+    Part part;
+    Naming naming;
+  };
+
   // Which part of the statement token `i` is in.
   void follow(std::size_t i) {
     switch (tokens_[i].kind) {
@@ -43,11 +55,13 @@ class Finder {
           in_values_ = false;
           ends_plainly_ = tokens_[i + 1].kind == TokenKind::end;
         }
-        part_ = outer_.back();
+        part_ = outer_.back().part;
+        naming_ = outer_.back().naming;
         outer_.pop_back();
         return;
       default: break;
     }
+    follow_list(i);
     switch (tokens_[i].keyword) {
       case Keyword::where:
       case Keyword::on: part_ = Part::condition; return;
@@ -66,9 +80,36 @@ class Finder {
     }
   }
 
+  void follow_list(std::size_t i) {
+    switch (tokens_[i].keyword) {
+      case Keyword::select:
+      case Keyword::returning:
+        if (naming_ == Naming::none) naming_ = Naming::list;
+        return;
+      case Keyword::from:
+        if (tokens_[i - 1].keyword == Keyword::distinct) return;  // a comparison
+        [[fallthrough]];
+      case Keyword::where:
+        if (naming_ == Naming::list) naming_ = Naming::none;
+        return;
+      default: return;
+    }
+  }
+
+  // `As` behind the parenthesis that token `i` opens. Without that word it may be an operator that follows.
+  bool has_alias(std::size_t i) const {
+    int depth = 0;
+    for (; i + 1 < tokens_.list.size(); ++i) {
+      if (tokens_[i].kind == TokenKind::open) ++depth;
+      if (tokens_[i].kind == TokenKind::close && --depth == 0) return tokens_[i + 1].keyword == Keyword::as;
+    }
+    return false;
+  }
+
   // Within parentheses a condition goes on; the arguments of a function are none.
   void open(std::size_t i) {
-    outer_.push_back(part_);
+    outer_.push_back({part_, naming_});
+    if (naming_ == Naming::list) naming_ = has_alias(i) ? Naming::apart : Naming::item;
     const Keyword before = tokens_[i - 1].keyword;
     if (findings_.values_begin != 0 && tokens_[i].end == findings_.values_begin) {
       in_values_ = true;
@@ -84,6 +125,7 @@ class Finder {
 
   // The literal ends with token `last`.
   void decide(std::size_t last, const Literal& literal) {
+    if (naming_ == Naming::list || naming_ == Naming::item) return;
     const std::size_t first = tokens_[last].begin == literal.begin ? last : last - 1;
     LiteralUse& use = uses_[next_];
     if (part_ == Part::values && is_item(first, last)) use.place = Place::stored;
@@ -133,8 +175,9 @@ class Finder {
   const Findings& findings_;
   const std::vector<Literal>& literals_;
   std::vector<LiteralUse>& uses_;
-  std::vector<Part> outer_;  // around each parenthesis that is open
+  std::vector<Level> outer_;  // around each parenthesis that is open
   Part part_ = Part::other;
+  Naming naming_ = Naming::none;
   std::size_t next_ = 0;  // literal to come
   bool in_values_ = false;
   bool ends_plainly_ = true;

@@ -68,6 +68,15 @@ TEST_F(SqliteSessionTest, TellsTextsOfOneFormApartWhereTheyDiffer) {
   }
 }
 
+// It may be the text of the column.
+TEST_F(SqliteSessionTest, NamesAColumnTheSameHoweverOftenItIsRead) {
+  execute(connection, "create table T(A integer, B varchar(9))");
+  const std::string column = "(Select Max(A) From T Where B='x')";
+  for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(field(open_recordset(connection, "Select " + column + " From T"), 0).get("Name"), Value(column))
+        << i;
+}
+
 TEST_F(SqliteSessionTest, NoticesWhatOthersDoToTheSchema) {
   execute(connection, "create table T(A integer, D varchar(20))");
   const std::string insert = "Insert Into T (A,D) Values (1,'2024/03/31')";
