@@ -16,6 +16,13 @@ constexpr std::size_t most_digits = 9;
 // Behind them a comparison has its whole right side.
 constexpr auto words_behind_value =
     std::to_array<std::string_view>({"and", "or", "where", "order", "limit", "group"});
+
+// A number has no such zero, and a parameter may be of a type that has.
+bool is_zero_with_sign(std::string_view literal) {
+  return literal[0] == '-' &&
+         literal.substr(0, literal.find_first_of("eE")).find_first_of("123456789") == std::string_view::npos;
+}
+
 }  // namespace
 
 // Copies what stands before `begin`.
@@ -97,12 +104,14 @@ bool ShapeScanner::number() {
     kind = LiteralKind::decimal;
     for (here_ = exponent; is_digit(at(here_));) ++here_;
   }
-  const bool whole_number_too_long =
-      too_long && sql_.substr(begin, here_ - begin).find_first_of(".eE") == std::string_view::npos;
+  const std::string_view literal = sql_.substr(begin, here_ - begin);
+  const bool whole_number_too_long = too_long && literal.find_first_of(".eE") == std::string_view::npos;
   if (is_name_byte(at(here_)) || at(here_) == '.' || at(here_) == '$') return false;
   if (is_value && !whole_number_too_long && ends_value(here_)) {
+    before_ = Before::other;
+    if (is_zero_with_sign(literal)) return true;
     shape_.begins_.push_back(shape_.data_.size());
-    shape_.data_.append(sql_, begin, here_ - begin).append(1, '\0');
+    shape_.data_.append(literal).append(1, '\0');
     bind(begin, kind);
     return true;
   }

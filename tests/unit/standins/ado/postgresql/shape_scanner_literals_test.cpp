@@ -39,6 +39,20 @@ TEST(ShapeLiteral, IsADecimalWithAPointOrAnExponent) {
     EXPECT_EQ(as_value(wrong), "not understood") << wrong;
 }
 
+// A number has no negative zero, and a parameter of another type may have one.
+TEST(ShapeLiteral, StaysWhereItIsZeroWithASign) {
+  for (const char* const zero : {"-0", "-0.0", "-00.", "-0e5", "-0.00E-1"}) {
+    EXPECT_EQ(as_value(zero), "left") << zero;
+    EXPECT_EQ(as_operand(zero), "left") << zero;
+  }
+  EXPECT_EQ(as_value("-0.01"), "d -0.01");
+  EXPECT_EQ(as_value("-10"), "i -10");
+  EXPECT_EQ(as_value("0.0"), "d 0.0");
+  Shape shape;
+  EXPECT_TRUE(shape.read("Insert Into T Values(-0.0)"));
+  EXPECT_EQ(shape.repeat(), Repeat::by_its_text);
+}
+
 TEST(ShapeLiteral, IsATextWithSingleQuotesForItsDoubledOnes) {
   EXPECT_EQ(as_value("''"), "t ");
   EXPECT_EQ(as_value("''''"), "t '");

@@ -149,5 +149,15 @@ TEST_F(StoredValueTest, AComparisonFindsTheSameByShapeAndByText) {
   }
 }
 
+TEST_F(StoredValueTest, AZeroHasNoSignHoweverOftenItIsStored) {
+  const Object connection = open_connection();
+  for (const std::string zero : {"-0.0", "-0"})
+    for (int i = 0; i < 3; ++i) {
+      execute(connection, "Insert Into SHAPED(N,F) Values(1," + zero + ")");
+      execute(connection, "Update SHAPED Set F=" + zero + " Where N=" + std::to_string(i));
+    }
+  EXPECT_EQ(scalar(connection, "Select Count(*) From SHAPED Where F::text='0'"), Value(6));
+}
+
 }  // namespace
 }  // namespace tallyra::standins::ado::test
