@@ -1,8 +1,9 @@
+#include "tests/support/busy_collection.h"
+
 #include <gtest/gtest.h>
 
 #include <utility>
 
-#include "automation/collection.h"
 #include "server/class_table.h"
 #include "tests/support/company_database.h"
 
@@ -19,18 +20,6 @@ using server::ClassMember;
 using server::ClassTable;
 using server::MemberKind;
 using server::ParameterType;
-
-class BusyCollection : public automation::Collection {
- public:
-  explicit BusyCollection(std::function<void()> work) : work_(std::move(work)) {}
-  Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
-    work_();
-    return automation::Collection::invoke(id, access, arguments);
-  }
-
- private:
-  std::function<void()> work_;
-};
 
 class ReentrantCollections : public testing::TestWithParam<const ClassTable*> {
  protected:
@@ -85,7 +74,8 @@ class ReentrantCollections : public testing::TestWithParam<const ClassTable*> {
       client_.put("ConnectionString", session_value("ConnectionString"));
       turns_ = 0;
       Value result;
-      EXPECT_NO_THROW(result = call(method, [&] { return automation::make_object<BusyCollection>(turn); }));
+      EXPECT_NO_THROW(result =
+                          call(method, [&] { return automation::make_object<tests::BusyCollection>(turn); }));
       EXPECT_TRUE(result.holds<float>());
       // A Read that puts new collections in place of the client's does not touch those.
       EXPECT_TRUE(turns_ > 0 || method.name == "Read");

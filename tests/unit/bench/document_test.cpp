@@ -3,17 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 
+#include "tests/support/file_text.h"
 #include "tests/support/test_folder.h"
 
 namespace tallyra::bench {
 namespace {
-
-std::string content_of(const std::string& path) {
-  std::ifstream in(path);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 TEST(Document, TakesNewFiguresInPlaceOfTheOldOnes) {
   const std::string frame = std::string("before\n") + figures_begin;
@@ -32,7 +27,7 @@ TEST(Document, WithoutMarksIsRefusedAndStays) {
   const std::string content = std::string(figures_end) + figures_begin;
   std::ofstream(path) << content;
   EXPECT_THROW(write_figures(path, "new\n"), std::runtime_error);
-  EXPECT_EQ(content_of(path), content);
+  EXPECT_EQ(tests::file_text(path), content);
 }
 
 TEST(Document, IsWrittenAsAFile) {
@@ -40,13 +35,13 @@ TEST(Document, IsWrittenAsAFile) {
   const std::string path = folder.file("README.md");
   std::ofstream(path) << figures_begin << figures_end << "after\n";
   write_figures(path, "new\n");
-  EXPECT_EQ(content_of(path), std::string(figures_begin) + "\nnew\n\n" + figures_end + "after\n");
+  EXPECT_EQ(tests::file_text(path), std::string(figures_begin) + "\nnew\n\n" + figures_end + "after\n");
   EXPECT_THROW(write_figures(folder.file("NONE.md"), "new\n"), std::runtime_error);
 }
 
 // The document that a run writes into has to have the lines for it.
 TEST(Document, OfTheProjectHasTheMarks) {
-  EXPECT_NO_THROW(with_figures(content_of(PROJECT_README), "new\n"));
+  EXPECT_NO_THROW(with_figures(tests::file_text(PROJECT_README), "new\n"));
 }
 
 }  // namespace

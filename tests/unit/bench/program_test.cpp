@@ -4,20 +4,15 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "bench/document.h"
+#include "tests/support/file_text.h"
 #include "tests/support/test_folder.h"
 
 namespace tallyra::bench {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string printed_content(const std::string& path) {
-  std::ifstream in(path);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 // Runs the program, with nothing that it could measure.
 class BenchProgramTest : public ::testing::Test {
@@ -34,16 +29,16 @@ class BenchProgramTest : public ::testing::Test {
 };
 
 TEST_F(BenchProgramTest, TidiesUpTheFolderThatItWasGiven) {
-  EXPECT_EQ(run("--folder " + folder_.file("work")), 0) << printed_content(output_);
-  EXPECT_NE(printed_content(output_).find("work"), std::string::npos);
+  EXPECT_EQ(run("--folder " + folder_.file("work")), 0) << tests::file_text(output_);
+  EXPECT_NE(tests::file_text(output_).find("work"), std::string::npos);
   EXPECT_TRUE(fs::is_empty(folder_.file("work")));
 }
 
 TEST_F(BenchProgramTest, TellsOfAFolderOnADiskThatNothingIsJudged) {
   // The system's own tables are no memory file system, but nothing can be made there either.
   EXPECT_EQ(run("--folder /proc"), 1);
-  EXPECT_NE(printed_content(output_).find("On a disk, in /proc: nothing is judged."), std::string::npos)
-      << printed_content(output_);
+  EXPECT_NE(tests::file_text(output_).find("On a disk, in /proc: nothing is judged."), std::string::npos)
+      << tests::file_text(output_);
 }
 
 TEST_F(BenchProgramTest, WritesOnlyFiguresOfAWholeRun) {
@@ -52,7 +47,7 @@ TEST_F(BenchProgramTest, WritesOnlyFiguresOfAWholeRun) {
   std::ofstream(document) << content;
   for (const char* part : {"", "--quick", "--processor-time"})
     EXPECT_EQ(run(std::string(part) + " --write-readme " + document), 2) << part;
-  EXPECT_EQ(printed_content(document), content);
+  EXPECT_EQ(tests::file_text(document), content);
 }
 
 }  // namespace

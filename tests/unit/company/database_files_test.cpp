@@ -4,24 +4,20 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "company/options.h"
+#include "tests/support/file_text.h"
 #include "tests/support/test_folder.h"
 
 namespace {
 
 using tallyra::company::GrowingFile;
 using tallyra::company::Refusal;
+using tallyra::tests::file_text;
 using tallyra::tests::TestFolder;
 
 void write(const std::string& path, const std::string& content) {
   std::ofstream(path) << content;
-}
-
-std::string text_of_file(const std::string& path) {
-  std::ifstream in(path);
-  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 class DatabaseFiles : public testing::Test {
@@ -41,7 +37,7 @@ TEST_F(DatabaseFiles, AFileTakesItsPlaceOnlyWhenItIsDone) {
   GrowingFile done(database_, false);
   write(done.path(), "whole");
   done.put_in_place();
-  EXPECT_EQ(text_of_file(database_), "whole");
+  EXPECT_EQ(file_text(database_), "whole");
 }
 
 TEST_F(DatabaseFiles, WhatIsReplacedGoesWithTheFilesBesideIt) {
@@ -49,16 +45,16 @@ TEST_F(DatabaseFiles, WhatIsReplacedGoesWithTheFilesBesideIt) {
   write(database_ + ".keys", "numbers of the old one");
   GrowingFile fresh(database_, true);
   write(fresh.path(), "new");
-  EXPECT_EQ(text_of_file(database_), "old");
+  EXPECT_EQ(file_text(database_), "old");
   fresh.put_in_place();
-  EXPECT_EQ(text_of_file(database_), "new");
+  EXPECT_EQ(file_text(database_), "new");
   EXPECT_FALSE(std::filesystem::exists(database_ + ".keys"));
 }
 
 TEST_F(DatabaseFiles, NothingIsReplacedUnasked) {
   write(database_ + ".keys", "numbers");
   EXPECT_THROW(GrowingFile(database_, false), Refusal);
-  EXPECT_EQ(text_of_file(database_ + ".keys"), "numbers");
+  EXPECT_EQ(file_text(database_ + ".keys"), "numbers");
 }
 
 TEST_F(DatabaseFiles, APlaceThatIsNoneIsRefused) {

@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
+#include "tests/support/file_text.h"
 #include "tests/unit/schema/example_table.h"
 
 namespace {
@@ -14,8 +13,7 @@ using namespace tallyra::schema;
 using namespace tallyra::tests;
 
 std::string checked_in(const std::string& engine) {
-  std::ifstream file(std::string(SCHEMA_FOLDER) + "/" + engine + ".sql", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return file_text(std::string(SCHEMA_FOLDER) + "/" + engine + ".sql");
 }
 
 TEST(SchemaScripts, AreThoseThatTheDescriptionMakes) {

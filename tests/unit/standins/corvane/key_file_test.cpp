@@ -4,11 +4,10 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "automation/convert.h"
 #include "standins/corvane/failure.h"
+#include "tests/support/file_text.h"
 #include "tests/unit/standins/corvane/company_database.h"
 
 // What can be the matter with a key file, or with the process that needs it, on systems that have links and
@@ -30,20 +29,15 @@ std::string next(const CompanyDatabase& database) {
   return automation::to_text(system.get("ErrDescription"));
 }
 
-std::string content(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 TEST(KeyFile, ThatIsASymbolicLinkIsRefusedAndWhatItLeadsToStays) {
   const CompanyDatabase database;
   const CompanyDatabase victim;
-  const std::string before = content(victim.file());
+  const std::string before = tests::file_text(victim.file());
   std::filesystem::create_symlink(victim.file(), database.key_file());
   EXPECT_EQ(next(database), "No document number could be issued for 027CLOSE: The key file " +
                                 database.key_file().string() +
                                 " is a symbolic link, and what it leads to is not written.");
-  EXPECT_EQ(content(victim.file()), before);
+  EXPECT_EQ(tests::file_text(victim.file()), before);
 
   std::filesystem::remove(database.key_file());
   const std::string nothing = victim.file().string() + ".new";

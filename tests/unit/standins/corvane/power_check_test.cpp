@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <utility>
-
 #include "automation/error.h"
 #include "standins/corvane/failure.h"
+#include "tests/support/busy_collection.h"
 #include "tests/unit/automation/error_of.h"
 #include "tests/unit/standins/corvane/builder_call.h"
 
@@ -32,23 +30,10 @@ TEST(PowerCheckObject, AFailureIsForgottenAtTheNextCall) {
   EXPECT_EQ(builder.get("ErrDescription"), Value(""));
 }
 
-// Has something done whenever it is used.
-class BusyCollection : public automation::Collection {
- public:
-  explicit BusyCollection(std::function<void()> work) : work_(std::move(work)) {}
-  Value invoke(automation::MemberId id, automation::Access access, automation::Arguments arguments) override {
-    work_();
-    return automation::Collection::invoke(id, access, arguments);
-  }
-
- private:
-  std::function<void()> work_;
-};
-
 TEST(PowerCheckObject, TheFailureOfAStatementBuiltMeanwhileIsNotThatOfTheOneAroundIt) {
   const Object builder = power_check("");
   bool failing = true;
-  const Object names = automation::make_object<BusyCollection>([&] {
+  const Object names = automation::make_object<tests::BusyCollection>([&] {
     EXPECT_EQ(
         build(builder, "GetUpdateSQL", "REVADDR", {failing ? "X" : "SN"}, {1}, numbered_addresses()).empty(),
         failing);
