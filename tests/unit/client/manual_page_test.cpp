@@ -1,26 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
+#include <sstream>
 
-#include "client/catalogue.h"
 #include "client/manual.h"
 #include "client/verbs/verb.h"
+#include "tests/support/file_text.h"
 
 namespace tallyra::client {
 namespace {
 
-std::string kept(const char* name) {
-  std::ifstream in(std::string(TALLYRA_DOCS) + "/" + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST(Manual, IsKeptAsTheVerbsAre) {
-  EXPECT_EQ(kept("tallyra-client.1"), manual_page()) << "scripts/generate.sh writes it anew";
-}
-
-TEST(Completion, IsKeptAsTheVerbsAre) {
-  EXPECT_EQ(kept("tallyra-client.bash"), bash_completion()) << "scripts/generate.sh writes it anew";
+  EXPECT_EQ(tests::file_text(TALLYRA_DOCS "/tallyra-client.1"), manual_page())
+      << "scripts/generate.sh writes it anew";
 }
 
 TEST(Manual, HasEveryVerbWithItsOptions) {
@@ -45,33 +36,6 @@ TEST(Manual, HasNoLineThatManWouldMistake) {
           << line;
     }
 }
-
-#ifndef _WIN32
-// What bash offers for words, the last of which is being typed.
-std::string offered(const std::string& words) {
-  const std::string command = "bash -c 'source " + std::string(TALLYRA_DOCS) +
-                              "/tallyra-client.bash; COMP_WORDS=(" + words +
-                              "); COMP_CWORD=$((${#COMP_WORDS[@]}-1)); _tallyra_client; "
-                              "echo \"${COMPREPLY[*]}\"' 2>&1";
-  std::FILE* pipe = popen(command.c_str(), "r");
-  std::string text;
-  char buffer[4096];
-  for (std::size_t read = 0; (read = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-    text.append(buffer, read);
-  pclose(pipe);
-  return text;
-}
-
-TEST(Completion, OffersWhatFits) {
-  EXPECT_EQ(offered("tallyra-client rep reo"), "\n") << "an argument of another word";
-  EXPECT_EQ(offered("tallyra-client reo"), "reopen\n");
-  EXPECT_EQ(offered("tallyra-client --db x.db reo"), "reopen\n");
-  EXPECT_EQ(offered("tallyra-client count \"\""), "sheet import approve undo\n");
-  EXPECT_EQ(offered("tallyra-client count sheet --bl"), "--blind\n");
-  EXPECT_EQ(offered("tallyra-client close 2024/01/31 --back"), "--backup\n");
-  EXPECT_EQ(offered("tallyra-client CRevAddr Re"), "Read\n");
-}
-#endif
 
 }  // namespace
 }  // namespace tallyra::client

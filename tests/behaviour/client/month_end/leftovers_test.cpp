@@ -1,22 +1,9 @@
 #include "client/month_end/leftovers.h"
 
-#include "client/month_end/guard.h"
-#include "client/refusal.h"
-#include "tests/behaviour/client/month_end/closing_client.h"
+#include "tests/behaviour/client/month_end/unfinished_close.h"
 
 namespace tallyra::client {
 namespace {
-
-class UnfinishedClose : public ClosingClient {
- protected:
-  UnfinishedClose() {
-    sql(
-        {"INSERT INTO STKTRANHD(TRANNO,TRANTYPE,TRANDT,DEPTNOFR,STATUSSN) "
-         "VALUES('027CLOSE00000009','STK027CLOSE','2024-02-01 00:00:00','10 ',0)",
-         "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY) VALUES('027CLOSE00000009',0,'frame',5)"});
-  }
-  const Reader reader_{company_.connection_string(), "MSACCESS"};
-};
 
 TEST_F(UnfinishedClose, IsToldAndMendedByTheNextClose) {
   EXPECT_EQ(run({"status"}), exit_done);
@@ -41,15 +28,6 @@ TEST_F(UnfinishedClose, IsToldWithEveryDateThatItHasLeftDocumentsFor) {
 TEST_F(UnfinishedClose, IsMendedByReopening) {
   EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_done) << client_.all();
   EXPECT_EQ(company_.rows("SELECT Count(*) FROM STKTRANHD WHERE TRANTYPE='STK027CLOSE'"), "0\n");
-}
-
-TEST_F(UnfinishedClose, HoldsUpStocktakingsAndApprovals) {
-  EXPECT_THROW(require_no_unfinished_close(reader_), Refusal);
-  sql({"INSERT INTO STKCLOSEHD(CLOSEDT,STATUSSN) VALUES('2023-12-31 00:00:00',0)"});
-  EXPECT_EQ(run({"approve", "2023/12/31"}), exit_failed);
-  EXPECT_TRUE(says("an unfinished close has left 1 document")) << client_.all();
-  sql({"DELETE FROM STKTRANHD WHERE TRANTYPE='STK027CLOSE'"});
-  EXPECT_NO_THROW(require_no_unfinished_close(reader_));
 }
 
 }  // namespace

@@ -1,27 +1,10 @@
 #include "client/month_end/verification.h"
 
-#include "tests/behaviour/client/month_end/closing_client.h"
+#include "tests/behaviour/client/month_end/tampered_close.h"
 
 // A close that somebody has tampered with.
 namespace tallyra::client {
 namespace {
-
-class TamperedClose : public ClosingClient {
- protected:
-  TamperedClose() { EXPECT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all(); }
-  ExitStatus verify() { return run({"verify", "2024/01/31", "--csv"}); }
-  static std::string of_department(const std::string& number) {
-    return "TRANNO=(SELECT TRANNO FROM STKTRANHD WHERE TRANTYPE='STK027CLOSE' AND DEPTNOFR='" + number + "')";
-  }
-};
-
-TEST_F(TamperedClose, IsRightAsLongAsNobodyHas) {
-  EXPECT_EQ(verify(), exit_done) << client_.all();
-  EXPECT_EQ(client_.out(), "what,department,document,part,written,expected,difference\n");
-  EXPECT_TRUE(says("is right: 3 documents with 13 lines")) << client_.all();
-  EXPECT_EQ(run({"verify", "2024/02/29"}), exit_failed);
-  EXPECT_TRUE(says("there is no close of 2024/02/29 to verify"));
-}
 
 TEST_F(TamperedClose, HasAChangedQuantity) {
   sql({"UPDATE STKTRANDT SET QTY=QTY+0.25 WHERE PARTNO='frame' AND " + of_department("20")});
@@ -64,20 +47,6 @@ TEST_F(TamperedClose, HasNoDocumentOfADepartment) {
        "DELETE FROM STKTRANHD WHERE TRANTYPE='STK027CLOSE' AND DEPTNOFR='20'"});
   EXPECT_EQ(verify(), exit_failed);
   EXPECT_TRUE(says("\nno document,20,,,,,\n")) << client_.all();
-}
-
-TEST_F(TamperedClose, TellsWhatWasEnteredAfterTheClose) {
-  sql(
-      {"INSERT INTO STKTRANHD(TRANNO,TRANTYPE,TRANDT,DEPTNOFR,STATUSSN,ADDDT) "
-       "VALUES('LATE','STK010POREV','2024-01-15 00:00:00','10',1,'2024-03-06 10:00:00')",
-       "INSERT INTO STKTRANDT(TRANNO,SN,PARTNO,QTY,UPRICE) "
-       "VALUES('LATE',1,'bolt-1',2,1),('LATE',2,'frame',1,1)"});
-  EXPECT_EQ(verify(), exit_done) << client_.all();
-  EXPECT_TRUE(says("\nentered after the close,10,027CLOSE00000001,bolt-1,9,11,-2\n")) << client_.all();
-  EXPECT_TRUE(says("\nentered after the close,10,027CLOSE00000001,frame,0,1,-1\n")) << client_.all();
-  EXPECT_TRUE(says("was right")) << client_.all();
-  sql({"UPDATE STKTRANDT SET QTY=QTY+1 WHERE PARTNO='bolt-1' AND " + of_department("10")});
-  EXPECT_EQ(verify(), exit_failed) << "that explains a part of it alone";
 }
 
 TEST_F(TamperedClose, TellsLinesThatWereEnteredLaterIntoAnEarlierDocument) {

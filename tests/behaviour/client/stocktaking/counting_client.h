@@ -26,6 +26,8 @@ class CountingClient : public ClosingClient {
     ASSERT_EQ(import("part,counted\nbolt-1,10\nBolt1,3\nBOLT-1,2\n", on_department_10), exit_done)
         << client_.all();
   }
+  // What an approval of that posts.
+  static constexpr const char* differences = "Bolt1|-5\nbolt-1|1\n";
   std::string stored() const {
     return company_.rows("SELECT CHECKNO,CHECKDT,DEPTNO,STATUSSN FROM STKCHECKHD") +
            company_.rows("SELECT CHECKNO,PARTNO,QTY,UPRICE FROM STKCHECKDT ORDER BY PARTNO");

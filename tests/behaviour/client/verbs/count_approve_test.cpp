@@ -4,8 +4,6 @@
 namespace tallyra::client {
 namespace {
 
-const std::string differences = "Bolt1|-5\nbolt-1|1\n";
-
 TEST_F(CountingClient, SaysThatAnApprovalIsStored) {
   enter();
   ASSERT_EQ(run({"count", "approve", "C1", "--csv"}), exit_done) << client_.all();
@@ -31,51 +29,6 @@ TEST_F(CountingClient, ApprovesAStocktakingOnce) {
   EXPECT_TRUE(says("did you mean 'again'"));
 }
 
-TEST_F(CountingClient, TakesAnApprovalBack) {
-  enter();
-  EXPECT_EQ(run({"count", "undo", "C1"}), exit_failed);
-  EXPECT_TRUE(says("not approved"));
-  ASSERT_EQ(run({"count", "approve", "C1"}), exit_done);
-  ASSERT_EQ(run({"count", "undo", "C1"}), exit_done) << client_.all();
-  EXPECT_EQ(posted(), "");
-  EXPECT_EQ(company_.rows("SELECT STATUSSN FROM STKCHECKHD"), "0\n");
-  ASSERT_EQ(run({"count", "approve", "C1"}), exit_done);
-  EXPECT_EQ(posted(), differences);
-}
-
-TEST_F(CountingClient, SaysThatAnApprovalIsNotStored) {
-  enter();
-  sql({"DELETE FROM USERRIGHTS"});
-  EXPECT_EQ(run({"count", "approve", "C1"}), exit_failed);
-  EXPECT_TRUE(says("C1 is not approved, nothing was stored: error 10000016")) << client_.error();
-  EXPECT_EQ(posted(), "");
-}
-
-TEST_F(CountingClient, ApprovesOnlyWhatIsThere) {
-  EXPECT_EQ(run({"count", "approve", "C9"}), exit_failed);
-  EXPECT_TRUE(says("no such row: there is no stocktaking C9"));
-  EXPECT_EQ(run({"count", "undo", "C9"}), exit_failed);
-  EXPECT_EQ(run({"count", "approve", "C'1"}), exit_wrong_usage);
-  enter();
-  sql({"UPDATE STKCHECKHD SET DEPTNO='99'"});
-  EXPECT_EQ(run({"count", "approve", "C1"}), exit_failed);
-  EXPECT_TRUE(says("there is no department 99"));
-}
-
-TEST_F(CountingClient, ApprovesNothingWhileNoNumberCanBeIssued) {
-  if (!company_.is_sqlite()) GTEST_SKIP() << "the counters are no file";
-  enter();
-  const std::string keys = company_.file().string() + ".keys";
-  std::filesystem::remove(keys);
-  std::filesystem::create_directory(keys);
-  EXPECT_EQ(run({"count", "approve", "C1"}), exit_failed);
-  EXPECT_TRUE(says("no number is issued for the posting") && says("nothing was done")) << client_.error();
-  EXPECT_EQ(posted(), "");
-  EXPECT_EQ(company_.rows("SELECT STATUSSN FROM STKCHECKHD"), "0\n");
-  std::filesystem::remove(keys);
-  EXPECT_EQ(run({"count", "approve", "C1"}), exit_done) << client_.all();
-}
-
 // The trigger takes away the number that was issued.
 TEST_F(CountingClient, TakesBackAnApprovalThatWasPostedWithoutANumber) {
   if (!company_.is_sqlite()) GTEST_SKIP() << "a trigger of SQLite's";
@@ -95,28 +48,6 @@ TEST_F(CountingClient, ApprovesNothingWhileAnotherPostingHasNoNumber) {
   EXPECT_EQ(run({"count", "approve", "C1"}), exit_failed);
   EXPECT_TRUE(says("nothing was approved: a posting without a number")) << client_.error();
   EXPECT_EQ(company_.rows("SELECT STATUSSN FROM STKCHECKHD"), "0\n");
-}
-
-TEST_F(CountingClient, LeavesAClosedMonthAlone) {
-  enter();
-  close_and_approve("2024/01/31");
-  EXPECT_EQ(run({"count", "approve", "C1"}), exit_failed);
-  EXPECT_TRUE(says("which the close of 2024/01/31 covers"));
-  EXPECT_EQ(posted(), "");
-}
-
-TEST_F(CountingClient, TellsTheJournalWhatWasForced) {
-  enter();
-  close_and_approve("2024/01/31");
-  ASSERT_EQ(run({"count", "approve", "C1", "--force", "again,closed-period"}), exit_done) << client_.all();
-  ASSERT_EQ(run({"count", "approve", "C1", "--force", "again,closed-period"}), exit_done) << client_.all();
-  EXPECT_EQ(run({"count", "undo", "C1"}), exit_failed);
-  ASSERT_EQ(run({"count", "undo", "C1", "--force", "closed-period"}), exit_done) << client_.all();
-  ASSERT_EQ(run({"log", "--csv"}), exit_done);
-  for (const char* entry :
-       {",count approve,C1,done,forced: closed-period,",
-        ",count approve,C1,done,forced: again closed-period,", ",count undo,C1,done,forced: closed-period,"})
-    EXPECT_TRUE(says(entry)) << entry << client_.out();
 }
 
 TEST_F(CountingClient, ApprovesNothingBesideAnUnfinishedClose) {

@@ -1,10 +1,9 @@
 #include "tests/behaviour/client/month_end/closing_client.h"
 
-// What the verbs list and show say of a small company.
 namespace tallyra::client {
 namespace {
 
-class Looking : public ClosingClient {
+class Listing : public ClosingClient {
  protected:
   // The first column of what was listed, a word per row.
   std::string listed(std::vector<std::string> words) {
@@ -20,12 +19,12 @@ class Looking : public ClosingClient {
   }
 };
 
-TEST_F(Looking, ListsDocumentsTheLatestFirst) {
+TEST_F(Listing, ListsDocumentsTheLatestFirst) {
   EXPECT_EQ(listed({"CTranHead"}), "R4 P2 R3 I1 P1 T1 R2 R1 ");
   EXPECT_TRUE(says("\nI1,STK020MISS,2024/01/31,10,,,1,\n")) << client_.out();
 }
 
-TEST_F(Looking, ListsWhatTheOptionsLeave) {
+TEST_F(Listing, ListsWhatTheOptionsLeave) {
   EXPECT_EQ(listed({"tallyra.ctranhead", "--from", "2024/01/20", "--to", "2024/01/28"}), "P1 T1 R2 ");
   EXPECT_EQ(listed({"CTranHead", "--type", "STK010POREV"}), "R4 R3 R2 R1 ");
   EXPECT_EQ(listed({"CTranHead", "--status", "unapproved"}), "R3 ");
@@ -34,21 +33,21 @@ TEST_F(Looking, ListsWhatTheOptionsLeave) {
   EXPECT_TRUE(says("\nR1,STK010POREV,2024/01/10,10,3,螺丝,7,0.5\n")) << client_.out();
 }
 
-TEST_F(Looking, SaysWhatIsNotShown) {
+TEST_F(Listing, SaysWhatIsNotShown) {
   EXPECT_EQ(listed({"CTranHead", "--limit", "2"}), "R4 P2 ");
   EXPECT_TRUE(says("2 of 8 are shown")) << client_.error();
   EXPECT_EQ(listed({"CTranHead", "--limit", "8"}), "R4 P2 R3 I1 P1 T1 R2 R1 ");
   EXPECT_EQ(client_.error(), "");
 }
 
-TEST_F(Looking, ListsEveryClassThatKeepsSomething) {
+TEST_F(Listing, ListsEveryClassThatKeepsSomething) {
   company_.add_a_record_of_each_class();
   for (const char* name : {"CTranHead", "CTranDetail", "CCheckHead", "CCheckDetail", "CStockClose",
                            "CPartCostSet", "CRevAddr", "CSTKController", "CStkShipNote"})
     EXPECT_NE(listed({name, "--limit", "0"}), "") << name;
 }
 
-TEST_F(Looking, TakesWrongWordsForWrongUsage) {
+TEST_F(Listing, TakesWrongWordsForWrongUsage) {
   EXPECT_EQ(run({"list", "CStkrptFuns"}), exit_wrong_usage);
   EXPECT_TRUE(says("keeps no records"));
   EXPECT_EQ(run({"list", "CTranHaed"}), exit_wrong_usage);
@@ -58,33 +57,6 @@ TEST_F(Looking, TakesWrongWordsForWrongUsage) {
   EXPECT_EQ(run({"list", "CTranHead", "--status", "new"}), exit_wrong_usage);
   EXPECT_EQ(run({"list", "CPartCostSet", "--type", "1 Or 1=1"}), exit_wrong_usage);
   EXPECT_EQ(listed({"CTranHead", "--type", "x' Or 'a'='a"}), "") << "a quote stays within the text";
-}
-
-TEST_F(Looking, ShowsADocumentWithItsLines) {
-  ASSERT_EQ(run({"show", "R1"}), exit_done) << client_.all();
-  EXPECT_TRUE(says("TRANTYPE  STK010POREV")) << client_.out();
-  EXPECT_FALSE(says("NOTES   ")) << "what is not there is not shown";
-  EXPECT_TRUE(says("3  螺丝    螺丝           7")) << client_.out();
-  EXPECT_TRUE(says("3 lines, quantity 21, value 43.5.")) << client_.error();
-  EXPECT_EQ(run({"show", "nothing"}), exit_failed);
-  EXPECT_TRUE(says("there is no document, no stocktaking and no close 'nothing'"));
-}
-
-TEST_F(Looking, ShowsAStocktakingWithWhatItPosted) {
-  sql({"INSERT INTO STKCHECKHD(CHECKNO,CHECKDT,DEPTNO) VALUES('CK1','2024-02-10 00:00:00','10')",
-       "INSERT INTO STKCHECKDT(CHECKNO,PARTNO,QTY) VALUES('CK1','frame',2)",
-       "INSERT INTO STKTRANHD(TRANNO,TRANTYPE,REFERENCE,TRANDT,STATUSSN) "
-       "VALUES('P9','STKCHECKISS','CK1','2024-02-10 00:00:00',1)"});
-  ASSERT_EQ(run({"show", "CK1", "--csv"}), exit_done) << client_.all();
-  EXPECT_TRUE(says("\nframe,frame,2,,,\n")) << client_.out();
-  EXPECT_TRUE(says("\nP9,2024/02/10,1\n"));
-}
-
-TEST_F(Looking, ShowsACloseWithItsDocuments) {
-  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
-  ASSERT_EQ(run({"show", "2024/01/31"}), exit_done) << client_.all();
-  EXPECT_TRUE(says("027CLOSE00000001")) << client_.out();
-  EXPECT_EQ(run({"show", "2024/02/29"}), exit_failed);
 }
 
 }  // namespace

@@ -6,42 +6,11 @@
 namespace tallyra::client {
 namespace {
 
-TEST(Verbs, AreToldInFullAndRun) {
-  for (const Verb* verb : verbs()) {
-    EXPECT_NE(verb->summary, "") << verb->name;
-    EXPECT_NE(verb->help, "") << verb->name;
-    EXPECT_FALSE(verb->examples.empty()) << verb->name;
-    EXPECT_LE(verb->least_arguments, verb->most_arguments) << verb->name;
-    EXPECT_TRUE(verb->run || verb->name == "call") << verb->name;
-    const std::string help = verb_help(*verb);
-    for (const Option& option : verb->options)
-      EXPECT_NE(help.find(option.name), std::string::npos) << verb->name << " " << option.name;
-  }
-}
-
 TEST(Verbs, AreFoundInAnyCase) {
   const std::vector<std::string> words{"LOG", "x"};
   EXPECT_EQ(find_verb(words).verb->name, "log");
   EXPECT_EQ(find_verb(words).words, 1U);
   EXPECT_EQ(find_verb(std::vector<std::string>{"CRevAddr", "Read"}).verb, nullptr);
-}
-
-TEST_F(Client, TellsOfItselfAndOfItsVerbs) {
-  EXPECT_EQ(run({"--version"}), exit_done);
-  EXPECT_TRUE(out_.str().starts_with("tallyra-client ")) << out_.str();
-  out_.str("");
-  EXPECT_EQ(run({"help", "log"}), exit_done);
-  const std::string help = out_.str();
-  EXPECT_NE(help.find("--limit NUMBER"), std::string::npos) << help;
-  out_.str("");
-  EXPECT_EQ(run({"log", "--help"}), exit_done);
-  EXPECT_EQ(out_.str(), help);
-  out_.str("");
-  EXPECT_EQ(run({"help", "CRevAddr"}), exit_done);
-  EXPECT_NE(out_.str().find("  Read cAddrNo @\n"), std::string::npos) << out_.str();
-  out_.str("");
-  EXPECT_EQ(run({"--help"}), exit_done);
-  EXPECT_NE(out_.str().find("  130  interrupted"), std::string::npos);
 }
 
 TEST_F(Client, SuggestsTheVerbOrClassThatWasMeant) {
@@ -77,12 +46,6 @@ TEST_F(Client, NeedsADatabaseForAVerb) {
 TEST_F(Client, RefusesTooManyWords) {
   EXPECT_EQ(run({"log", "January"}), exit_wrong_usage);
   EXPECT_NE(error_.str().find("log takes nothing; 1 argument was given"), std::string::npos) << error_.str();
-}
-
-TEST_F(Client, TakesARawCallBehindTheWordCallToo) {
-  script_class("Tallyra.CRevAddr", "Delete", [](automation::Arguments) { return automation::Value(100.0F); });
-  EXPECT_EQ(run({"call", "CRevAddr", "Delete", "A1"}), exit_done);
-  EXPECT_EQ(run({"--json", "call", "CRevAddr", "Delete", "A1"}), exit_done);
 }
 
 }  // namespace
