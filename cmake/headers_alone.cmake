@@ -35,6 +35,8 @@ target_include_directories(tallyra_headers_alone PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(tallyra_headers_alone PRIVATE
   tallyra_build_rules CLI11::CLI11 nlohmann_json::nlohmann_json ODBC::ODBC GTest::gtest)
 target_compile_options(tallyra_headers_alone PRIVATE -O0)
+# What the programs of tests are told about where the project lies.
+target_compile_definitions(tallyra_headers_alone PRIVATE SQLITE_SCHEMA="")
 if(NOT WIN32)
   find_package(PostgreSQL REQUIRED)
   target_link_libraries(tallyra_headers_alone PRIVATE PostgreSQL::PostgreSQL)

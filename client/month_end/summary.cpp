@@ -63,6 +63,7 @@ std::vector<CloseDocument> close_documents(const Reader& reader, automation::Dat
   auto documents = documents_with_lines(reader, date);
   add_values(reader, date, documents);
   std::vector<CloseDocument> result;
+  result.reserve(documents.size());
   for (auto& [number, document] : documents) result.push_back(std::move(document));
   std::ranges::stable_sort(result, {}, [](const CloseDocument& document) {
     return std::pair(document.of_company, document.department);

@@ -52,6 +52,7 @@ std::string as_text(const Table& table, std::size_t width) {
   lines.add_row(heading);
   for (const auto& row : table.rows) {
     std::vector<std::string> cells;
+    cells.reserve(row.size());
     for (const auto& value : row) cells.push_back(text_or_nothing(value));
     lines.add_row(cells);
   }

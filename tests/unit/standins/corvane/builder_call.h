@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "automation/collection.h"
+#include "automation/convert.h"
 #include "automation/create.h"
 #include "standins/corvane/local_classes.h"
 #include "tests/support/answering_database.h"
