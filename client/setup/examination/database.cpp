@@ -8,6 +8,7 @@
 #include "client/database/connection_text.h"
 #include "client/database/own_tables.h"
 #include "client/setup/examination/examination.h"
+#include "client/setup/trouble.h"
 
 // The database itself: whether it opens, can be written to and lets others in.
 namespace tallyra::client {
@@ -67,10 +68,6 @@ void examine_database(VerbContext& context, Observations& seen) {
 }
 
 void examine_writing(const Reader& reader, Observations& seen) {
-  const std::string advice =
-      "give the user of the connection string the right to write, for SQLite to the file and its folder; or "
-      "wait "
-      "for the one who holds the lock";
   try {
     reader.begin();
     reader.execute(harmless_update);
@@ -79,7 +76,10 @@ void examine_writing(const Reader& reader, Observations& seen) {
         {Health::good, "transactions and writing", "a transaction began, wrote and was rolled back"});
   } catch (const automation::Error& error) {
     reader.roll_back();
-    seen.push_back({Health::bad, "transactions and writing", error_text(error), advice});
+    const std::string text = error_text(error);
+    seen.push_back({Health::bad, "transactions and writing", text,
+                    advice_against(text).value_or(
+                        "let the user of the connection string write, or see what the driver can do")});
   }
   if (has_own_tables(reader))
     seen.push_back({Health::good, "lock and journal", "this program has its tables"});

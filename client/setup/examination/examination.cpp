@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "automation/error.h"
-#include "automation/folded_name.h"
 #include "client/database/connection_text.h"
 #include "client/setup/schema.h"
+#include "client/setup/trouble.h"
 
 namespace tallyra::client {
 namespace {
@@ -15,21 +15,18 @@ void look(const char* what, Observations& seen, const std::function<void()>& exa
   try {
     examine_it();
   } catch (const automation::Error& error) {
-    seen.push_back({Health::bad, what, error_text(error), "mend what is told above first"});
+    const std::string text = error_text(error);
+    seen.push_back({Health::bad, what, text, advice_against(text).value_or("mend what is told above first")});
   }
 }
 
-// SQLite opens any file and looks into it with the first statement.
 bool is_database(const Reader& reader, const std::string& connection_string, Observations& seen) {
-  if (!automation::equals_folded(reader.engine(), "SQLite")) return true;
-  try {
-    reader.count("Select Count(*) As N From sqlite_master");
-    return true;
-  } catch (const automation::Error& error) {
-    seen.push_back({Health::bad, "database", shown_connection(connection_string) + ": " + error_text(error),
-                    "name the file of a database; one that is damaged is restored from a backup"});
-    return false;
-  }
+  const auto trouble =
+      trouble_with(reader, "name the file of a database; one that is damaged is restored from a backup");
+  if (!trouble) return true;
+  seen.push_back({Health::bad, "database", shown_connection(connection_string) + ": " + trouble->error,
+                  trouble->advice});
+  return false;
 }
 
 bool opens(VerbContext& context, Observations& seen) {
@@ -41,18 +38,16 @@ bool opens(VerbContext& context, Observations& seen) {
   try {
     context.reader();
   } catch (const automation::Error& error) {
-    seen.push_back({Health::bad, "database", shown_connection(*connection_string) + ": " + error_text(error),
-                    "see to the driver, the server and the connection string"});
+    const std::string text = error_text(error);
+    seen.push_back(
+        {Health::bad, "database", shown_connection(*connection_string) + ": " + text,
+         advice_against(text).value_or("see to the driver, the server and the connection string")});
     return false;
   }
   return is_database(context.reader(), *connection_string, seen);
 }
 
 }  // namespace
-
-std::string error_text(const automation::Error& error) {
-  return "error " + std::to_string(error.number()) + ": " + std::string(error.description());
-}
 
 Observations examine(VerbContext& context) {
   Observations seen;

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "automation/error.h"
 #include "client/verbs/context.h"
 
 namespace tallyra::client {
@@ -18,9 +17,6 @@ struct Observation {
   std::string advice = {};  // empty where all is good
 };
 using Observations = std::vector<Observation>;
-
-// "error NUMBER: TEXT"
-std::string error_text(const automation::Error& error);
 
 // A look at one thing each. They throw nothing for what they find wrong.
 void examine_libraries(const VerbContext& context, Observations& seen);

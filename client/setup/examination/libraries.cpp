@@ -6,6 +6,7 @@
 #include "client/platform/class_library.h"
 #include "client/setup/examination/examination.h"
 #include "client/setup/rights_library.h"
+#include "client/setup/trouble.h"
 
 // Whether every class can be created, and which library answers.
 namespace tallyra::client {
@@ -37,7 +38,7 @@ std::optional<std::string> complaint(const std::string& prog_id) {
     automation::create(prog_id);
     return std::nullopt;
   } catch (const automation::Error& error) {
-    return prog_id + ": error " + std::to_string(error.number()) + ", " + std::string(error.description());
+    return prog_id + ": " + error_text(error);
   }
 }
 

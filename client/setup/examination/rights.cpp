@@ -2,6 +2,7 @@
 #include "client/setup/examination/examination.h"
 #include "client/setup/functions.h"
 #include "client/setup/rights_library.h"
+#include "client/setup/trouble.h"
 
 // Whether the user of the session may do anything.
 namespace tallyra::client {
@@ -41,9 +42,10 @@ void examine_rights(VerbContext& context, Observations& seen) {
   try {
     seen.push_back(look_at(context));
   } catch (const automation::Error& error) {
-    seen.push_back({Health::bad, "rights of " + context.user(),
-                    "error " + std::to_string(error.number()) + ": " + std::string(error.description()),
-                    "see to the table of the rights, or to the library that keeps them"});
+    const std::string text = error_text(error);
+    seen.push_back(
+        {Health::bad, "rights of " + context.user(), text,
+         advice_against(text).value_or("see to the table of the rights, or to the library that keeps them")});
   }
 }
 

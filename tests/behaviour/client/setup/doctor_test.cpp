@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include "client/database/reader.h"
+#include "tests/support/client_program.h"
+#include "tests/support/company_database.h"
+
+// What the doctor says of a database that is well, and of one that is not.
+namespace tallyra::client {
+namespace {
+
+class Doctor : public testing::Test {
+ protected:
+  ExitStatus look(std::vector<std::string> words) {
+    words.insert(words.begin(), "doctor");
+    return client_.run(std::move(words));
+  }
+  ExitStatus look_impatiently() {
+    return look({"--user", "ADMIN", "--csv", "--db",
+                 "DRIVER={SQLite3};Timeout=50;Database=" + company_.file().string()});
+  }
+  bool says(const std::string& text) const { return client_.all().find(text) != std::string::npos; }
+
+  behaviour::CompanyDatabase company_;
+  ClientProgram client_;
+};
+
+TEST_F(Doctor, HasWhoeverFindsALockWaitForIt) {
+  if (!company_.is_sqlite()) GTEST_SKIP() << "there who reads waits for nobody who writes";
+  const Reader other(company_.connection_string(), "MSACCESS");
+  other.execute("PRAGMA journal_mode=DELETE");
+  for (const char* lock : {"BEGIN EXCLUSIVE", "BEGIN IMMEDIATE"}) {
+    other.execute(lock);
+    EXPECT_EQ(look_impatiently(), exit_failed);
+    EXPECT_TRUE(says("database is locked,")) << client_.out();
+    EXPECT_TRUE(says("wait until the one who holds the lock has ended ('status' tells who")) << client_.out();
+    EXPECT_FALSE(says("backup")) << client_.out();
+    other.execute("ROLLBACK");
+  }
+}
+
+}  // namespace
+}  // namespace tallyra::client
