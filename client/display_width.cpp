@@ -75,6 +75,16 @@ void append_escaped(std::string& out, char32_t character) {
   out += digits[character & 0xFU];
 }
 
+// The bytes of the words that fit, without the blank behind them; of a word that is too long as much as fits,
+// one byte at least.
+std::size_t words_that_fit(std::string_view line, std::size_t width) {
+  const std::size_t fits = cut_to_width(line, width).size();
+  if (fits == line.size()) return fits;
+  const std::size_t blank = line.rfind(' ', fits);
+  const bool has_word = blank != std::string_view::npos && line.find_first_not_of(' ') < blank;
+  return has_word ? blank : std::max<std::size_t>(fits, 1);
+}
+
 }  // namespace
 
 std::size_t display_width(std::string_view text) {
@@ -111,6 +121,20 @@ std::vector<std::string> printable_lines(std::string_view text) {
 std::string printable(std::string_view text) {
   std::string result;
   for (const std::string& line : printable_lines(text)) result.append(line) += '\n';
+  result.pop_back();
+  return result;
+}
+
+std::string wrapped(std::string_view text, std::size_t width) {
+  std::string result;
+  for (std::string_view line : printable_lines(text)) {
+    for (std::size_t fits = words_that_fit(line, width); fits < line.size();
+         fits = words_that_fit(line, width)) {
+      result.append(line.substr(0, fits)) += '\n';
+      line.remove_prefix(line[fits] == ' ' ? fits + 1 : fits);
+    }
+    result.append(line) += '\n';
+  }
   result.pop_back();
   return result;
 }

@@ -18,6 +18,10 @@ std::vector<std::string> printable_lines(std::string_view text);
 // The same lines in one text.
 std::string printable(std::string_view text);
 
+// The same with line ends where they have to be, between words where that can be, for no line to take more
+// than `width` columns.
+std::string wrapped(std::string_view text, std::size_t width);
+
 // Whether it is UTF-8 without control characters other than line ends and tabs.
 bool is_text(std::string_view text);
 

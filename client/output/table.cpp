@@ -11,7 +11,7 @@ namespace tallyra::client {
 namespace {
 
 // The lines of a text, each cut into pieces that fit.
-std::string wrapped(const std::string& text, std::size_t width) {
+std::string cut_into_lines(const std::string& text, std::size_t width) {
   std::string result;
   for (std::string_view line : printable_lines(text)) do {
       const std::string_view piece = cut_to_width(line, width);
@@ -33,7 +33,8 @@ std::string rows_below_each_other(const Table& table, std::size_t width) {
     TextTable lines;
     for (std::size_t i = 0; i < row.size(); ++i)
       if (const std::string cell = text_or_nothing(row[i]); !cell.empty())
-        lines.add_row({table.columns[i].name, wrapped(cell, room)});
+        lines.add_row(
+            {table.columns[i].name, table.wraps ? wrapped(cell, room) : cut_into_lines(cell, room)});
     if (!text.empty()) text += '\n';
     lines.append_to(text);
   }
@@ -56,7 +57,7 @@ std::string as_text(const Table& table, std::size_t width) {
     for (const auto& value : row) cells.push_back(text_or_nothing(value));
     lines.add_row(cells);
   }
-  if (width == 0 || lines.fit(width))
+  if (width == 0 || lines.fit(width, table.wraps ? Fit::wrapping : Fit::shortening))
     lines.append_with_heading(text);
   else
     text += rows_below_each_other(table, width);

@@ -20,6 +20,8 @@ struct Table {
   std::string title;  // the line above it in text; none when it is empty
   std::vector<Column> columns;
   std::vector<std::vector<automation::Value>> rows;
+  // Texts that do not fit are wrapped, not shortened: for what has to be read to its end.
+  bool wraps = false;
 };
 
 // Numbers stand right.
@@ -29,10 +31,10 @@ inline Column number_column(std::string name) {
 
 enum class OutputFormat { text, csv, json };
 
-// `width` is that of the terminal, to which tables are fitted: by shortening texts, and where that does not
-// do, with the columns of each row below each other; 0 prints them as wide as they are. JSON is one
-// object, {"name": [{"column": value, ...}, ...], ...}; tables of comma-separated values follow each other
-// with an empty line between them.
+// `width` is that of the terminal, to which tables are fitted: by shortening or wrapping texts, and where
+// that does not do, with the columns of each row below each other; 0 prints them as wide as they are. JSON is
+// one object, {"name": [{"column": value, ...}, ...], ...}; tables of comma-separated values follow each
+// other with an empty line between them.
 std::string printed(const std::vector<Table>& tables, OutputFormat format, std::size_t width);
 
 }  // namespace tallyra::client

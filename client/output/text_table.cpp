@@ -23,7 +23,7 @@ void TextTable::add_row(const std::vector<std::string>& cells) {
   }
 }
 
-bool TextTable::fit(std::size_t width) {
+bool TextTable::fit(std::size_t width, Fit how) {
   constexpr std::size_t readable = 10;  // a date is never cut
   if (widths_.empty()) return true;
   std::vector<std::size_t> widths = widths_;
@@ -38,7 +38,7 @@ bool TextTable::fit(std::size_t width) {
   }
   widths_.swap(widths);
   for (std::size_t i = 0; i < widths_.size(); ++i)
-    if (widths_[i] < widths[i]) shorten(i);
+    if (widths_[i] < widths[i]) how == Fit::wrapping ? wrap(i) : shorten(i);
   return true;
 }
 
@@ -48,6 +48,17 @@ void TextTable::shorten(std::size_t column) {
     for (std::string& line : row[column])
       if (display_width(line) > widths_[column])
         line = std::string(cut_to_width(line, widths_[column] - 1)).append(cut_mark);
+  }
+}
+
+void TextTable::wrap(std::size_t column) {
+  for (Row& row : rows_) {
+    if (column >= row.size()) continue;
+    Cell lines;
+    for (const std::string& line : row[column])
+      for (std::string& piece : printable_lines(wrapped(line, widths_[column])))
+        lines.push_back(std::move(piece));
+    row[column] = std::move(lines);
   }
 }
 

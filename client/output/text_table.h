@@ -10,6 +10,9 @@
 
 namespace tallyra::client {
 
+// What happens to cells for which there is no room.
+enum class Fit { shortening, wrapping };
+
 // Cells in columns that stand straight, also with wide characters and texts of several lines.
 class TextTable {
  public:
@@ -19,9 +22,9 @@ class TextTable {
   void add_row(const std::vector<std::string>& cells);
   void add_row(std::initializer_list<std::string_view> cells) { add_row({cells.begin(), cells.end()}); }
 
-  // Shortens the cells of the widest left columns until a row takes no more than `width` columns of a
-  // terminal. Where that would leave cells that cannot be read it does nothing and returns false.
-  bool fit(std::size_t width);
+  // Shortens or wraps the cells of the widest left columns until a row takes no more than `width` columns of
+  // a terminal. Where that would leave cells that cannot be read it does nothing and returns false.
+  bool fit(std::size_t width, Fit how = Fit::shortening);
 
   // Draws a line under the first row.
   void append_with_heading(std::string& out) const { append(out, true); }
@@ -38,6 +41,7 @@ class TextTable {
   void append_row(std::string& out, const Row& row) const;
   void append_rule(std::string& out) const;
   void shorten(std::size_t column);
+  void wrap(std::size_t column);
 
   std::vector<Align> alignment_;
   std::vector<Row> rows_;

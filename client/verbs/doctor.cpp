@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <ostream>
 
+#include "client/display_width.h"
 #include "client/setup/examination/examination.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
@@ -24,15 +26,37 @@ std::size_t count(const Observations& seen, Health health) {
   return static_cast<std::size_t>(std::ranges::count(seen, health, &Observation::health));
 }
 
+// Advice is too long for a column of its own on a terminal: there it follows the table.
+Table table_of(const Observations& seen, OutputFormat format) {
+  const bool for_programs = format != OutputFormat::text;
+  Table table{"doctor", "", {{"state"}, {"what"}, {"found"}}, {}, true};
+  if (for_programs) table.columns.push_back({"to do"});
+  for (const Observation& observation : seen) {
+    table.rows.push_back({word_of(observation.health), observation.what, observation.found});
+    if (for_programs) table.rows.back().emplace_back(observation.advice);
+  }
+  return table;
+}
+
+void tell_what_to_do(const VerbContext& context, const Observations& seen) {
+  constexpr std::string_view indent = "    ";
+  const Console& console = context.console();
+  const std::size_t room =
+      console.out_width > 2 * indent.size() ? console.out_width - indent.size() : std::string::npos;
+  for (const Observation& observation : seen) {
+    if (observation.advice.empty()) continue;
+    console.out << "\n" << observation.what << ":\n";
+    for (const std::string& line : printable_lines(wrapped(observation.advice, room)))
+      console.out << indent << line << "\n";
+  }
+}
+
 ExitStatus run(VerbContext& context) {
   Observations seen{{Health::good, "program", std::string(version_text())}};
   while (!seen.front().found.empty() && seen.front().found.back() == '\n') seen.front().found.pop_back();
   for (Observation& observation : examine(context)) seen.push_back(std::move(observation));
-  Table table{"doctor", "", {{"state"}, {"what"}, {"found"}, {"to do"}}, {}};
-  for (const Observation& observation : seen)
-    table.rows.push_back(
-        {word_of(observation.health), observation.what, observation.found, observation.advice});
-  context.print(table);
+  context.print(table_of(seen, context.format()));
+  if (context.format() == OutputFormat::text) tell_what_to_do(context, seen);
   const std::size_t bad = count(seen, Health::bad);
   const std::size_t doubtful = count(seen, Health::doubtful);
   context.tell(bad == 0 && doubtful == 0

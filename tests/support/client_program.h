@@ -22,6 +22,7 @@ class ClientProgram {
     std::istringstream answers(answers_.value_or(""));
     Console console{out_, error_};
     if (answers_) console.answers = &answers;
+    console.out_width = columns_;
     std::istringstream input(input_);
     console.input = &input;
     return run_client(words, console, [this](const std::string& name) -> std::optional<std::string> {
@@ -32,6 +33,8 @@ class ClientProgram {
 
   // What the person in front of the terminal types, a line per question; nobody is there without.
   void answer(std::optional<std::string> lines) { answers_ = std::move(lines); }
+  // Puts a terminal of that width behind the output.
+  void show_in(std::size_t columns) { columns_ = columns; }
   // What stands on the input of the program.
   void feed(std::string input) { input_ = std::move(input); }
   std::string out() const { return out_.str(); }
@@ -45,6 +48,7 @@ class ClientProgram {
   std::vector<std::string> common_;
   std::optional<std::string> answers_;
   std::string input_;
+  std::size_t columns_ = 0;
   std::ostringstream out_;
   std::ostringstream error_;
 };

@@ -71,5 +71,13 @@ TEST(CutToWidth, KeepsWholeCharactersThatFit) {
   EXPECT_EQ(cut_to_width("abc", 0), "");
 }
 
+TEST(WrappedText, IsBrokenBetweenWordsAndLosesNothing) {
+  EXPECT_EQ(wrapped("wait until the one has ended", 10), "wait until\nthe one\nhas ended");
+  EXPECT_EQ(wrapped("see /a/path/without/end now", 10), "see\n/a/path/wi\nthout/end\nnow");
+  EXPECT_EQ(wrapped("two\nlines", 5), "two\nlines");
+  EXPECT_EQ(wrapped("第二第二 x", 6), "第二第\n二 x");
+  EXPECT_EQ(wrapped("", 5), "");
+}
+
 }  // namespace
 }  // namespace tallyra::client

@@ -30,6 +30,27 @@ TEST(PrintedTable, IsFittedToTheTerminalByShorteningTexts) {
             "P22     -3\n");
 }
 
+TEST(PrintedTable, IsFittedByWrappingWhatHasToBeRead) {
+  Table table = sample();
+  table.wraps = true;
+  EXPECT_EQ(printed({table}, OutputFormat::text, 22),
+            "Parts\n"
+            "part   qty  name\n"
+            "----  ----  ----------\n"
+            "P1    12.5  bolt,\n"
+            "            \"long\"\n"
+            "P22     -3\n");
+  EXPECT_EQ(printed({table}, OutputFormat::text, 16),
+            "Parts\n"
+            "part  P1\n"
+            "qty   12.5\n"
+            "name  bolt,\n"
+            "      \"long\"\n"
+            "\n"
+            "part  P22\n"
+            "qty   -3\n");
+}
+
 TEST(PrintedTable, HasItsColumnsBelowEachOtherWhereTheyDoNotFitBeside) {
   EXPECT_EQ(printed({sample()}, OutputFormat::text, 16),
             "Parts\n"

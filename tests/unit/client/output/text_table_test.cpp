@@ -53,5 +53,15 @@ TEST(TextTable, TheWidestLeftColumnsAreShortenedToFit) {
   EXPECT_EQ(text_of(narrow), "012345678…  2024/01/31\n");
 }
 
+TEST(TextTable, TheWidestLeftColumnsAreWrappedToFit) {
+  TextTable table;
+  table.add_row({"BAD", "what is told of it", "and what is to do about it"});
+  EXPECT_TRUE(table.fit(30, Fit::wrapping));
+  EXPECT_EQ(text_of(table),
+            "BAD  what is      and what is\n"
+            "     told of it   to do about\n"
+            "                  it\n");
+}
+
 }  // namespace
 }  // namespace tallyra::client
