@@ -89,6 +89,7 @@ Session session_of(const Configuration& command_line, const Configuration& confi
     return command_line.*member ? command_line.*member : configured.*member;
   };
   Session session;
+  if (command_line.db) session.db_word = command_line.db->value;
   if (const auto db = first(&Configuration::db))
     session.connection_string = connection_string_for(db->value, db->origin, missing);
   if (const auto user = first(&Configuration::user)) session.user = user->value;

@@ -16,6 +16,8 @@ struct Session {
   std::optional<std::string> language;
   std::string database_kind = "MSACCESS";
   bool kind_given = false;
+  // What --db has said, for commands that are told to the person; "" when the database is named elsewhere.
+  std::string db_word = {};
 };
 
 // Whether the file of an SQLite database may be missing: for who makes it, it may.

@@ -4,8 +4,10 @@
 #include "automation/error.h"
 #include "automation/folded_name.h"
 #include "client/database/reader.h"
+#include "client/setup/advised_command.h"
 #include "client/setup/functions.h"
 #include "client/setup/rights_library.h"
+#include "client/setup/rights_table.h"
 
 namespace tallyra::client {
 namespace {
@@ -34,7 +36,7 @@ std::string function_for(const Call& call) {
     for (const FunctionCode& function : function_codes())
       if (argument.is_text() && automation::to_text(argument) == function.code)
         return std::string(function.code);
-  return "'*'";
+  return "*";
 }
 
 bool nobody_has_any(const Session& session, const std::string& table) {
@@ -43,13 +45,17 @@ bool nobody_has_any(const Session& session, const std::string& table) {
 }
 
 std::string advice_for(const Call& call, const Session& session, const std::string& user) {
+  if (const auto refusal = refusal_of_user_name(user))
+    return "nobody can grant a right to the user " + user + ": " + *refusal;
   const auto table = RightsLibrary(session, user).table();
   if (!table)
-    return "have it granted in the suite that keeps the rights; 'rights " + user + "' shows what it answers";
+    return "have it granted in the suite that keeps the rights; what it answers is shown by: " +
+           advised_command({"rights", user}, session);
   const std::string begin =
       nobody_has_any(session, *table) ? "nobody has any right in this database yet; let " : "let ";
-  return begin + user + " do it by: tallyra-client grant " + user + " " + function_for(call) + " " +
-         right_for(call) + "; 'rights " + user + "' shows what there is";
+  // The command ends the text, so that it can be pasted.
+  return begin + user +
+         " do it by: " + advised_command({"grant", user, function_for(call), right_for(call)}, session);
 }
 
 }  // namespace

@@ -86,13 +86,18 @@ std::string flags_text(const RightFlags& flags) {
   return text.empty() ? "nothing" : text;
 }
 
-void require_user_name(const std::string& user) {
+std::optional<std::string> refusal_of_user_name(const std::string& user) {
   constexpr std::size_t longest = 50;
   if (user.empty() || user != automation::trimmed(user))
-    throw UsageError("a user's name has no blanks around it and is not empty");
+    return "a user's name has no blanks around it and is not empty";
   if (user.find('\'') != std::string::npos)
-    throw UsageError("a user's name cannot have an apostrophe: the statements of the classes cannot bear it");
-  if (user.size() > longest) throw UsageError("a user's name has at most 50 characters");
+    return "a user's name cannot have an apostrophe: the statements of the classes cannot bear it";
+  if (user.size() > longest) return "a user's name has at most 50 characters";
+  return std::nullopt;
+}
+
+void require_user_name(const std::string& user) {
+  if (const auto refusal = refusal_of_user_name(user)) throw UsageError(*refusal);
 }
 
 }  // namespace tallyra::client

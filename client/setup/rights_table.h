@@ -37,8 +37,10 @@ class RightsTable {
 // "insert, update", "nothing".
 std::string flags_text(const RightFlags& flags);
 
-// A user's name as a statement can bear it. Throws UsageError for an empty one, and for one with an
-// apostrophe, which statements of the classes cannot bear.
+// Why nobody of that name can be granted a right: it is empty, or has something in it that statements of the
+// classes cannot bear. Nothing for any other name.
+std::optional<std::string> refusal_of_user_name(const std::string& user);
+// Throws UsageError with it.
 void require_user_name(const std::string& user);
 
 }  // namespace tallyra::client

@@ -26,6 +26,10 @@ std::size_t count(const Observations& seen, Health health) {
   return static_cast<std::size_t>(std::ranges::count(seen, health, &Observation::health));
 }
 
+std::string advice_of(const Observation& observation) {
+  return observation.advice + (observation.command.empty() ? "" : ": " + observation.command);
+}
+
 // Advice is too long for a column of its own on a terminal: there it follows the table.
 Table table_of(const Observations& seen, OutputFormat format) {
   const bool for_programs = format != OutputFormat::text;
@@ -33,7 +37,7 @@ Table table_of(const Observations& seen, OutputFormat format) {
   if (for_programs) table.columns.push_back({"to do"});
   for (const Observation& observation : seen) {
     table.rows.push_back({word_of(observation.health), observation.what, observation.found});
-    if (for_programs) table.rows.back().emplace_back(observation.advice);
+    if (for_programs) table.rows.back().emplace_back(advice_of(observation));
   }
   return table;
 }
@@ -48,6 +52,8 @@ void tell_what_to_do(const VerbContext& context, const Observations& seen) {
     console.out << "\n" << observation.what << ":\n";
     for (const std::string& line : printable_lines(wrapped(observation.advice, room)))
       console.out << indent << line << "\n";
+    // Whole, however long: it is to be pasted.
+    if (!observation.command.empty()) console.out << indent << observation.command << "\n";
   }
 }
 
@@ -74,7 +80,8 @@ const Verb doctor_verb{
     .help =
         "Looks at the libraries and which of them answers, at the database with its engine, driver and\n"
         "settings, at every table and column that the classes name, at the rights of the user, at\n"
-        "transactions and the clock; a line each, with what to do about what is wrong. Nothing is changed.\n"
+        "transactions, the counters of document numbers and the clock; a line each, with what to do about\n"
+        "what is wrong. Nothing is changed, and no number is used up.\n"
         "It ends with 1 when something is bad.",
     .options = {},
     .examples = examples,

@@ -6,6 +6,8 @@
 #include "client/database/own_tables.h"
 #include "client/file_path.h"
 #include "client/refusal.h"
+#include "client/setup/advised_command.h"
+#include "client/setup/rights_table.h"
 #include "client/setup/schema.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
@@ -36,6 +38,21 @@ void require_no_tables(VerbContext& context) {
                 "); nothing was changed. 'upgrade' brings them up to date, 'doctor' looks at them");
 }
 
+void tell_whom_to_grant_what(const VerbContext& context) {
+  const auto line = [&](const std::vector<std::string>& words) {
+    return "\n    " + advised_command(words, context.session()) + "\n";
+  };
+  const std::string user = refusal_of_user_name(context.user()) ? std::string("ADMIN") : context.user();
+  context.tell(
+      "Nobody may do anything in it yet. Let an administrator do everything:" +
+      line({"grant", user, "*", "all"}) + "let somebody enter and change documents of a kind, say receipts:" +
+      line({"grant", "ANNA", "STK010POREV", "insert", "update"}) +
+      "and somebody close the month:" + line({"grant", "BERND", "CStockClose", "insert", "approve"}) +
+      "Departments, parts and orders come from the systems around this one. Whether all is well "
+      "looks:" +
+      line({"doctor"}));
+}
+
 ExitStatus run_init(VerbContext& context) {
   require_no_tables(context);
   // Its connection must not hold the file while another one makes the tables.
@@ -43,15 +60,8 @@ ExitStatus run_init(VerbContext& context) {
   const std::string done = make_tables(*context.session().connection_string);
   make_own_tables(context.reader());
   journal(context, {"init", "", "done", done});
-  const std::string user = context.user().empty() ? "ADMIN" : context.user();
   context.tell("The database is made: " + done + ".");
-  context.tell(
-      "Nobody may do anything in it yet. Let an administrator do everything:\n    tallyra-client grant " +
-      user +
-      " '*' all\nlet somebody enter and change documents of a kind, say receipts:\n    tallyra-client "
-      "grant ANNA STK010POREV insert update\nand somebody close the month:\n    tallyra-client grant "
-      "BERND CStockClose insert approve\nDepartments, parts and orders come from the systems around "
-      "this one. 'doctor' looks whether all is well.");
+  tell_whom_to_grant_what(context);
   return exit_done;
 }
 

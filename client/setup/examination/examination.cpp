@@ -62,6 +62,7 @@ Observations examine(VerbContext& context) {
   look("tables", seen, [&] { examine_tables(context.reader(), seen); });
   look("rights", seen, [&] { examine_rights(context, seen); });
   look("writing", seen, [&] { examine_writing(context.reader(), seen); });
+  look("document numbers", seen, [&] { examine_numbers(context, seen); });
   look("clock", seen, [&] { examine_clock(context.reader(), seen); });
   return seen;
 }

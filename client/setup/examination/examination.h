@@ -14,7 +14,8 @@ struct Observation {
   Health health = Health::good;
   std::string what;
   std::string found;
-  std::string advice = {};  // empty where all is good
+  std::string advice = {};   // empty where all is good
+  std::string command = {};  // that carries the advice out, where one does
 };
 using Observations = std::vector<Observation>;
 
@@ -23,6 +24,7 @@ void examine_libraries(const VerbContext& context, Observations& seen);
 void examine_database(VerbContext& context, Observations& seen);
 void examine_tables(const Reader& reader, Observations& seen);
 void examine_rights(VerbContext& context, Observations& seen);
+void examine_numbers(VerbContext& context, Observations& seen);
 void examine_writing(const Reader& reader, Observations& seen);
 void examine_clock(const Reader& reader, Observations& seen);
 

@@ -1,7 +1,9 @@
 #include "automation/error.h"
+#include "client/setup/advised_command.h"
 #include "client/setup/examination/examination.h"
 #include "client/setup/functions.h"
 #include "client/setup/rights_library.h"
+#include "client/setup/rights_table.h"
 #include "client/setup/trouble.h"
 
 // Whether the user of the session may do anything.
@@ -27,9 +29,10 @@ Observation look_at(VerbContext& context) {
     return {Health::good, "rights of " + user,
             "something under " + std::to_string(allowed) + " of " + std::to_string(function_codes().size()) +
                 " functions"};
-  return {Health::bad, "rights of " + user, "none",
-          library.table() ? "'grant " + user + " * all' lets him do everything"
-                          : "have them granted in the suite that keeps the rights"};
+  if (!library.table())
+    return {Health::bad, "rights of " + user, "none", "have them granted in the suite that keeps the rights"};
+  return {Health::bad, "rights of " + user, "none", "let " + user + " do everything",
+          advised_command({"grant", user, "*", "all"}, context.session())};
 }
 
 }  // namespace
@@ -37,6 +40,10 @@ Observation look_at(VerbContext& context) {
 void examine_rights(VerbContext& context, Observations& seen) {
   if (context.user().empty()) {
     seen.push_back({Health::doubtful, "rights", "no user was named", "name one with --user or TALLYRA_USER"});
+    return;
+  }
+  if (const auto refusal = refusal_of_user_name(context.user())) {
+    seen.push_back({Health::bad, "rights of " + context.user(), *refusal, "name another user"});
     return;
   }
   try {
