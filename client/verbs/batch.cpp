@@ -1,8 +1,10 @@
 #include <fstream>
 #include <istream>
+#include <optional>
 #include <ostream>
 
 #include "automation/convert.h"
+#include "automation/folded_name.h"
 #include "client/batch/batch_call.h"
 #include "client/call_guard.h"
 #include "client/file_path.h"
@@ -11,6 +13,7 @@
 #include "client/usage_error.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
+#include "client/wait_notice.h"
 
 // Many calls in one process, for programs.
 namespace tallyra::client {
@@ -25,10 +28,22 @@ Json usage_json(const char* text) {
   return {{"success", false}, {"usage", text}};
 }
 
-Json answer_to(const std::string& line, CallGuard& guard, const Session& session) try {
-  const Call call = parse_batch_line(line);
+// It takes its time without any lock.
+bool is_month_close(const Call& call) {
+  return automation::equals_folded(call.prog_id, "Tallyra.CStockClose") &&
+         automation::equals_folded(call.member, "Insert");
+}
+
+Outcome outcome_of(const Call& call, CallGuard& guard, const VerbContext& context) {
+  std::optional<WaitNotice> notice;
+  if (!is_month_close(call)) notice.emplace(context.console());
   guard.before(call);
-  const Outcome outcome = run_call(call, session);
+  return run_call(call, context.bare_session());
+}
+
+Json answer_to(const std::string& line, CallGuard& guard, const VerbContext& context) try {
+  const Call call = parse_batch_line(line);
+  const Outcome outcome = outcome_of(call, guard, context);
   return report_object(outcome, guard.after(call, outcome));
 } catch (const UsageError& error) {
   return usage_json(error.what());
@@ -36,14 +51,15 @@ Json answer_to(const std::string& line, CallGuard& guard, const Session& session
   return {{"success", false}, {"raised", {{"number", error.number()}, {"description", error.description()}}}};
 }
 
-ExitStatus answer_all(std::istream& in, std::ostream& out, const Session& session) {
-  CallGuard guard(session);
+ExitStatus answer_all(std::istream& in, const VerbContext& context) {
+  CallGuard guard(context.bare_session());
+  std::ostream& out = context.console().out;
   ExitStatus status = exit_done;
   std::string line;
   for (int number = 1; std::getline(in, line); ++number) {
     if (automation::trimmed(line).empty()) continue;
     Json answer = {{"line", number}};
-    answer.update(answer_to(line, guard, session));
+    answer.update(answer_to(line, guard, context));
     if (!answer["success"].get<bool>()) status = exit_failed;
     out << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n" << std::flush;
   }
@@ -54,11 +70,11 @@ ExitStatus run(VerbContext& context) {
   const Console& console = context.console();
   if (context.words().arguments.empty()) {
     if (!console.input) throw UsageError("there is nothing to read calls from");
-    return answer_all(*console.input, console.out, context.bare_session());
+    return answer_all(*console.input, context);
   }
   require_readable(context.argument(0));
   std::ifstream in(file_path(context.argument(0)));
-  return answer_all(in, console.out, context.bare_session());
+  return answer_all(in, context);
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "client/database/journal.h"
 #include "client/database/own_tables.h"
 #include "client/setup/functions.h"
@@ -5,6 +7,7 @@
 #include "client/setup/rights_table.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
+#include "client/wait_notice.h"
 
 // Who may do what: giving and taking rights.
 namespace tallyra::client {
@@ -25,19 +28,29 @@ constexpr std::size_t most_words = 20;
 using Change = RightFlags (*)(VerbContext&, const std::string&, const std::string&,
                               const std::vector<std::size_t>&);
 
+std::string may_now(const RightFlags& flags) {
+  const bool none = std::ranges::find(flags, true) == flags.end();
+  return none ? "may now do nothing" : "may now " + flags_text(flags);
+}
+
 ExitStatus change(VerbContext& context, const char* verb, Change change_rights) {
   const std::string user = context.argument(0);
   require_user_name(user);
   const std::string function = function_code(context.argument(1));
   const auto words = std::span(context.words().arguments).subspan(first_right);
   const auto places = right_places(words);
-  const RightFlags now = change_rights(context, user, function, places);
-  context.tell(user + " may now " + flags_text(now) + " under " + function + ".");
+  const RightFlags now = [&] {
+    context.reader();
+    const WaitNotice notice(context.console());
+    const RightFlags flags = change_rights(context, user, function, places);
+    if (has_own_tables(context.reader()))
+      journal(context, {verb, user + " " + function, "done", may_now(flags)});
+    return flags;
+  }();
+  context.tell(user + " " + may_now(now) + " under " + function + ".");
   if (function == "*")
     for (const std::string& own : functions_of_his_own(context, user))
       context.tell("For " + own + " the row of its own counts: 'rights " + user + "' shows it.");
-  if (has_own_tables(context.reader()))
-    journal(context, {verb, user + " " + function, "done", "may now " + flags_text(now)});
   return exit_done;
 }
 

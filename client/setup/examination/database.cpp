@@ -67,7 +67,8 @@ void examine_database(VerbContext& context, Observations& seen) {
   if (engine == "PostgreSQL") examine_postgresql(reader, seen);
 }
 
-void examine_writing(const Reader& reader, Observations& seen) {
+void examine_writing(VerbContext& context, Observations& seen) {
+  const Reader& reader = context.reader();
   try {
     reader.begin();
     reader.execute(harmless_update);

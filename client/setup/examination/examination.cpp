@@ -6,6 +6,7 @@
 #include "client/database/connection_text.h"
 #include "client/setup/schema.h"
 #include "client/setup/trouble.h"
+#include "client/wait_notice.h"
 
 namespace tallyra::client {
 namespace {
@@ -18,6 +19,14 @@ void look(const char* what, Observations& seen, const std::function<void()>& exa
     const std::string text = error_text(error);
     seen.push_back({Health::bad, what, text, advice_against(text).value_or("mend what is told above first")});
   }
+}
+
+using Examine = void (*)(VerbContext& context, Observations& seen);
+
+// A look that takes long only where another one holds a lock.
+void look_soon(VerbContext& context, const char* what, Observations& seen, Examine examine_it) {
+  const WaitNotice notice(context.console());
+  look(what, seen, [&] { examine_it(context, seen); });
 }
 
 bool is_database(const Reader& reader, const std::string& connection_string, Observations& seen) {
@@ -37,6 +46,8 @@ bool opens(VerbContext& context, Observations& seen) {
   }
   try {
     context.reader();
+    const WaitNotice notice(context.console());
+    return is_database(context.reader(), *connection_string, seen);
   } catch (const automation::Error& error) {
     const std::string text = error_text(error);
     seen.push_back(
@@ -44,7 +55,6 @@ bool opens(VerbContext& context, Observations& seen) {
          advice_against(text).value_or("see to the driver, the server and the connection string")});
     return false;
   }
-  return is_database(context.reader(), *connection_string, seen);
 }
 
 }  // namespace
@@ -60,9 +70,9 @@ Observations examine(VerbContext& context) {
     return seen;
   }
   look("tables", seen, [&] { examine_tables(context.reader(), seen); });
-  look("rights", seen, [&] { examine_rights(context, seen); });
-  look("writing", seen, [&] { examine_writing(context.reader(), seen); });
-  look("document numbers", seen, [&] { examine_numbers(context, seen); });
+  look_soon(context, "rights", seen, examine_rights);
+  look_soon(context, "writing", seen, examine_writing);
+  look_soon(context, "document numbers", seen, examine_numbers);
   look("clock", seen, [&] { examine_clock(context.reader(), seen); });
   return seen;
 }

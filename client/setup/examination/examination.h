@@ -25,7 +25,7 @@ void examine_database(VerbContext& context, Observations& seen);
 void examine_tables(const Reader& reader, Observations& seen);
 void examine_rights(VerbContext& context, Observations& seen);
 void examine_numbers(VerbContext& context, Observations& seen);
-void examine_writing(const Reader& reader, Observations& seen);
+void examine_writing(VerbContext& context, Observations& seen);
 void examine_clock(const Reader& reader, Observations& seen);
 
 // All of them, as far as the ones before let them.
