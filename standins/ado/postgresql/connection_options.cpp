@@ -9,6 +9,7 @@
 #include "automation/error.h"
 #include "automation/folded_name.h"
 #include "standins/ado/ado_error.h"
+#include "standins/ado/library_options.h"
 #include "standins/ado/postgresql/connection_words.h"
 
 namespace tallyra::standins::ado {
@@ -62,7 +63,7 @@ class Reader {
     if (!parsed) refuse("The connection string has options of the library that make no sense: ", "pqopt");
     for (const PQconninfoOption* option = parsed.get(); option->keyword != nullptr; ++option) {
       if (option->val == nullptr) continue;
-      if (!is_one_of(known_options, option->keyword) || loads_code(*option))
+      if (is_refused_option(option->keyword, option->val))
         refuse("pqopt has an option that is not taken: ", option->keyword);
       append(option->keyword, option->val, option->keyword);
     }
@@ -73,16 +74,6 @@ class Reader {
     if (entry.library == "user" || entry.library == "password")
       std::erase_if(result_.options, [&](const auto& option) { return option.keyword == entry.library; });
     append(entry.library, value, name);
-  }
-
-  // A key may be one of an engine, which is a library; a server loads libraries by settings, whose names it
-  // reads in any case and without backslashes.
-  static bool loads_code(const PQconninfoOption& option) {
-    const std::string_view keyword = option.keyword;
-    std::string value = automation::folded(option.val);
-    std::erase(value, '\\');
-    return (keyword == "sslkey" && value.find(':') != std::string::npos) ||
-           (keyword == "options" && value.find("preload") != std::string::npos);
   }
 
   void append(std::string_view keyword, const std::string& value, std::string_view name) {

@@ -20,6 +20,10 @@ TEST_F(ReachingKeywordsTest, OfAConnectionStringAreRefused) {
     EXPECT_EQ(open(keyword + "=" + file()), -2147217911) << keyword;
     EXPECT_FALSE(std::filesystem::exists(file())) << keyword;
   }
+  for (const std::string more : {"ConnSettings=Select 1", "a6={Select 1}", "CommLog=1", "Debug={2}", "B2=1",
+                                 "B3=y", "CX=1c305008b", "pqopt={host=a sslkey=engine:x}",
+                                 "X={;pqopt=options='-c Local_Preload_Libraries=x'}", "D5='service=x'"})
+    EXPECT_EQ(open(more), -2147217911) << more;
   EXPECT_EQ(description_of([&] {
               automation::create("ADODB.Connection")
                   .call("Open", "SaveFile={" + file() + "};" + connection_string());
@@ -28,7 +32,8 @@ TEST_F(ReachingKeywordsTest, OfAConnectionStringAreRefused) {
 }
 
 TEST_F(ReachingKeywordsTest, AreNoneWhenTheyAreValues) {
-  for (const std::string harmless : {"JournalMode=WAL", "Description=LoadExt", "LoadExtra=1", "bare word"})
+  for (const std::string harmless : {"JournalMode=WAL", "Description=LoadExt", "LoadExtra=1", "bare word",
+                                     "ConnSettings={};CommLog=0;Debug=0", "pqopt={sslkey=/etc/key}"})
     EXPECT_EQ(open(harmless), 0) << harmless;
 }
 

@@ -12,13 +12,13 @@ class PostgresqlByOdbcTest : public ScratchServer {
             {"CREATE TABLE T(A integer PRIMARY KEY, B bpchar COLLATE \"C\", V varchar(20), "
              "Q double precision, N numeric(12,4), S smallint, G bigint, F boolean, D timestamp(0))"}) {}
 
-  std::string by_odbc(std::string_view protocol) const {
+  std::string by_odbc(std::string_view protocol, std::string_view more = {}) const {
     return "Provider=MSDASQL;" + connection_string("BoolsAsChar=0;TextAsLongVarchar=0;MaxVarcharSize=255;") +
-           "LFConversion=0;Protocol=" + std::string(protocol);
+           "LFConversion=0;Protocol=" + std::string(protocol) + ";" + std::string(more);
   }
-  Object open_by_odbc(std::string_view protocol = "7.4-2") const {
+  Object open_by_odbc(std::string_view protocol = "7.4-2", std::string_view more = {}) const {
     Object connection = automation::create("ADODB.Connection");
-    connection.call("Open", by_odbc(protocol));
+    connection.call("Open", by_odbc(protocol, more));
     return connection;
   }
   Value stored() const { return scalar(open_connection(), "Select Count(*) From T"); }
@@ -96,6 +96,28 @@ TEST_F(PostgresqlByOdbcTest, WhatReachesBeyondIsRefused) {
   const Object connection = open_by_odbc();
   EXPECT_EQ(error_of([&] { execute(connection, "Copy T To '/tmp/x'"); }), -2147217911);
   EXPECT_EQ(error_of([&] { execute(connection, "Delete From T; Select 1"); }), -2147217900);
+}
+
+TEST_F(PostgresqlByOdbcTest, AStringThatReachesBeyondIsRefused) {
+  for (const char* const more :
+       {"ConnSettings=Set application_name='x'", "connsettings={Set application_name='x'}",
+        "A6=Set application_name='x'", "CommLog=1", "Debug={1}", "B2=1", "B3=1", "CX=1c305008b",
+        "pqopt={sslkey=engine:x}", "pqopt={options='-c Local_Pre\\load_Libraries=x'}", "D5={service=x}"})
+    EXPECT_EQ(error_of([&] { open_by_odbc("7.4-2", more); }), -2147217911) << more;
+}
+
+TEST_F(PostgresqlByOdbcTest, AStringThatLeavesThemOffIsTaken) {
+  for (const char* const more : {"ConnSettings=", "ConnSettings={};CommLog=0;Debug=0;B2=0;B3=0",
+                                 "pqopt={options='-c lock_timeout=10000' application_name='a b'}"})
+    EXPECT_EQ(scalar(open_by_odbc("7.4-2", more), "Select 1"), Value(1)) << more;
+}
+
+TEST_F(PostgresqlByOdbcTest, TheCompletedStringOpensAgain) {
+  const Object property = automation::to_object(open_by_odbc().call("Properties", "Extended Properties"));
+  const std::string completed = automation::to_text(property.get("Value"));
+  const Object again = automation::create("ADODB.Connection");
+  again.call("Open", "Provider=MSDASQL;" + completed);
+  EXPECT_EQ(scalar(again, "Select 1"), Value(1)) << completed;
 }
 
 }  // namespace
