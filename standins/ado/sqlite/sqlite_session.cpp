@@ -1,9 +1,13 @@
 #include "standins/ado/sqlite/sqlite_session.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "automation/error.h"
 #include "standins/ado/ado_error.h"
+#include "standins/ado/dialect/characters.h"
+#include "standins/ado/dialect/tokenizer.h"
 #include "standins/ado/sqlite/sqlite_error.h"
 #include "standins/ado/sqlite/sqlite_rows.h"
 #include "standins/ado/translation.h"
@@ -19,6 +23,13 @@ void refuse_parameters(sqlite3_stmt* statement) {
     if (const char* const name = sqlite3_bind_parameter_name(statement, number); !name || *name == '?')
       throw automation::Error(provider_error::parameter_missing, "unbound parameters in query");
   throw automation::Error(provider_error::errors_in_command, "parameter marker count incorrect");
+}
+
+// A client's own, which leaves nothing to be committed.
+bool is_commit(std::string_view sql) {
+  sql.remove_prefix(dialect::skip_between_tokens(sql, 0));
+  const std::string_view verb(sql.begin(), std::ranges::find_if_not(sql, dialect::is_name_byte));
+  return dialect::same_name(verb, "commit") || dialect::same_name(verb, "end");
 }
 
 }  // namespace
@@ -92,6 +103,8 @@ StatementResult SqliteSession::run_text(std::string_view sql, bool count_affecte
     schema_changed_here_ = in_transaction_;
     forget_schema();
   }
+  if (transaction_open_ && is_commit(text) && sqlite3_get_autocommit(database_.get()) != 0)
+    transaction_open_ = false;
   return result;
 }
 

@@ -41,7 +41,7 @@ class SqliteSession : public EngineSession {
   // even to compile may be to read. So its first statement begins with the write lock. Throws Error when
   // another keeps it.
   void open_transaction();
-  void require_not_lost() const;
+  void require_not_lost();
   // Forgets what is known of the schema when another connection has changed it.
   void notice_other_schema();
   void forget_schema();

@@ -12,7 +12,9 @@ void SqliteSession::begin() {
   trace_(Operation::begin, {}, 0, true);
 }
 
-void SqliteSession::require_not_lost() const {
+// Short of memory the library takes everything back, and no statement may have said so.
+void SqliteSession::require_not_lost() {
+  if (transaction_open_ && sqlite3_get_autocommit(database_.get()) != 0) transaction_lost_ = true;
   if (transaction_lost_)
     throw automation::Error(provider_error::unspecified, "The database has rolled the transaction back");
 }

@@ -1,5 +1,7 @@
 #include "standins/ado/sqlite/sqlite_session.h"
 
+#include <sqlite3.h>
+
 #include <fstream>
 
 #include "automation/convert.h"
@@ -168,6 +170,48 @@ TEST_F(SqliteSessionTest, DoesNotCommitWhatATextHasRolledBack) {
   EXPECT_NE(error_of([&] { connection.call("CommitTrans"); }), 0);
   connection.call("RollbackTrans");
   EXPECT_EQ(scalar(connection, "select count(*) from T"), Value(0));
+}
+
+// As the library does, without an error to the statement, where it is short of memory.
+void lose_all(sqlite3_context* context, int, sqlite3_value**) {
+  sqlite3_exec(sqlite3_context_db_handle(context), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+int add_lose_all(sqlite3* database, char**, const void*) {
+  return sqlite3_create_function(database, "lose_all", 0, SQLITE_UTF8, nullptr, lose_all, nullptr, nullptr);
+}
+
+TEST_F(SqliteSessionTest, DoesNotCommitWhatIsGoneWithoutAWord) {
+  execute(connection, "create table T(A integer)");
+  const auto entry = reinterpret_cast<void (*)()>(add_lose_all);
+  sqlite3_auto_extension(entry);
+  const Object loser = open_connection();
+  sqlite3_cancel_auto_extension(entry);
+  for (const bool goes_on : {false, true}) {
+    loser.call("BeginTrans");
+    execute(loser, "insert into T(A) values(1)");
+    open_recordset(loser, "select lose_all()");
+    if (goes_on) {
+      EXPECT_NE(error_of([&] { execute(loser, "insert into T(A) values(2)"); }), 0);
+    }
+    EXPECT_EQ(description_of([&] { loser.call("CommitTrans"); }),
+              "The database has rolled the transaction back");
+    loser.call("RollbackTrans");
+    EXPECT_EQ(scalar(connection, "select count(*) from T"), Value(0));
+  }
+}
+
+TEST_F(SqliteSessionTest, TakesAClientsOwnCommitForWhatItIs) {
+  execute(connection, "create table T(A integer)");
+  connection.call("BeginTrans");
+  execute(connection, "insert into T(A) values(1)");
+  execute(connection, "/* mine */ Commit");
+  connection.call("CommitTrans");
+  connection.call("BeginTrans");
+  execute(connection, "insert into T(A) values(2)");
+  execute(connection, "-- mine\nEnd Transaction");
+  execute(connection, "insert into T(A) values(3)");
+  connection.call("RollbackTrans");
+  EXPECT_EQ(remaining(open_recordset(connection, "select A from T order by A"), 0), "1 2");
 }
 
 }  // namespace
