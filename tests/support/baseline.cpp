@@ -2,7 +2,8 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+
+#include "tests/support/file_text.h"
 
 namespace tallyra::stage {
 
@@ -12,10 +13,7 @@ std::string approved(const std::string& file, const std::string& actual) {
     std::ofstream(path, std::ios::binary) << actual;
     return path + " has been written; read it and run the tests again without TALLYRA_APPROVE";
   }
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return tests::file_text(path);
 }
 
 }  // namespace tallyra::stage

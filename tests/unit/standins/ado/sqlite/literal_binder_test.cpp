@@ -1,3 +1,5 @@
+#include "standins/ado/sqlite/literal_binder.h"
+
 #include <sqlite3.h>
 
 #include <array>
@@ -5,7 +7,6 @@
 #include <memory>
 #include <random>
 
-#include "standins/ado/sqlite/literal_binder.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
 // Texts that share a compiled statement store what each of them by itself would have stored: value and

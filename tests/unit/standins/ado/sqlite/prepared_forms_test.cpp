@@ -1,11 +1,9 @@
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include "standins/ado/sqlite/prepared_forms.h"
 
 #include "standins/ado/dialect/sqlite_dialect.h"
-#include "standins/ado/sqlite/prepared_forms.h"
 #include "standins/ado/sqlite/sqlite_database.h"
 #include "standins/ado/sqlite/sqlite_date_columns.h"
+#include "tests/support/file_text.h"
 #include "tests/support/recorded_statements.h"
 #include "tests/unit/standins/ado/scratch_database.h"
 
@@ -15,15 +13,11 @@ namespace {
 
 using Plan = std::vector<std::string>;
 
-std::string content_of(const std::filesystem::path& file) {
-  std::stringstream content;
-  content << std::ifstream(file).rdbuf();
-  return content.str();
-}
-
 class PlansTest : public ScratchDatabase {
  protected:
-  PlansTest() { EXPECT_EQ(execute_sqlite(database.get(), content_of(TALLYRA_SCHEMA).c_str()), SQLITE_OK); }
+  PlansTest() {
+    EXPECT_EQ(execute_sqlite(database.get(), tests::file_text(TALLYRA_SCHEMA).c_str()), SQLITE_OK);
+  }
 
   // Empty for what does not compile.
   Plan plan(std::string_view sql) const {
