@@ -44,8 +44,7 @@ class ErrorText {
 
  private:
   std::shared_ptr<const std::string> owned_;  // shared by the copies; none for a literal
-  // NOLINTNEXTLINE(readability-redundant-string-init): its data is what() of an error without a text, never
-  // null
+  // NOLINTNEXTLINE(readability-redundant-string-init): what() of an error without a text is no null
   std::string_view literal_ = "";
 };
 

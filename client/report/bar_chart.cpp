@@ -83,7 +83,7 @@ std::string bar_chart(std::string_view name, std::string_view title, const std::
   const Scale scale(bars);
   const double height = row_height * static_cast<double>(bars.size());
   std::string text = "<svg id=\"" + std::string(name) + "\" viewBox=\"0 0 " + place(width) + " " +
-                     place(height) + "\" role=\"img\" aria-label=\"" + escaped(title) + "\">\n";
+                     place(height) + R"(" role="img" aria-label=")" + escaped(title) + "\">\n";
   double top = 0;
   for (const Bar& bar : bars) {
     text += row(bar, top, scale);

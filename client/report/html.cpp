@@ -30,9 +30,9 @@ std::string escaped(std::string_view text) {
 }
 
 std::string HtmlTable::text() const {
-  std::string text = "<div class=\"scroll\"><table id=\"" + name_ + "\"><thead><tr>";
+  std::string text = R"(<div class="scroll"><table id=")" + name_ + "\"><thead><tr>";
   for (const HtmlColumn& column : columns_)
-    text.append(column.is_number ? "<th class=\"number\" scope=\"col\">" : "<th scope=\"col\">")
+    text.append(column.is_number ? R"(<th class="number" scope="col">)" : R"(<th scope="col">)")
         .append(escaped(column.heading))
         .append("</th>");
   return text + "</tr></thead>\n<tbody>\n" + rows_ + "</tbody></table></div>\n";
