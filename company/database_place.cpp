@@ -9,6 +9,7 @@
 #include "automation/folded_name.h"
 #include "company/database_files.h"
 #include "company/options.h"
+#include "standins/ado/network_address.h"
 #include "standins/corvane/connection_string.h"
 
 namespace tallyra::company {
@@ -51,7 +52,9 @@ std::string sqlite_file_of(const std::string& connection_string) {
   return named.empty() ? file : named;
 }
 
-void refuse_memory(const std::string& file) {
+void require_storable(const std::string& file) {
+  if (standins::ado::is_network_address(file))
+    throw Refusal("a network address names no database here: give a connection string");
   if (file == ":memory:") throw Refusal("a database in memory is gone when this program ends");
 }
 
@@ -71,10 +74,10 @@ DatabasePlace::DatabasePlace(const std::string& text) {
   if (is_connection_string(text) && !is_there(text)) {
     connection_string = text;
     file = sqlite_file_of(text);
-    refuse_memory(file);
+    require_storable(file);
     return;
   }
-  refuse_memory(text);
+  require_storable(text);
   if (fs::is_directory(text)) throw Refusal("'" + text + "' is a folder");
   standins::corvane::ConnectionString parts("DRIVER={SQLite3}");
   parts.set("Database", text);

@@ -8,6 +8,7 @@
 #include "automation/error.h"
 #include "automation/folded_name.h"
 #include "standins/ado/ado_error.h"
+#include "standins/ado/network_address.h"
 #include "standins/ado/reaching_keywords.h"
 
 namespace tallyra::standins::ado {
@@ -86,6 +87,9 @@ SqliteSource read_sqlite_source(const ConnectionSource& source) {
   if (const std::string* const path = named ? named : file) result.path = *path;
   if (result.path.empty())
     throw automation::Error(provider_error::unspecified, "The connection string names no database file");
+  if (is_network_address(result.path))
+    throw automation::Error(provider_error::unspecified,
+                            "The connection string names a network address in place of a database file");
   if (const std::string* const timeout = source.find("Timeout")) result.busy_time = read_busy_time(*timeout);
   read_word(source, "SyncPragma", result.synchronous);
   read_word(source, "JournalMode", result.journal_mode);

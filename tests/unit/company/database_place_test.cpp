@@ -50,6 +50,21 @@ TEST(DatabasePlace, MemoryIsNoPlaceForACompany) {
   EXPECT_THROW(DatabasePlace("DRIVER={SQLite3};Database=:memory:"), Refusal);
 }
 
+TEST(DatabasePlace, ANetworkAddressIsRefusedWithoutItsPassword) {
+  for (const char* text :
+       {"postgresql://u:secret@h/d", "postgres://u:secret@h/d?sslmode=require",
+        "Data Source=mysql://u:secret@h/d", "DRIVER={SQLite3};Database=postgresql://u:secret@h/d"}) {
+    try {
+      const DatabasePlace place(text);
+      ADD_FAILURE() << place.file;
+    } catch (const Refusal& refusal) {
+      EXPECT_STREQ(refusal.what(), "a network address names no database here: give a connection string");
+    }
+  }
+  EXPECT_EQ(DatabasePlace("file:///srv/c.db").file, "file:///srv/c.db");
+  EXPECT_EQ(DatabasePlace("/srv/a://b.db").file, "/srv/a://b.db");
+}
+
 TEST(DatabasePlace, AFileThatIsThereMayHaveAnEqualsSignInItsName) {
   const TestFolder folder;
   const std::string file = folder.file("year=2024.db");

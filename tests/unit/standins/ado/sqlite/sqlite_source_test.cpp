@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "automation/error.h"
 #include "tests/support/test_folder.h"
 
 namespace tallyra::standins::ado::test {
@@ -39,6 +40,21 @@ TEST(SqliteSource, IsAFileWithoutAFolderWhereItIsThere) {
   std::ofstream(folder.file("stock.db"), std::ios::app);
   EXPECT_TRUE(means_sqlite_library(source_of("Data Source=stock.db")));
   std::filesystem::current_path(before);
+}
+
+// It may hold a password.
+TEST(SqliteSource, IsNoNetworkAddressAndTheMessageDoesNotQuoteIt) {
+  for (const char* const text :
+       {"Data Source=postgresql://u:secret@h/d", "DRIVER={SQLite3};Database=mysql://u:secret@h/d"}) {
+    try {
+      read_sqlite_source(source_of(text));
+      ADD_FAILURE() << text;
+    } catch (const automation::Error& error) {
+      EXPECT_EQ(error.description(),
+                "The connection string names a network address in place of a database file");
+    }
+  }
+  EXPECT_EQ(read_sqlite_source(source_of("Data Source=file:///data/x.db")).path, "file:///data/x.db");
 }
 
 TEST(SqliteSource, HasTheKeywordsOfTheDriver) {
