@@ -62,6 +62,8 @@ void take_from(VerbContext& context, const LockHolder& holder) {
   if (!holder.may_be_taken(context.has("--break-lock"))) throw Refusal(holder.refusal(), exit_locked);
   if (holder.dead()) {
     context.warn(holder.text() + ", but that process has ended; its lock is taken over");
+    journal(context,
+            {"take over", holder.work, "done", "lock of a process that has ended: " + holder.text()});
   } else {
     context.warn(holder.text() + "; its lock is broken");
     journal(context, {"force", holder.work, "done", "lock broken: " + holder.text()});

@@ -50,6 +50,18 @@ std::string question(const Reader& reader, automation::Date date) {
          std::to_string(close_documents(reader, date).size()) + " documents?";
 }
 
+// What goes with a close, or with what an unfinished one has left.
+std::string parts_text(const Reader& reader, automation::Date date) {
+  const std::size_t documents = close_documents(reader, date).size();
+  const std::string documents_text =
+      std::to_string(documents) + (documents == 1 ? " document" : " documents");
+  if (!find_record(close_records(reader), date))
+    return documents_text + " that an unfinished close has left " +
+           (documents == 1 ? "is deleted" : "are deleted") + "; it had no record";
+  if (documents == 0) return "its record is deleted; it had no documents";
+  return "its record and its " + documents_text + " are deleted";
+}
+
 ExitStatus run(VerbContext& context) {
   const automation::Date date = date_of(context.argument(0));
   const bool force = forced(context);
@@ -60,13 +72,14 @@ ExitStatus run(VerbContext& context) {
   require_close(context.reader(), date);
   if (!force) require_latest(close_records(context.reader()), date);
 
+  const std::string parts = parts_text(context.reader(), date);
   const Outcome outcome = context.call({"Tallyra.CStockClose", "Delete", {day_text(date)}, {}, {}});
   if (is_there(context.reader(), date)) {
     journal(context, {"reopen", day_text(date), "failed", failure_text(outcome)});
     throw Refusal(day_text(date) + " is not reopened: " + failure_text(outcome));
   }
-  journal(context, {"reopen", day_text(date), "done", force ? "forced: not-latest" : ""});
-  context.tell("Reopened " + day_text(date) + ": its record and its documents are deleted.");
+  journal(context, {"reopen", day_text(date), "done", (force ? "forced: not-latest; " : "") + parts});
+  context.tell("Reopened " + day_text(date) + ": " + parts + ".");
   return exit_done;
 }
 

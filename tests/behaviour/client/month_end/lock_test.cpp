@@ -38,6 +38,11 @@ TEST_F(LockedCompany, IsTakenOverFromADeadProcess) {
   EXPECT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
   EXPECT_TRUE(says("but that process has ended; its lock is taken over")) << client_.all();
   EXPECT_EQ(closes(), "1\n");
+  EXPECT_EQ(run({"log", "--csv", "--action", "take over"}), exit_done);
+  EXPECT_TRUE(
+      says(",take over,close 2024/01/31,done,\"lock of a process that has ended: ANNA (login anna, host " +
+           host_name() + ", process 999999999) is at work on close 2024/01/31 since 2024/03/05 09:00:00\","))
+      << client_.out();
 }
 
 TEST_F(LockedCompany, IsTakenFromAnotherHostOnlyByBreakingTheLock) {

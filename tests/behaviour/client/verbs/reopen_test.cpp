@@ -18,5 +18,23 @@ TEST_F(ClosingClient, ReopensTheLatestCloseAlone) {
   EXPECT_TRUE(says("there is not-latest")) << client_.all();
 }
 
+TEST_F(ClosingClient, TellsWhatAReopenedCloseHadAndWhatItLacked) {
+  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  const std::string documents =
+      company_.rows("SELECT Count(*) FROM STKTRANHD WHERE TRANTYPE LIKE 'STK%CLOSE%'");
+  const std::string count = documents.substr(0, documents.find('\n'));
+  EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("Reopened 2024/01/31: its record and its " + count + " documents are deleted."))
+      << client_.all();
+  ASSERT_EQ(run({"close", "2024/01/31"}), exit_done) << client_.all();
+  sql({"DELETE FROM STKCLOSEHD"});
+  EXPECT_EQ(run({"reopen", "2024/01/31"}), exit_done) << client_.all();
+  EXPECT_TRUE(says("Reopened 2024/01/31: " + count +
+                   " documents that an unfinished close has left are deleted; it had no record."))
+      << client_.all();
+  EXPECT_EQ(run({"log", "--action", "reopen", "--csv"}), exit_done);
+  EXPECT_TRUE(says("it had no record")) << client_.out();
+}
+
 }  // namespace
 }  // namespace tallyra::client
