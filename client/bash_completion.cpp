@@ -2,6 +2,7 @@
 
 #include "client/catalogue.h"
 #include "client/manual.h"
+#include "client/setup/functions.h"
 #include "client/verbs/verb.h"
 
 namespace tallyra::client {
@@ -21,6 +22,25 @@ std::string names_of(std::span<const Option> options) {
   return names;
 }
 
+std::string class_words() {
+  std::string words;
+  for (const auto& entry : catalogue()) append_word(words, entry.name);
+  return words;
+}
+
+std::string function_words() {
+  std::string words;
+  for (const FunctionCode& function : function_codes())
+    if (function.code != "*") append_word(words, function.code);
+  return words;
+}
+
+std::string right_words() {
+  std::string words = "all";
+  for (const RightName& right : right_names()) append_word(words, right.word);
+  return words;
+}
+
 // The first words that a command can begin with, each once.
 std::string first_words() {
   std::string words;
@@ -32,6 +52,17 @@ std::string first_words() {
   }
   for (const auto& entry : catalogue()) append_word(words, entry.name);
   return words;
+}
+
+std::string member_cases() {
+  std::string text;
+  for (const auto& entry : catalogue()) {
+    text.append("    ").append(entry.name).append(") words='");
+    std::string members;
+    for (const auto& member : entry.members) append_word(members, member.name);
+    text.append(members) += "' ;;\n";
+  }
+  return text;
 }
 
 // Lines of a case over the first two words: the options of each verb.
@@ -63,13 +94,9 @@ std::string second_word_cases() {
     text.append("    ").append(first).append(") words='").append(verb->name.substr(blank + 1));
   }
   close();
-  for (const auto& entry : catalogue()) {
-    text.append("    ").append(entry.name).append(") words='");
-    std::string members;
-    for (const auto& member : entry.members) append_word(members, member.name);
-    text.append(members) += "' ;;\n";
-  }
-  return text;
+  text.append("    list | call) words='").append(class_words()).append("' ;;\n");
+  text.append("    help) words='").append(first_words()).append("' ;;\n");
+  return text + member_cases();
 }
 
 // Options that are followed by a value, which is no verb.
@@ -85,14 +112,15 @@ std::string valued_options() {
 std::string bash_completion() {
   return R"(# Completion of tallyra-client for bash. To be sourced.
 _tallyra_client() {
-  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} first= second= words= i
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} first= second= words= i plain=0
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; ++i)); do
     case ${COMP_WORDS[i]} in
     )" + valued_options() +
          R"() ((++i)) ;;
     -*) ;;
-    *) if [ -z "$first" ]; then first=${COMP_WORDS[i]}; elif [ -z "$second" ]; then second=${COMP_WORDS[i]}; fi ;;
+    *) ((++plain))
+      if [ -z "$first" ]; then first=${COMP_WORDS[i]}; elif [ -z "$second" ]; then second=${COMP_WORDS[i]}; fi ;;
     esac
   done
   case $previous in --db | --config | --output | import | batch)
@@ -102,7 +130,8 @@ _tallyra_client() {
   if [[ $current == -* ]]; then
     case "$first $second" in
 )" + option_cases() +
-         "    esac\n    words+=' " + names_of(common_options()) + R"('
+         "    esac\n    [ -n \"$first\" ] || words='" + names_of(program_options()) + "'\n    words+=' " +
+         names_of(common_options()) + R"('
   elif [ -z "$first" ]; then
     words=')" +
          first_words() + R"('
@@ -110,6 +139,13 @@ _tallyra_client() {
     case $first in
 )" + second_word_cases() +
          R"(    esac
+  elif [[ $first == call && $plain == 2 ]]; then
+    case $second in
+)" + member_cases() +
+         R"(    esac
+  elif [[ $first == grant || $first == revoke ]]; then
+    if [ $plain = 2 ]; then words=')" +
+         function_words() + R"('; else words=')" + right_words() + R"('; fi
   fi
   COMPREPLY=($(compgen -W "$words" -- "$current"))
 }

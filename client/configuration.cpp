@@ -13,6 +13,9 @@
 namespace tallyra::client {
 namespace {
 
+// Editors put it before a text in UTF-8.
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+
 struct KnownSetting {
   std::string_view key;
   const char* variable;
@@ -56,6 +59,7 @@ Configuration read_file(const std::string& path, bool named) {
   std::string line;
   for (int number = 1; std::getline(in, line); ++number) {
     if (line.ends_with('\r')) line.pop_back();
+    if (number == 1 && line.starts_with(byte_order_mark)) line.erase(0, byte_order_mark.size());
     read_line(path, number, line, result);
   }
   return result;
@@ -90,7 +94,8 @@ Session session_of(const Configuration& command_line, const Configuration& confi
   };
   Session session;
   if (command_line.db) session.db_word = command_line.db->value;
-  if (const auto db = first(&Configuration::db))
+  // An empty one says that there is none.
+  if (const auto db = first(&Configuration::db); db && !db->value.empty())
     session.connection_string = connection_string_for(db->value, db->origin, missing);
   if (const auto user = first(&Configuration::user)) session.user = user->value;
   if (const auto language = first(&Configuration::language)) session.language = language->value;

@@ -32,7 +32,8 @@ Configuration read_configuration(const std::optional<std::string>& file, const E
 // The file that is read when none is named; "" when the environment names no folder.
 std::string usual_configuration_file(const Environment& environment);
 
-// Puts what the command line has said before what is configured. Throws UsageError for a database that does
+// Puts what the command line has said before what is configured; a database that is named by an empty text is
+// none. Throws UsageError for a database that does
 // not exist and a kind that is none.
 Session session_of(const Configuration& command_line, const Configuration& configured,
                    MissingFile missing = MissingFile::refused);

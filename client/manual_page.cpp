@@ -74,6 +74,8 @@ std::string manual_page() {
   for (const Verb* verb : verbs()) text += verb_text(*verb);
   text += ".SH OPTIONS OF EVERY VERB\n";
   for (const Option& option : common_options()) text += option_text(option);
+  text += ".SH OPTIONS WITHOUT A VERB\n";
+  for (const Option& option : program_options()) text += option_text(option);
   text += ".SH CLASSES\n";
   for (const auto& entry : catalogue())
     text += ".TP\n" + bold(entry.name) + "\n" + literal(entry.purpose) + "\n";

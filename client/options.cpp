@@ -22,6 +22,11 @@ constexpr Option common[] = {
     {"--help", "", "print what the verb does and exit"},
 };
 
+constexpr Option of_the_program[] = {
+    {"--version", "", "print the version and exit"},
+    {"--list", "", "print the classes with their members and arguments and exit"},
+};
+
 bool is_digit(char c) {
   return c >= '0' && c <= '9';
 }
@@ -67,6 +72,10 @@ std::string value_of(std::span<const std::string> words, std::size_t& at, const 
 
 std::span<const Option> common_options() {
   return common;
+}
+
+std::span<const Option> program_options() {
+  return of_the_program;
 }
 
 std::optional<std::string> Words::value(std::string_view option) const {

@@ -20,6 +20,9 @@ struct Option {
 // Those that every verb takes.
 std::span<const Option> common_options();
 
+// Those that stand without a verb.
+std::span<const Option> program_options();
+
 // What the words of a verb come to.
 class Words {
  public:

@@ -23,6 +23,11 @@ void require_department(const Reader& reader, const std::string& department) {
     throw Refusal("there is no department " + department);
 }
 
+bool is_closed(const Reader& reader, automation::Date day) {
+  const auto records = close_records(reader);
+  return !records.empty() && records.back().date.serial >= day.serial;
+}
+
 // What makes the sheet a poor one; it is printed all the same.
 void warn_about(const VerbContext& context, const Reader& reader, automation::Date day) {
   try {
@@ -30,9 +35,7 @@ void warn_about(const VerbContext& context, const Reader& reader, automation::Da
   } catch (const Refusal& refusal) {
     context.warn(std::string("the book may be wrong: ") + refusal.what());
   }
-  const auto records = close_records(reader);
-  if (!records.empty() && records.back().date.serial >= day.serial)
-    context.warn(day_text(day) + " is closed: the sheet cannot be imported");
+  if (is_closed(reader, day)) context.warn(day_text(day) + " is closed: the sheet cannot be imported");
 }
 
 Table sheet_of(const VerbContext& context, const std::string& department, automation::Date day,
@@ -59,8 +62,10 @@ ExitStatus run(VerbContext& context) {
   warn_about(context, context.reader(), day);
   const Table sheet = sheet_of(context, department, day, book_of(context.reader(), department, day));
   context.print(sheet);
-  context.tell(std::to_string(sheet.rows.size()) +
-               " parts. Fill in 'counted', then 'count import' the sheet.");
+  const std::size_t parts = sheet.rows.size();
+  context.tell(
+      std::to_string(parts) + (parts == 1 ? " part." : " parts.") +
+      (is_closed(context.reader(), day) ? "" : " Fill in 'counted', then 'count import' the sheet."));
   return exit_done;
 }
 

@@ -9,6 +9,7 @@
 #include "client/setup/advised_command.h"
 #include "client/setup/rights_table.h"
 #include "client/setup/schema.h"
+#include "client/setup/trouble.h"
 #include "client/verbs/all_verbs.h"
 #include "client/verbs/context.h"
 
@@ -28,9 +29,22 @@ bool is_missing_file(const std::string& connection_string) {
   return file && !std::filesystem::exists(file_path(*file), error);
 }
 
+// Names the file that is there and is none of a database.
+void require_database(VerbContext& context) {
+  const std::string& connection_string = *context.session().connection_string;
+  const auto trouble = trouble_with(context.reader(),
+                                    "'init' makes a new file: name one that is not there yet, or that of a "
+                                    "database; one that is damaged is "
+                                    "restored from a backup");
+  if (trouble)
+    throw Refusal("'" + sqlite_file(connection_string).value_or(shown_connection(connection_string)) +
+                  "': " + trouble->error + ". Nothing was changed; " + trouble->advice);
+}
+
 // Says what is wrong with a database that has tables already.
 void require_no_tables(VerbContext& context) {
   if (is_missing_file(*context.session().connection_string)) return;
+  require_database(context);
   const auto there = tables_there(context.reader());
   if (there.empty()) return;
   throw Refusal("the database has " + std::to_string(there.size()) + " of the tables already (" +
@@ -66,6 +80,7 @@ ExitStatus run_init(VerbContext& context) {
 }
 
 ExitStatus run_upgrade(VerbContext& context) {
+  require_database(context);
   if (tables_there(context.reader()).empty())
     throw Refusal("the database has none of the tables: 'init' makes them");
   context.close_reader();

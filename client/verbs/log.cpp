@@ -9,7 +9,7 @@ namespace {
 constexpr Option options[] = {
     {"--from", "DATE", "nothing before that day"},
     {"--to", "DATE", "nothing after that day"},
-    {"--action", "NAME", "only that action: close, approve, reopen, ..."},
+    {"--action", "NAME", "only that action: close, approve, reopen, take over, ..."},
     {"--limit", "NUMBER", "no more rows than that, the latest; 50 when nothing is said, 0 for all"},
 };
 constexpr std::string_view examples[] = {

@@ -38,6 +38,15 @@ TEST(Completion, OffersWhatFits) {
   EXPECT_EQ(offered("tallyra-client count sheet --bl"), "--blind\n");
   EXPECT_EQ(offered("tallyra-client close 2024/01/31 --back"), "--backup\n");
   EXPECT_EQ(offered("tallyra-client CRevAddr Re"), "Read\n");
+  EXPECT_EQ(offered("tallyra-client --vers"), "--version\n");
+  EXPECT_EQ(offered("tallyra-client list CRev"), "CRevAddr\n");
+  EXPECT_EQ(offered("tallyra-client call CTranH"), "CTranHead\n");
+  EXPECT_EQ(offered("tallyra-client call CRevAddr Re"), "Read\n");
+  EXPECT_EQ(offered("tallyra-client help CTranH"), "CTranHead\n");
+  EXPECT_EQ(offered("tallyra-client help reo"), "reopen\n");
+  EXPECT_EQ(offered("tallyra-client grant ANNA STK027"), "STK027CLOSE\n");
+  EXPECT_EQ(offered("tallyra-client grant ANNA STK027CLOSE appr"), "approve\n");
+  EXPECT_EQ(offered("tallyra-client revoke ANNA STK027CLOSE approve ins"), "insert\n");
 }
 #endif
 

@@ -70,6 +70,23 @@ TEST_F(ConfigurationFile, IsRefusedWhenItCannotBeRead) {
             file + ":2: no setting; write db=, user=, language= or kind= and the value, # before a remark");
 }
 
+TEST_F(ConfigurationFile, MayBeginWithAByteOrderMark) {
+  EXPECT_EQ(read(write("\xEF\xBB\xBF"
+                       "user=ANNA\r\n"))
+                .user->value,
+            "ANNA");
+}
+
+TEST(SessionOfSettings, TakesAnEmptyDatabaseForNone) {
+  Configuration configured;
+  configured.db = Setting{"", "TALLYRA_DB"};
+  EXPECT_FALSE(session_of({}, configured).connection_string);
+  configured.db = Setting{"DSN=stock", "TALLYRA_DB"};
+  Configuration said;
+  said.db = Setting{"", "--db"};
+  EXPECT_FALSE(session_of(said, configured).connection_string);
+}
+
 TEST(SessionOfSettings, NamesWhereAWrongOneCameFrom) {
   Configuration configured;
   configured.kind = Setting{"ORACLE", "TALLYRA_KIND"};

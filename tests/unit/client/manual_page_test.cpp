@@ -14,6 +14,12 @@ TEST(Manual, IsKeptAsTheVerbsAre) {
       << "scripts/generate.sh writes it anew";
 }
 
+TEST(Manual, HasTheOptionsThatStandWithoutAVerb) {
+  const std::string page = manual_page();
+  for (const char* name : {"version", "list"})
+    EXPECT_NE(page.find(".TP\n\\fB\\-\\-" + std::string(name) + "\\fR\n"), std::string::npos) << name;
+}
+
 TEST(Manual, HasEveryVerbWithItsOptions) {
   const std::string page = manual_page();
   for (const Verb* verb : verbs()) {

@@ -23,6 +23,7 @@ TEST_F(NewDatabase, LosesARowThatTakesNothingAway) {
   ASSERT_EQ(run({"rights", "--csv"}), exit_done);
   EXPECT_TRUE(says("\nANNA,*,yes,yes,yes,yes,yes,yes,yes,yes\n")) << client_.out();
   ASSERT_EQ(run({"revoke", "ANNA", "*", "all"}), exit_done);
+  EXPECT_TRUE(says("ANNA may now do nothing under *.")) << client_.all();
   ASSERT_EQ(run({"rights", "--csv"}), exit_done);
   EXPECT_FALSE(says("ANNA")) << client_.out();
   EXPECT_TRUE(says("Nobody may do anything")) << client_.error();

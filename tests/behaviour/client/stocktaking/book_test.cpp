@@ -20,6 +20,7 @@ TEST_F(CountingClient, BeginsTheBookAfterTheLastClose) {
   EXPECT_NE(client_.out().find("bolt-1,bolt-1,,10,"), std::string::npos) << client_.out();
   ASSERT_EQ(run({"count", "sheet", "10", "2024/01/31", "--csv"}), exit_done);
   EXPECT_TRUE(says("2024/01/31 is closed: the sheet cannot be imported"));
+  EXPECT_FALSE(says("Fill in 'counted'")) << client_.all();
 }
 
 TEST_F(CountingClient, HasAllPartsInTheBookAndKnowsWhichHaveMoved) {

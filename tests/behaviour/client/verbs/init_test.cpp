@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <fstream>
 
 #include "tests/behaviour/client/setup/new_database.h"
 
@@ -14,6 +15,17 @@ TEST_F(NewDatabase, IsMadeOnceAndSaysWhomToGrantWhat) {
   EXPECT_TRUE(says("nothing was missing")) << client_.all();
   EXPECT_EQ(run({"log", "--csv"}), exit_done);
   EXPECT_TRUE(says("init,,done,")) << client_.out();
+}
+
+TEST_F(NewDatabase, IsNotMadeOfAFileThatIsNone) {
+  if (!registered_.is_sqlite()) GTEST_SKIP() << "no file";
+  std::ofstream(file_) << "this is a letter, no database";
+  for (const char* verb : {"init", "upgrade"}) {
+    EXPECT_EQ(run({verb}), exit_failed);
+    EXPECT_TRUE(says("tallyra-client: '" + file_ + "': error ")) << client_.all();
+    EXPECT_TRUE(says("name one that is not there yet")) << client_.all();
+  }
+  EXPECT_EQ(std::filesystem::file_size(file_), 29U);
 }
 
 TEST_F(NewDatabase, IsMadeByNoOtherVerb) {
