@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 #include "client/database/reader.h"
@@ -50,7 +51,9 @@ TEST_F(Doctor, AdvisesCommandsThatCanBePasted) {
   client_.show_in(60);
   const std::string db = company_.connection_string();
   look({"--user", "NOBODY", "--db", db});
-  EXPECT_TRUE(says("\n    tallyra-client grant NOBODY '*' all --db '" + db + "'\n")) << client_.out();
+  // Within quotes a shell takes a quote for their end.
+  const std::string quoted = std::regex_replace(db, std::regex("'"), "'\\''");
+  EXPECT_TRUE(says("\n    tallyra-client grant NOBODY '*' all --db '" + quoted + "'\n")) << client_.out();
 }
 
 TEST_F(Doctor, TellsWhetherADocumentCouldGetANumber) {
