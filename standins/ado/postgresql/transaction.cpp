@@ -174,10 +174,12 @@ std::vector<Result>& Transaction::exchange() {
 }
 
 bool Transaction::needs_savepoint() const {
-  return unrepeatable_ || repeats_.size() >= most_repeats || repeated_bytes_ >= most_repeated_bytes;
+  return unrepeatable_ || (ran_ && !savepoint_) || repeats_.size() >= most_repeats ||
+         repeated_bytes_ >= most_repeated_bytes;
 }
 
 void Transaction::note(const Command& command) {
+  ran_ = true;
   switch (command.repeat) {
     case Repeat::nothing: return;
     case Repeat::unknown: unrepeatable_ = true; return;
@@ -195,6 +197,7 @@ void Transaction::go_back() {
 }
 
 void Transaction::start_over(bool repeatable) {
+  ran_ = false;
   savepoint_ = false;
   unrepeatable_ = !repeatable;
   repeats_.clear();

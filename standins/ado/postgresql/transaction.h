@@ -26,9 +26,10 @@ struct StatementFailure : automation::Error {
 };
 
 // A failed statement takes the whole transaction along on this server. Here it leaves the others, as clients
-// of ADO know it: the server goes back to a savepoint, and what has been done since is done again. A new
-// savepoint is set before a statement as soon as something has been done since the last that could not be
-// done again, in the same journey; rows of given values need one for many.
+// of ADO know it: the server goes back to a savepoint, and what has been done since is done again. One is set
+// before the second statement, so that nothing from before it, no lock either, is ever let go; and a new one
+// before a statement as soon as something has been done since the last that could not be done again. Each
+// goes in the same journey as the statement; rows of given values need one for many.
 class Transaction {
  public:
   explicit Transaction(Wire& wire) : wire_(wire) {}
@@ -71,6 +72,7 @@ class Transaction {
   std::optional<std::string> lost_;  // why nothing can be committed any more
 
   // Since the savepoint, or since the transaction began.
+  bool ran_ = false;  // a statement
   bool savepoint_ = false;
   bool unrepeatable_ = true;  // something was done that cannot be done again
   std::vector<std::string> repeats_;

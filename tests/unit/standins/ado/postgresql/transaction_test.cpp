@@ -169,6 +169,18 @@ TEST_F(PostgresqlTransactionTest, BegunAsAStatementItIsProtectedToo) {
   EXPECT_EQ(scalar(connection, "Select Count(*) From L"), Value(0));
 }
 
+// What a client has read of its own work stays as it was read.
+TEST_F(PostgresqlTransactionTest, AFailedStatementDoesNotDoTheFirstOneAgain) {
+  execute(connection, "Create Table S(ID serial, A integer)");
+  connection.call("BeginTrans");
+  execute(connection, "Insert Into S(A) Values(7)");
+  const Value number = scalar(connection, "Select Max(ID) From S");
+  EXPECT_NE(error_in("Select 1/0"), 0);
+  EXPECT_EQ(scalar(connection, "Select Max(ID) From S"), number);
+  connection.call("CommitTrans");
+  EXPECT_EQ(scalar(connection, "Select Max(ID) From S"), number);
+}
+
 TEST_F(PostgresqlTransactionTest, SavepointsOfTheClientWork) {
   connection.call("BeginTrans");
   insert(1);
