@@ -123,6 +123,8 @@ _tallyra_client() {
       if [ -z "$first" ]; then first=${COMP_WORDS[i]}; elif [ -z "$second" ]; then second=${COMP_WORDS[i]}; fi ;;
     esac
   done
+  # What follows "call CLASS" is what follows the class alone.
+  if [[ $first == call && $plain == 2 ]]; then first=$second second=; fi
   case $previous in --db | --config | --output | import | batch)
     COMPREPLY=($(compgen -f -- "$current"))
     return ;;
@@ -138,10 +140,6 @@ _tallyra_client() {
   elif [ -z "$second" ]; then
     case $first in
 )" + second_word_cases() +
-         R"(    esac
-  elif [[ $first == call && $plain == 2 ]]; then
-    case $second in
-)" + member_cases() +
          R"(    esac
   elif [[ $first == grant || $first == revoke ]]; then
     if [ $plain = 2 ]; then words=')" +

@@ -10,6 +10,8 @@ _tallyra_client() {
       if [ -z "$first" ]; then first=${COMP_WORDS[i]}; elif [ -z "$second" ]; then second=${COMP_WORDS[i]}; fi ;;
     esac
   done
+  # What follows "call CLASS" is what follows the class alone.
+  if [[ $first == call && $plain == 2 ]]; then first=$second second=; fi
   case $previous in --db | --config | --output | import | batch)
     COMPREPLY=($(compgen -f -- "$current"))
     return ;;
@@ -42,20 +44,6 @@ _tallyra_client() {
     help) words='init upgrade doctor grant revoke rights check close verify approve reopen status count
       report list show log batch call help CTranHead CTranDetail CCheckHead CCheckDetail
       CStkrptFuns CPartCostSet CStockClose CRevAddr CSTKController CStkShipNote' ;;
-    CTranHead) words='Read Insert Update Delete ValidCloseDT' ;;
-    CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty
-      GetMRPQty' ;;
-    CCheckHead) words='Read Insert Update Delete ValidCloseDT' ;;
-    CCheckDetail) words='Read Insert Update Delete' ;;
-    CStkrptFuns) words='GetCheckBalance' ;;
-    CPartCostSet) words='Read Insert Update Delete' ;;
-    CStockClose) words='Read Insert Update Delete STKMonthCloseDept STKMonthClose' ;;
-    CRevAddr) words='Read Insert Update Delete' ;;
-    CSTKController) words='Read Insert Update Delete' ;;
-    CStkShipNote) words='Read Insert Update Delete' ;;
-    esac
-  elif [[ $first == call && $plain == 2 ]]; then
-    case $second in
     CTranHead) words='Read Insert Update Delete ValidCloseDT' ;;
     CTranDetail) words='Read Insert Update Delete InsertRTN UpdateRTN PORefQty POExam OrderTypeExam IssuedOrRtnQty
       GetMRPQty' ;;
