@@ -35,21 +35,15 @@ class DepartmentCounter {
 CloseProgress::CloseProgress(CloseProgressSettings settings, std::ostream& stream)
     : settings_(std::move(settings)),
       stream_(stream),
-      thread_([this](const std::stop_token& stop) { run(stop); }) {}
+      thread_([this](BackgroundThread& itself) { run(itself); }) {}
 
-bool CloseProgress::wait_for_turn(const std::stop_token& stop) {
-  std::unique_lock lock(mutex_);
-  stopped_.wait_for(lock, stop, settings_.interval, [] { return false; });
-  return !stop.stop_requested();
-}
-
-void CloseProgress::run(const std::stop_token& stop) {
+void CloseProgress::run(BackgroundThread& itself) {
   try {
     const automation::Apartment apartment;
     StatusLine line(stream_, settings_.width);
     std::optional<DepartmentCounter> counter;
     // The first turn comes after a wait, so that a short close meets no second connection at all.
-    while (wait_for_turn(stop)) {
+    while (itself.sleep(settings_.interval)) {
       try {
         if (!counter) counter.emplace(settings_.connection_string);
         line.show("Closing " + settings_.close_date + ": " + std::to_string(counter->closed()) + " of " +

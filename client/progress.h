@@ -1,13 +1,11 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <cstddef>
 #include <iosfwd>
-#include <mutex>
-#include <stop_token>
 #include <string>
-#include <thread>
+
+#include "client/background_thread.h"
 
 namespace tallyra::client {
 
@@ -33,15 +31,11 @@ class CloseProgress {
   CloseProgress& operator=(const CloseProgress&) = delete;
 
  private:
-  void run(const std::stop_token& stop);
-  // False when it is time to end.
-  bool wait_for_turn(const std::stop_token& stop);
+  void run(BackgroundThread& itself);
 
   CloseProgressSettings settings_;
   std::ostream& stream_;
-  std::mutex mutex_;
-  std::condition_variable_any stopped_;
-  std::jthread thread_;  // last: it uses all the others, and its destructor stops and joins it first
+  BackgroundThread thread_;  // last: it uses all the others, and its destructor ends it first
 };
 
 }  // namespace tallyra::client

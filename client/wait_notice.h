@@ -1,11 +1,8 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <stop_token>
-#include <thread>
 
+#include "client/background_thread.h"
 #include "client/console.h"
 
 namespace tallyra::client {
@@ -19,9 +16,7 @@ class WaitNotice {
   WaitNotice& operator=(const WaitNotice&) = delete;
 
  private:
-  std::mutex mutex_;
-  std::condition_variable_any stopped_;
-  std::jthread thread_;
+  BackgroundThread thread_;
 };
 
 }  // namespace tallyra::client

@@ -53,26 +53,26 @@ std::string progress_text(const ClosePlan& plan, const std::string& day, std::si
 RunWatch::RunWatch(Settings settings, const Console& console)
     : settings_(std::move(settings)),
       console_(console),
-      thread_([this](const std::stop_token& stop) { run(stop); }) {}
+      thread_([this](BackgroundThread& itself) { run(itself); }) {}
 
 // Until the next line of progress is due, or somebody interrupts who has not been answered.
-bool RunWatch::wait_for_turn(const std::stop_token& stop, bool answered) {
+bool RunWatch::wait_for_turn(BackgroundThread& itself, bool answered) {
   constexpr std::chrono::milliseconds look_at_signals{20};
   const auto due = steady_clock::now() + console_.progress_interval;
-  std::unique_lock lock(mutex_);
-  while (!stop.stop_requested() && steady_clock::now() < due && (answered || Interruptions::count() == 0))
-    stopped_.wait_for(lock, stop, look_at_signals, [] { return false; });
-  return !stop.stop_requested();
+  do {
+    if (!itself.sleep(std::min(look_at_signals, console_.progress_interval))) return false;
+  } while (steady_clock::now() < due && (answered || Interruptions::count() == 0));
+  return true;
 }
 
-void RunWatch::run(const std::stop_token& stop) try {
+void RunWatch::run(BackgroundThread& itself) try {
   const automation::Apartment apartment;
   const auto begin = steady_clock::now();
   StatusLine line(console_.error, console_.error_width);
   LineCounter counter;
   bool told = false;
   // The first turn comes after a wait: a short close shows nothing.
-  while (wait_for_turn(stop, told)) {
+  while (wait_for_turn(itself, told)) {
     if (!told && Interruptions::count() > 0) {
       line.clear();
       console_.error << "The close goes on. Interrupted once more it ends after the row that it is at, and "

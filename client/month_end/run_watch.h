@@ -1,13 +1,10 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
-#include <mutex>
-#include <stop_token>
 #include <string>
-#include <thread>
 
+#include "client/background_thread.h"
 #include "client/console.h"
 #include "client/month_end/sums.h"
 
@@ -41,14 +38,12 @@ class RunWatch {
   RunWatch& operator=(const RunWatch&) = delete;
 
  private:
-  void run(const std::stop_token& stop);
-  bool wait_for_turn(const std::stop_token& stop, bool answered);
+  void run(BackgroundThread& itself);
+  bool wait_for_turn(BackgroundThread& itself, bool answered);
 
   Settings settings_;
   const Console& console_;
-  std::mutex mutex_;
-  std::condition_variable_any stopped_;
-  std::jthread thread_;  // last: it uses all the others
+  BackgroundThread thread_;  // last: it uses all the others
 };
 
 }  // namespace tallyra::client

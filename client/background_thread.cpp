@@ -1,0 +1,23 @@
+#include "client/background_thread.h"
+
+#include <utility>
+
+namespace tallyra::client {
+
+BackgroundThread::BackgroundThread(std::function<void(BackgroundThread& itself)> work) {
+  until_end_.lock();
+  thread_ = std::thread([this, work = std::move(work)] { work(*this); });
+}
+
+BackgroundThread::~BackgroundThread() {
+  until_end_.unlock();
+  thread_.join();
+}
+
+bool BackgroundThread::sleep(std::chrono::milliseconds time) {
+  if (!until_end_.try_lock_for(time)) return true;
+  until_end_.unlock();
+  return false;
+}
+
+}  // namespace tallyra::client
