@@ -23,6 +23,7 @@ std::vector<automation::BoundMember> values_of(const Object& recordset) {
   const Object fields = to_object(recordset.get("Fields"));
   const auto count = automation::to_int32(fields.get("Count"));
   std::vector<automation::BoundMember> values;
+  values.reserve(static_cast<std::size_t>(count));
   for (std::int32_t i = 0; i < count; ++i) {
     values.emplace_back(to_object(fields.call("Item", i)), "Value");
   }
@@ -73,6 +74,7 @@ std::vector<std::string> AdoConnection::columns_of(std::string_view table) const
   const Object fields = to_object(none.get("Fields"));
   const auto count = automation::to_int32(fields.get("Count"));
   std::vector<std::string> columns;
+  columns.reserve(static_cast<std::size_t>(count));
   for (std::int32_t i = 0; i < count; ++i) {
     columns.push_back(upper_case(automation::to_text(to_object(fields.call("Item", i)).get("Name"))));
   }

@@ -43,7 +43,7 @@ std::string sqlite_file_of(const std::string& connection_string) {
   const Said said(connection_string);
   if (!said.value("DSN").empty()) return {};
   const std::string database = said.value("Database");
-  const std::string named = database.empty() ? said.value("Initial Catalog") : database;
+  std::string named = database.empty() ? said.value("Initial Catalog") : database;
   const std::string driver = said.value("Driver");
   if (automation::equals_folded(driver, "SQLite3")) return named;
   const std::string file = said.value("Data Source");

@@ -68,7 +68,7 @@ std::string_view Ledger::next_user() {
 }
 
 std::string Ledger::write(Document& document) {
-  const std::string number = document_number(document, ++last_numbers_[document.type->prefix]);
+  std::string number = document_number(document, ++last_numbers_[document.type->prefix]);
   const Status status = random_status(random_);
   const std::string_view user = next_user();
   const std::string at = timestamp(document.day, random_.between(day_starts, day_ends));

@@ -107,17 +107,16 @@ void run(CommandLine& line, bool on_terminal) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{
-      "Creates a database with a made-up company: departments, parts, suppliers, orders and the stock\n"
-      "documents of several months. The same options give the same content every time. Or sees to the tables "
-      "of\n"
-      "a real one: creates them, brings them up to date, moves a whole database to a server."};
-  CommandLine line;
-  declare(app, line);
-  CLI11_PARSE(app, argc, argv);
-
   const bool on_terminal = error_output_is_terminal();
   try {
+    CLI::App app{
+        "Creates a database with a made-up company: departments, parts, suppliers, orders and the stock\n"
+        "documents of several months. The same options give the same content every time. Or sees to the\n"
+        "tables of a real one: creates them, brings them up to date, moves a whole database to a server."};
+    CommandLine line;
+    declare(app, line);
+    CLI11_PARSE(app, argc, argv);
+
     tallyra::standins::ado::register_classes();
     run(line, on_terminal);
     return 0;

@@ -2,7 +2,7 @@
 # The gate: holds the project to its own rules. Ends with 1 when one is broken; what and where stands above the last
 # lines and in build/check.
 #
-#   check.sh [--all] [--analyzer] [--clang] [--windows] [CHECK...]
+#   check.sh [--all] [--clang] [--windows] [CHECK...]
 #
 #   format    C++ has the form of .clang-format
 #   text      files are encoded, ended and as wide as .editorconfig says
@@ -14,7 +14,6 @@
 #   bench     the benchmark keeps its limits in the smaller sizes
 #
 #   --all       clang-tidy looks at everything (half an hour)
-#   --analyzer  and with the analyzer (three times as long)
 #   --clang     clang 16 builds everything too
 #   --windows   headers compile alone under the cross compiler too
 source "$(dirname "$0")/setup.sh"
@@ -25,7 +24,6 @@ checks=() also=() tidy=()
 while [ "$#" != 0 ]; do
   case $1 in
     --all) tidy+=(--all) ;;
-    --analyzer) tidy=(--analyzer "${tidy[@]}") ;;
     --clang) also+=(clang) ;;
     --windows) also+=(windows_headers) ;;
     *)

@@ -12,8 +12,7 @@
 
 // Makes the entries of a class table from the C++ methods themselves, so that the type and direction of a
 // parameter stand in one place only. A parameter that is a non-const reference is passed by reference.
-namespace tallyra::server {
-namespace detail {
+namespace tallyra::server::detail {
 
 template <class T>
 struct TypeOf;
@@ -176,6 +175,4 @@ struct Signature<R (C::*)(P...)> {
 template <class C, class R, class... P>
 struct Signature<R (C::*)(P...) const> : Signature<R (C::*)(P...)> {};
 
-}  // namespace detail
-
-}  // namespace tallyra::server
+}  // namespace tallyra::server::detail

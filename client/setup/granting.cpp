@@ -51,7 +51,7 @@ RightFlags grant_rights(VerbContext& context, const std::string& user, const std
 RightFlags revoke_rights(VerbContext& context, const std::string& user, const std::string& function,
                          const std::vector<std::size_t>& places) {
   require_something_to_lose(context, user, function);
-  const RightFlags left = set_rights(context, {user, function, {}}, places, false);
+  RightFlags left = set_rights(context, {user, function, {}}, places, false);
   if (has_any(left)) return left;
   // A row of nothing is kept only where it takes away what another row would give.
   const RightsTable table(context);

@@ -43,7 +43,7 @@ const Reader& VerbContext::reader() {
 
 Outcome VerbContext::call(const Call& call) const {
   session();
-  const Outcome outcome = [&] {
+  Outcome outcome = [&] {
     const WaitNotice notice(console_);
     return run_call(call, session_);
   }();

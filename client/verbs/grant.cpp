@@ -42,7 +42,7 @@ ExitStatus change(VerbContext& context, const char* verb, Change change_rights) 
   const RightFlags now = [&] {
     context.reader();
     const WaitNotice notice(context.console());
-    const RightFlags flags = change_rights(context, user, function, places);
+    RightFlags flags = change_rights(context, user, function, places);
     if (has_own_tables(context.reader()))
       journal(context, {verb, user + " " + function, "done", may_now(flags)});
     return flags;
@@ -50,7 +50,8 @@ ExitStatus change(VerbContext& context, const char* verb, Change change_rights) 
   context.tell(user + " " + may_now(now) + " under " + function + ".");
   if (function == "*")
     for (const std::string& own : functions_of_his_own(context, user))
-      context.tell("For " + own + " the row of its own counts: 'rights " + user + "' shows it.");
+      context.tell(std::string("For ").append(own).append(" the row of its own counts: 'rights ") + user +
+                   "' shows it.");
   return exit_done;
 }
 

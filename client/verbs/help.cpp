@@ -27,7 +27,7 @@ std::string class_help(const ClassEntry& entry) {
 std::string help_on(const std::vector<std::string>& words) {
   if (words.empty()) return program_help();
   if (words.size() == 1)
-    if (const std::string group = verbs_text(words[0]); !group.empty()) return group;
+    if (std::string group = verbs_text(words[0]); !group.empty()) return group;
   if (const auto found = find_verb(words); found.verb) return verb_help(*found.verb);
   if (const ClassEntry* entry = find_class(words[0])) return class_help(*entry);
   throw UsageError("there is no verb or class '" + words[0] + "'" + resembling_word(words[0]));

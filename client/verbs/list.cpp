@@ -83,7 +83,7 @@ class Conditions {
   }
   std::string department(const std::string& word) const {
     const std::string number = Reader::text_literal(word);
-    const std::string of = std::string(listed_.department) + "=" + number;
+    std::string of = std::string(listed_.department) + "=" + number;
     if (!listed_.has_transfers) return of;
     return "(" + of + " Or (STKTRANHD.TRANTYPE='STK024MRPL' And STKTRANHD.DEPTNOTO=" + number + "))";
   }

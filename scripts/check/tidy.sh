@@ -6,7 +6,6 @@
 #   tidy.sh                          what changed
 #   tidy.sh --all                    every source of the native build (half an hour on two cores)
 #   tidy.sh FILE...                  these
-#   tidy.sh --analyzer [--all|FILE...]   with the analyzer, which takes two thirds of the time
 source "$(dirname "$0")/../setup.sh"
 cd "$repository"
 
@@ -44,11 +43,7 @@ known_sources() { sed -n "s,^ *\"file\": \"$repository/\(.*\)\"\,\?$,\1,p" "$bui
 # What the build knows is asked of it, so it is configured first.
 install_packages clang-tidy-16
 cmake --preset debug >/dev/null
-extra=('--checks=-clang-analyzer-*') only_changed=
-if [ "${1:-}" = --analyzer ]; then
-  extra=()
-  shift
-fi
+only_changed=
 case ${1:-} in
   --all) files=$(known_sources | grep -v "^build/") ;;
   '')
@@ -81,7 +76,7 @@ xargs -d '\n' -P "$(nproc)" -n 1 sh -c '
   out=$folder/$$
   clang-tidy-16 -p "$build" --quiet --extra-arg=-Wno-unknown-warning-option "$@" >"$out" 2>"$out.err" ||
     grep -q "error:" "$out" || cp "$out.err" "$out.unread"
-' tidy "$folder" "$build" "${extra[@]}" <<<"$sources"
+' tidy "$folder" "$build" <<<"$sources"
 find "$folder" -name '*.unread' -exec cat {} +
 # What stands in a header shows with every source that includes it; once is enough.
 cat "$folder"/*[0-9] | sed -n "s,^$repository/\(.*: error: .*\)\,-warnings-as-errors\]$,\1],p" |

@@ -49,6 +49,7 @@ std::string passed_on(const ClassMember& member) {
 
 std::string slot(const ClassMember& member) {
   std::vector<std::string> parameters;
+  parameters.reserve(member.parameters.size() + 1);
   for (const auto& parameter : member.parameters)
     parameters.push_back(interface_type(parameter) + " " + std::string(parameter.name));
   if (member.result != ResultType::none) parameters.push_back(interface_type(member.result) + " result");
@@ -85,8 +86,9 @@ std::string served_classes(std::span<const ClassTable> classes) {
   std::string text;
   for (const auto& table : classes) {
     const std::string name(table.name);
-    text += "          served<" + object_name(name) + ">(\"" + name + "\", CLSID_" + name + ", L\"Tallyra " +
-            std::string(table.about.registered_as) + "\"),\n";
+    text.append("          served<").append(object_name(name)).append(">(\"").append(name);
+    text.append("\", CLSID_").append(name).append(", L\"Tallyra ").append(table.about.registered_as);
+    text.append("\"),\n");
   }
   return text;
 }

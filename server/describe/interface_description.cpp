@@ -41,6 +41,7 @@ std::string attributes(const ClassMember& member) {
 
 std::string declared(const ClassMember& member) {
   std::vector<std::string> parameters;
+  parameters.reserve(member.parameters.size() + 1);
   for (const auto& parameter : member.parameters) parameters.push_back(declared(parameter));
   if (member.result != ResultType::none)
     parameters.push_back("[out, retval, HELP(" + quoted(member.result_help) + ")] " +

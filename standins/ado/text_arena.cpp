@@ -4,7 +4,7 @@
 
 namespace tallyra::standins::ado {
 namespace {
-constexpr std::size_t largest_block = 64 * 1024;
+constexpr std::size_t largest_block = std::size_t{64} * 1024;
 }
 
 void TextArena::grow(std::size_t size) {

@@ -17,7 +17,7 @@ automation::Value run(const automation::Object& connection, std::string_view sta
 }  // namespace
 
 automation::Object open_connection(const std::string& connection_string) {
-  const automation::Object connection = automation::create("ADODB.Connection");
+  automation::Object connection = automation::create("ADODB.Connection");
   connection.call("Open", connection_string, "", "", unspecified);
   return connection;
 }

@@ -31,8 +31,7 @@ void append_two_digits(std::string& out, int value) {
 
 }  // namespace
 
-Series::Series(std::string prefix, std::size_t digits)
-    : prefix_(std::move(prefix)), digits_(digits), last_counter_(1) {
+Series::Series(std::string prefix, std::size_t digits) : prefix_(std::move(prefix)), digits_(digits) {
   for (std::size_t i = 0; i < digits_; ++i) last_counter_ *= 10;
   --last_counter_;
   if (prefix_.size() + digits_ > longest_number)

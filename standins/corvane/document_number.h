@@ -36,7 +36,7 @@ class Series {
 
   std::string prefix_;
   std::size_t digits_;
-  std::int32_t last_counter_;
+  std::int32_t last_counter_ = 1;
 };
 
 }  // namespace tallyra::standins::corvane

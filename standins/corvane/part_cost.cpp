@@ -9,7 +9,6 @@ namespace tallyra::standins::corvane {
 namespace {
 
 using automation::Object;
-using automation::Value;
 
 // A close asks for thousands of parts, one by one. The lines of one part are few, the documents of one type
 // are many: a condition of the form "Not type<>" leaves the planner the index on the part as the only way in.

@@ -7,8 +7,6 @@ namespace {
 
 using automation::Date;
 using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 using stage::Stage;
 

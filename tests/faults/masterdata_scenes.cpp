@@ -5,8 +5,6 @@ namespace tallyra::faults {
 namespace {
 
 using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 using stage::Stage;
 

@@ -9,8 +9,6 @@ namespace {
 using automation::Date;
 using automation::Null;
 using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 using stage::Stage;
 

@@ -32,7 +32,8 @@ std::string committed(const std::string& transcript) {
   std::istringstream lines(transcript);
   for (std::string line; std::getline(lines, line);) {
     const std::string::size_type point = line.find('.');
-    if (!line.starts_with("C") || point == line.npos || line.find(" ! ") != line.npos) continue;
+    if (!line.starts_with("C") || point == std::string::npos || line.find(" ! ") != std::string::npos)
+      continue;
     Connection& connection = connections[line.substr(0, point)];
     const std::string_view call = std::string_view(line).substr(point + 1);
     if (call == "BeginTrans") {

@@ -20,7 +20,6 @@ using automation::Object;
 using automation::ref;
 using automation::Value;
 using memory::Shortage;
-using stage::Outcome;
 using stage::Stage;
 
 const Value& allocated_text() {

@@ -11,7 +11,6 @@ namespace tallyra::stage {
 
 using automation::Arguments;
 using automation::Error;
-using automation::Object;
 using automation::Value;
 
 namespace {

@@ -17,7 +17,7 @@ class CollaboratorDouble : public automation::Dispatch, public Named {
   ~CollaboratorDouble() override;
 
   automation::MemberId resolve(std::string_view name) override;
-  automation::Value invoke(automation::MemberId member, automation::Access access,
+  automation::Value invoke(automation::MemberId id, automation::Access access,
                            automation::Arguments arguments) override;
 
  private:

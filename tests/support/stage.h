@@ -55,7 +55,7 @@ class Stage : public AdoScript {
   Stage& fails_at(int step, automation::Error error);
   // In the midst of the moment with this number, from 0 and counting calls to the outside and yields from
   // now on, this is done, as a client does it whose message loop or collection has its turn then.
-  Stage& interrupts_at(int moment, std::function<void()> what);
+  Stage& interrupts_at(int number, std::function<void()> what);
   // Another user, or other session values, than the stage begins with.
   std::string user = "TESTER";
   std::string connection_string = "DSN=x";

@@ -6,8 +6,6 @@
 namespace tallyra::client {
 namespace {
 
-using automation::Date;
-
 Found one(std::string text) {
   return {1, {std::move(text)}};
 }

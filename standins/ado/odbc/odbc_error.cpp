@@ -58,7 +58,7 @@ automation::Error diagnostic_error(SQLSMALLINT handle_type, SQLHANDLE handle) {
   for (SQLSMALLINT record = 1; auto next = read_diagnostic(handle_type, handle, record); ++record) {
     // A driver may put warnings in front of the error; when there is no error, the first warning tells most.
     const bool warning = next->state.starts_with("01");
-    if (!chosen || !warning) chosen = std::move(next);
+    if (!chosen || !warning) chosen = next;
     if (!warning) break;
   }
   if (!chosen) return automation::Error(provider_error::unspecified, "Unspecified error");

@@ -192,7 +192,7 @@ Cell RowReader::read_long(SQLHSTMT statement, RowSet& rows, std::size_t column) 
   Cell cell = c_type == SQL_C_BINARY
                   ? Cell::of_data(Cell::Kind::bytes, rows.texts().keep(content), content.size())
                   : parse_cell(rows.columns()[column].type, content, rows.texts());
-  if (long_value_.size() > 1024 * 1024) std::string().swap(long_value_);
+  if (long_value_.size() > std::size_t{1024} * 1024) std::string().swap(long_value_);
   return cell;
 }
 

@@ -34,7 +34,7 @@ class ShapeScanner {
   bool comparison();
   void follow_word(std::string_view word);
   bool is_value_place() const;
-  bool ends_value(std::size_t at) const;
+  bool ends_value(std::size_t from) const;
   void bind(std::size_t begin, LiteralKind kind);
   void leave(std::size_t begin);
   char at(std::size_t index) const { return index < sql_.size() ? sql_[index] : '\0'; }

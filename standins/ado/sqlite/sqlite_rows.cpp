@@ -94,21 +94,21 @@ Cell written_number(const Cell& cell, TextArena& arena) {
 
 // Numbers in a column that had no type by its first row: it is theirs when all of it are numbers and the
 // first row has none. Otherwise they are texts like the rest.
-void settle_numbers(RowSet& rows, std::size_t index) {
+void settle_numbers(RowSet& rows, std::size_t column_index) {
   bool any = false;
   bool real = false;
-  bool all = rows.cell(0, index).kind == Kind::null;
+  bool all = rows.cell(0, column_index).kind == Kind::null;
   for (std::size_t row = 0; row < rows.row_count(); ++row) {
-    const Kind kind = rows.cell(row, index).kind;
+    const Kind kind = rows.cell(row, column_index).kind;
     any = any || kind == Kind::int64 || kind == Kind::real;
     real = real || kind == Kind::real;
     all = all && kind != Kind::text;
   }
   if (!any) return;
-  Column& column = rows.columns()[index];
+  Column& column = rows.columns()[column_index];
   if (all) column.type = real ? DataType::double_precision : DataType::integer;
   for (std::size_t row = 0; row < rows.row_count(); ++row) {
-    Cell& cell = rows.cell(row, index);
+    Cell& cell = rows.cell(row, column_index);
     if (cell.kind != Kind::int64 && cell.kind != Kind::real) continue;
     if (!all)
       cell = written_number(cell, rows.texts());

@@ -5,9 +5,6 @@
 namespace tallyra::behaviour {
 namespace {
 
-using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 using stage::Outcome;
 

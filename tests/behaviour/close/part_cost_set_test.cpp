@@ -8,7 +8,6 @@ namespace tallyra::behaviour {
 namespace {
 
 using automation::Object;
-using automation::ref;
 using automation::Value;
 using stage::done;
 using stage::Fields;

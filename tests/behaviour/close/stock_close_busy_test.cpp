@@ -10,7 +10,6 @@ namespace {
 
 using automation::Object;
 using automation::ref;
-using automation::Value;
 using stage::done;
 using stage::Outcome;
 

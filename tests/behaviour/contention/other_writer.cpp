@@ -45,6 +45,7 @@ OtherWriter::OtherWriter(const CompanyDatabase& company, const Hold& hold) {
   const std::string connection_string = impatient(company);
   const auto requests = make_pipe();
   const auto answers = make_pipe();
+  // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): the pipes come first, it inherits them
   process_ = fork();
   if (process_ == 0) {
     close(requests[1]);

@@ -12,7 +12,6 @@ using automation::Date;
 using automation::Null;
 using automation::Object;
 using automation::ref;
-using automation::Value;
 using stage::done;
 using stage::Fields;
 using stage::Outcome;

@@ -12,8 +12,6 @@ namespace tallyra::behaviour {
 namespace {
 
 using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 
 struct Form {

@@ -7,9 +7,6 @@
 namespace tallyra::behaviour {
 namespace {
 
-using automation::Object;
-using automation::ref;
-using automation::Value;
 using stage::Fields;
 
 std::string moment(const std::string& day) {

@@ -10,7 +10,7 @@ namespace ado = standins::ado;
 class StatementLog : public ado::TraceSink {
  public:
   StatementLog() { ado::set_trace_sink(this); }
-  ~StatementLog() { ado::set_trace_sink(nullptr); }
+  ~StatementLog() override { ado::set_trace_sink(nullptr); }
   void operation(const ado::TraceEvent& event) noexcept override {
     if (event.operation == ado::Operation::execute || event.operation == ado::Operation::query)
       text_ += std::string(event.text) + (event.succeeded ? "\n" : " !\n");

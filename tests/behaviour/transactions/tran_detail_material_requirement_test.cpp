@@ -10,7 +10,7 @@ namespace ado = standins::ado;
 class QueryCount : public ado::TraceSink {
  public:
   QueryCount() { ado::set_trace_sink(this); }
-  ~QueryCount() { ado::set_trace_sink(nullptr); }
+  ~QueryCount() override { ado::set_trace_sink(nullptr); }
   void operation(const ado::TraceEvent& event) noexcept override {
     if (event.operation == ado::Operation::query && event.text.find("ASSMBOM") != std::string_view::npos)
       ++queries;
@@ -164,7 +164,7 @@ TEST_P(Requirement, OfALargeBillTakesFewQueries) {
   for (int i = 1; i <= 20; ++i) statements.push_back(bill_line("P9000", i, "SCREW", "1,0.5,0"));
   // Ten pieces with a quarter of waste, on the second level.
   statements.push_back(bill_line("P1", 11, "SCREW", "10,1,0.25"));
-  statements.push_back("Commit");
+  statements.emplace_back("Commit");
   sales_order({{"P0", 1}});
   given(statements);
   const QueryCount count;

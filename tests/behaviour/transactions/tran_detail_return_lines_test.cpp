@@ -19,9 +19,10 @@ class ReturnLines : public Company {
   void given_lines(int count) const {
     std::vector<std::string> statements{"Begin"};
     for (int sn = 1; sn <= count; ++sn)
-      statements.push_back("Insert Into STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,ADDBY) Values('R1','PO1'," +
-                           std::to_string(sn) + ",'P" + std::to_string(sn) + "',-1,'OWEN')");
-    statements.push_back("Commit");
+      statements.emplace_back(
+          "Insert Into STKTRANDT(TRANNO,REFERENCE,SN,PARTNO,QTY,ADDBY) Values('R1','PO1'," +
+          std::to_string(sn) + ",'P" + std::to_string(sn) + "',-1,'OWEN')");
+    statements.emplace_back("Commit");
     given(statements);
   }
   static Fields line(int sn, const char* part) {

@@ -9,7 +9,6 @@ namespace tallyra {
 namespace {
 
 using automation::Null;
-using automation::ref;
 using automation::Value;
 using stage::done;
 using stage::trapped;

@@ -10,7 +10,6 @@
 namespace tallyra {
 
 using automation::Date;
-using automation::ref;
 using automation::Value;
 
 MonthCloseStage::MonthCloseStage(const std::string& system_database)

@@ -8,7 +8,6 @@
 namespace tallyra::stockcheck_test {
 
 using automation::Date;
-using automation::ref;
 using automation::Value;
 
 StocktakingStage::StocktakingStage(const std::string& system_database)

@@ -80,7 +80,7 @@ TEST_F(CompaniesTest, OnPlainIndexesCloseWithTheSameRows) {
     return scenario.run(company->connection_string());
   };
   const std::uint64_t rows = rows_of(covering);
-  EXPECT_GT(rows, 0u);
+  EXPECT_GT(rows, 0U);
   EXPECT_EQ(rows_of(plain), rows);
   // The last company that was renewed is the one on plain indexes.
   EXPECT_EQ(number(*plain.company(), "select count(*) from sqlite_master where name='STKTRANDT_BY_PART'"), 0);

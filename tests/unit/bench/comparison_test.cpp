@@ -60,8 +60,8 @@ TEST(Compare, RunsComponentAndEveryReplayOnARenewedCompany) {
     return 7;
   };
   const Comparison result = compare(scenario, folder.path());
-  EXPECT_EQ(result.rows, 7u);
-  EXPECT_EQ(result.statements, 2u);
+  EXPECT_EQ(result.rows, 7U);
+  EXPECT_EQ(result.statements, 2U);
   EXPECT_EQ(renewals, 1 + 3 * 4);
   for (const Against against : all_against) EXPECT_GT(result.replays.at(against).least_seconds(), 0);
   EXPECT_GT(result.component.median_megabytes(), 0);

@@ -53,7 +53,7 @@ TEST(Limits, AreKeptAtTheLimitAndBrokenAboveIt) {
   const double at = 1 / limit * 1.0001;
   const double above = 1 / limit * 0.98;
   EXPECT_TRUE(broken_limits(small_close(), against_odbc({at, at, at}), Hold::now).empty());
-  EXPECT_EQ(broken_limits(small_close(), against_odbc({above, above, above}), Hold::now).size(), 1u);
+  EXPECT_EQ(broken_limits(small_close(), against_odbc({above, above, above}), Hold::now).size(), 1U);
 }
 
 TEST(Limits, AreNotBrokenByMediansAloneNorByTheShortestRunsAlone) {
@@ -82,7 +82,7 @@ TEST(Limits, HoldTheGoalsOnlyWhenAsked) {
 TEST(Limits, HoldThePreparedReplayToo) {
   Comparison result = against_odbc({2});
   result.replays[Against::prepared] = series_of({0.1}, 8);
-  EXPECT_EQ(broken_limits(small_close(), result, Hold::now).size(), 1u);
+  EXPECT_EQ(broken_limits(small_close(), result, Hold::now).size(), 1U);
 }
 
 TEST(Limits, OfMemoryAreFourMegabytesAboveTheReplayWhateverTheWork) {
@@ -102,7 +102,7 @@ TEST(Limits, OfGrowthLookAtWhatTheReplayDoesNotShare) {
 
 TEST(Limits, OfMemoryOverRecordCallsLeaveRoomForNoLeakPerCall) {
   EXPECT_TRUE(broken_limits(std::uint64_t{256}).empty());
-  EXPECT_EQ(broken_limits(std::uint64_t{257}).size(), 1u);
+  EXPECT_EQ(broken_limits(std::uint64_t{257}).size(), 1U);
 }
 
 }  // namespace

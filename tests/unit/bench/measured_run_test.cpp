@@ -18,12 +18,12 @@ std::uint64_t growth_by(std::size_t bytes) {
 }
 
 TEST(MeasuredRun, ReportsWhatTheWorkHasCounted) {
-  EXPECT_EQ(measured_run([] { return 42; }).count, 42u);
+  EXPECT_EQ(measured_run([] { return 42; }).count, 42U);
 }
 
 TEST(MeasuredRun, SeesTheMemoryThatTheWorkTakes) {
-  EXPECT_GE(measured_run([] { return growth_by(64 * megabyte); }).count, 60'000u);
-  EXPECT_LT(measured_run([] { return growth_by(100); }).count, 4'000u);
+  EXPECT_GE(measured_run([] { return growth_by(64 * megabyte); }).count, 60'000U);
+  EXPECT_LT(measured_run([] { return growth_by(100); }).count, 4'000U);
   const auto peak_of = [](std::size_t bytes) {
     return measured_run([=] { return growth_by(bytes); }).peak_megabytes;
   };

@@ -31,12 +31,12 @@ TEST(MemoryPlace, IsNoneWithoutRoomOrMemory) {
 TEST(PlaceAt, TellsOfAFolderThatIsNotThereThatItHasNoRoom) {
   const Place none = place_at("/no/such/folder");
   EXPECT_FALSE(none.in_memory);
-  EXPECT_EQ(none.free_bytes, 0u);
+  EXPECT_EQ(none.free_bytes, 0U);
 }
 
 TEST(PlaceAt, KnowsTheRoomOfAFolderAndThatTheSystemsTablesAreNoMemoryForFiles) {
   const tests::TestFolder folder;
-  EXPECT_GT(place_at(folder.path()).free_bytes, 0u);
+  EXPECT_GT(place_at(folder.path()).free_bytes, 0U);
   EXPECT_FALSE(place_at("/proc").in_memory);
 }
 

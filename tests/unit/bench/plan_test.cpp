@@ -41,7 +41,7 @@ TEST_F(PlanTest, HasALimitForAllWorkButTheRequirement) {
       EXPECT_LE(limit->goal, limit->now) << scenario.work << ", " << scenario.size;
     }
   }
-  EXPECT_EQ(with_limits(plan).size(), 10u);
+  EXPECT_EQ(with_limits(plan).size(), 10U);
 }
 
 TEST_F(PlanTest, HoldsTheSmallerSizesToTheSameLimits) {

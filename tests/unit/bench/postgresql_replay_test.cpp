@@ -60,7 +60,7 @@ TEST_F(PostgresqlReplay, StoresWhatTheComponentHasStored) {
   const std::string by_component = stored();
   ASSERT_EQ(by_component, "(O'Hara,-2.5,\"2024-02-29 00:00:00\") (b,123456.789012345,) (c,5,)");
   fresh();
-  EXPECT_EQ(replay(log_, through_postgresql_by_text()), 5u);
+  EXPECT_EQ(replay(log_, through_postgresql_by_text()), 5U);
   EXPECT_EQ(stored(), by_component);
 }
 

@@ -83,7 +83,7 @@ TEST_F(ReplayTest, StoresWhatTheComponentHasStored) {
   ASSERT_NE(by_component.find("'O''Hara'text-2.5real17integerNULL"), std::string::npos) << by_component;
   for (const Way& way : ways) {
     fresh();
-    EXPECT_EQ(replay(log_, way.connect()), 5u) << way.name;
+    EXPECT_EQ(replay(log_, way.connect()), 5U) << way.name;
     EXPECT_EQ(stored(), by_component) << way.name;
   }
 }
@@ -100,7 +100,7 @@ TEST_F(ReplayTest, ChangesAndRollsBackAsTheComponentDid) {
   const std::string by_component = stored();
   for (const Way& way : ways) {
     fresh();
-    EXPECT_EQ(replay(log_, way.connect()), 8u) << way.name;
+    EXPECT_EQ(replay(log_, way.connect()), 8U) << way.name;
     EXPECT_EQ(stored(), by_component) << way.name;
   }
 }
@@ -118,7 +118,7 @@ TEST_F(ReplayTest, GoesOnAfterAStatementThatFailedForTheComponentToo) {
   const std::string by_component = stored();
   for (const Way& way : ways) {
     fresh();
-    EXPECT_EQ(replay(log_, way.connect()), 4u) << way.name;
+    EXPECT_EQ(replay(log_, way.connect()), 4U) << way.name;
     EXPECT_EQ(stored(), by_component) << way.name;
   }
 }

@@ -40,11 +40,11 @@ TEST_F(ServerCompaniesTest, AreAsTheyWereAfterEachRenewal) {
     return count_rows(company->connection_string(), "Select Count(*) As N From STKCLOSEHD");
   };
   company->renew();
-  EXPECT_EQ(closes(), 1u);
-  EXPECT_GT(month_close_on_server(on_server_, tiny).run(company->connection_string()), 0u);
-  EXPECT_EQ(closes(), 2u);
+  EXPECT_EQ(closes(), 1U);
+  EXPECT_GT(month_close_on_server(on_server_, tiny).run(company->connection_string()), 0U);
+  EXPECT_EQ(closes(), 2U);
   company->renew();
-  EXPECT_EQ(closes(), 1u);
+  EXPECT_EQ(closes(), 1U);
 }
 
 TEST_F(ServerCompaniesTest, CloseWithTheRowsOfTheirFilesAndAreHeldAgainstTheirOwnStatements) {
@@ -54,9 +54,9 @@ TEST_F(ServerCompaniesTest, CloseWithTheRowsOfTheirFilesAndAreHeldAgainstTheirOw
   on_file.replays = {};
   const Comparison file = compare(on_file, folder_.path(), Time::processor);
   const Comparison server = compare(on_server, folder_.path(), Time::processor);
-  EXPECT_GT(file.rows, 0u);
+  EXPECT_GT(file.rows, 0U);
   EXPECT_EQ(server.rows, file.rows);
-  EXPECT_GT(server.statements, 0u);
+  EXPECT_GT(server.statements, 0U);
   EXPECT_GT(server.ratio(Against::text), 0);
 }
 

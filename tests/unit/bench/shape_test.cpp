@@ -72,7 +72,7 @@ TEST(Shape, UsesItsRoomAgainWithoutALeftOver) {
   reader.read("insert into T values('long before',2)");
   const Shape& shape = reader.read("insert into T values('x')");
   EXPECT_EQ(shape.sql, "insert into T values(?)");
-  ASSERT_EQ(shape.literals.size(), 1u);
+  ASSERT_EQ(shape.literals.size(), 1U);
   EXPECT_EQ(shape.text(shape.literals[0]), "x");
 }
 

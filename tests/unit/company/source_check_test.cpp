@@ -13,7 +13,6 @@ namespace {
 using namespace tallyra::tests::generated_company;
 using company::AdoConnection;
 using company::Refusal;
-using tallyra::tests::sqlite_engine;
 
 struct Change {
   const char* statement;

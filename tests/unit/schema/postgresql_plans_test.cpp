@@ -25,7 +25,7 @@ std::string recorded_statement(const std::string& of_class, const std::vector<st
   std::ifstream corpus(std::string(STATEMENT_CORPUS) + "/" + of_class + ".sqlserver.sql");
   for (std::string line; std::getline(corpus, line);) {
     const bool all =
-        std::ranges::all_of(parts, [&](const auto& part) { return line.find(part) != line.npos; });
+        std::ranges::all_of(parts, [&](const auto& part) { return line.find(part) != std::string::npos; });
     if (all) return line;
   }
   ADD_FAILURE() << of_class << " sends no statement with " << testing::PrintToString(parts);
@@ -73,11 +73,11 @@ TEST(PostgresqlPlans, ReadNothingButTheCoveringIndexes) {
     const std::string statement = recorded_statement(it.of_class, it.parts);
     const std::string plan = plan_of(connection, statement);
     for (const std::string& index : it.indexes) {
-      const bool used = plan.find("Index Only Scan using " + index) != plan.npos ||
-                        plan.find("Index Only Scan Backward using " + index) != plan.npos;
+      const bool used = plan.find("Index Only Scan using " + index) != std::string::npos ||
+                        plan.find("Index Only Scan Backward using " + index) != std::string::npos;
       EXPECT_TRUE(used) << index << "\n" << statement << "\n" << plan;
     }
-    EXPECT_EQ(plan.find("Seq Scan on stktranhd"), plan.npos) << plan;
+    EXPECT_EQ(plan.find("Seq Scan on stktranhd"), std::string::npos) << plan;
   }
 }
 

@@ -20,7 +20,7 @@ ClassTable table() {
 
 TEST(ClassTable, FindsAMemberByItsIdAndTheUseThatIsMadeOfIt) {
   const ClassTable bin = table();
-  EXPECT_EQ(bin.find(3, Access::read), &bin.members[0]);
+  EXPECT_EQ(bin.find(3, Access::read), bin.members.data());
   EXPECT_EQ(bin.find(3, Access::put), &bin.members[1]);
   EXPECT_EQ(bin.find(3, Access::put_reference), &bin.members[1]);
   EXPECT_EQ(bin.find(11, Access::read), &bin.members[3]);

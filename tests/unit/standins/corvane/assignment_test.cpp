@@ -12,7 +12,6 @@ namespace {
 
 using automation::Null;
 using automation::Object;
-using automation::ref;
 using automation::Value;
 
 class WrittenValues : public ::testing::Test {

@@ -15,7 +15,7 @@ CompanyDatabase::CompanyDatabase()
     : connection_string_("DRIVER={SQLite3};Database=" + folder_.file("company.db") + ";SyncPragma=OFF") {
   ado::register_classes();
   register_classes();
-  std::ofstream(file(), std::ios::app);  // a database without tables
+  { const std::ofstream without_tables(file(), std::ios::app); }
   run(company::read_schema(TALLYRA_SCHEMA));
 }
 

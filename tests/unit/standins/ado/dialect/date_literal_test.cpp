@@ -119,11 +119,11 @@ TEST(DateLiteral, IsReadWithAnyNumberOfDaysInTheMonth) {
 }
 
 TEST(DateLiteral, BetweenHashesEndsAtTheSecondOne) {
-  EXPECT_EQ(dialect::hash_date_length("#2024/03/31# And X=#1#"), 12u);
-  EXPECT_EQ(dialect::hash_date_length("#2024/03/31 14:05:09#"), 21u);
-  EXPECT_EQ(dialect::hash_date_length("#3/7/2024 2:05:09 PM#"), 21u);
+  EXPECT_EQ(dialect::hash_date_length("#2024/03/31# And X=#1#"), 12U);
+  EXPECT_EQ(dialect::hash_date_length("#2024/03/31 14:05:09#"), 21U);
+  EXPECT_EQ(dialect::hash_date_length("#3/7/2024 2:05:09 PM#"), 21U);
   for (const std::string_view text : {"", "#", "##", "#14:05#", "#2024/02/30#", "#2024/03/31", "2024/03/31#"})
-    EXPECT_EQ(dialect::hash_date_length(text), 0u) << text;
+    EXPECT_EQ(dialect::hash_date_length(text), 0U) << text;
 }
 
 }  // namespace

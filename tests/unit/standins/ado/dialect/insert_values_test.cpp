@@ -81,12 +81,12 @@ TEST(Insert, AsksForItsColumnsOnce) {
   StockColumns columns;
   SqliteDialect dialect(columns);
   dialect.rewrite("Insert Into STKTRANHD (TRANNO,TRANDT) Values('1','2024/03/31')");
-  EXPECT_EQ(columns.asked, 2u);
+  EXPECT_EQ(columns.asked, 2U);
   for (int i = 0; i < 10; ++i)
     dialect.rewrite("Insert Into STKTRANHD (TRANNO,TRANDT) Values('2','2024/04/01')");
   dialect.rewrite("insert into stktranhd (tranno,TRANDT) Values('2','2024/04/01')");
   dialect.rewrite("Select * From STKTRANHD Where TRANDT='2024/03/31'");
-  EXPECT_EQ(columns.asked, 2u);
+  EXPECT_EQ(columns.asked, 2U);
 }
 
 TEST(Insert, AsksAgainOnceTheSchemaChanges) {

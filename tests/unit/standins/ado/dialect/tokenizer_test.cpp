@@ -8,7 +8,6 @@
 namespace tallyra::tests::dialect {
 namespace {
 
-using standins::ado::dialect::Token;
 using standins::ado::dialect::TokenKind;
 using standins::ado::dialect::Tokens;
 

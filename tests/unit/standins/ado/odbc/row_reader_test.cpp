@@ -55,7 +55,7 @@ TEST_P(RowReaderTest, ReadsTypedValues) {
   read("insert into T values(null,null,null,null,null,null,null)");
   read("insert into T values(12345678901,70000,-2,'1899-12-29 06:00:00','','-0.01',0)");
   const auto rows = read("select * from T order by rowid");
-  ASSERT_EQ(rows->row_count(), 3u);
+  ASSERT_EQ(rows->row_count(), 3U);
   EXPECT_EQ(rows->value(0, 0), Value(7));
   EXPECT_EQ(rows->value(0, 1), Value(std::int16_t{-3}));
   EXPECT_EQ(rows->value(0, 2), Value(0.25));
@@ -82,7 +82,7 @@ TEST_P(RowReaderTest, ReadsLongValuesBetweenShortOnes) {
     read("insert into L values(1,'" + text + "',2,x'00FF10','end')");
     read("insert into L values(3,null,4,null,'null')");
     const auto rows = read("select * from L order by A");
-    ASSERT_EQ(rows->row_count(), 2u);
+    ASSERT_EQ(rows->row_count(), 2U);
     EXPECT_EQ(rows->value(0, 0), Value(1));
     EXPECT_TRUE(rows->value(0, 1) == Value(text)) << length;
     EXPECT_EQ(rows->value(0, 2), Value(2));

@@ -50,7 +50,7 @@ class SqliteColumnsTest : public ScratchDatabase {
 
   static std::string bytes(const Value& value) {
     return std::string(
-        dynamic_cast<const automation::Bytes&>(*value.get_if<automation::Opaque>()->get()).content());
+        dynamic_cast<const automation::Bytes&>(**value.get_if<automation::Opaque>()).content());
   }
 
   Object library = connect("");

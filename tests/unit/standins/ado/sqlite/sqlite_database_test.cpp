@@ -18,13 +18,13 @@ constexpr uid_t nobody = 65534;
 // What a file's permissions say binds the tests also where they run as the one whom nothing binds.
 class Unprivileged {
  public:
-  Unprivileged() { done_ = ::geteuid() != 0 || ::seteuid(nobody) == 0; }
+  Unprivileged() = default;
   ~Unprivileged() { EXPECT_EQ(::seteuid(before_), 0); }
   bool done() const { return done_; }
 
  private:
   uid_t before_ = ::geteuid();
-  bool done_;
+  bool done_ = before_ != 0 || ::seteuid(nobody) == 0;
 };
 
 class SqliteDatabaseTest : public ScratchDatabase {

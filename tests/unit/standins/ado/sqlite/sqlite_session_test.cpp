@@ -18,7 +18,7 @@ class SqliteSessionTest : public ScratchDatabase {
 TEST(SqliteForms, AreCompiledOnceForAllTheirTexts) {
   const tests::TestFolder folder;
   const std::string path = folder.file("test.db");
-  std::ofstream(path, std::ios::app);
+  { const std::ofstream empty(path, std::ios::app); }
   SqliteSession session({.path = path});
   session.run("create table T(A integer, B varchar(20), C double, D timestamp)", false);
   session.begin();

@@ -37,7 +37,7 @@ TEST(SqliteSource, IsAFileWithoutAFolderWhereItIsThere) {
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder.path());
   EXPECT_FALSE(means_sqlite_library(source_of("Data Source=stock.db")));
-  std::ofstream(folder.file("stock.db"), std::ios::app);
+  { const std::ofstream empty(folder.file("stock.db"), std::ios::app); }
   EXPECT_TRUE(means_sqlite_library(source_of("Data Source=stock.db")));
   std::filesystem::current_path(before);
 }
