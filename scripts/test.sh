@@ -4,20 +4,19 @@
 #   test.sh                      every level but the last, in this order
 #   test.sh LEVEL [FILTER]       one; of the tests that CTest runs only those whose name fits FILTER (ctest -R)
 #
+#   check              of the gate, see check.sh, what does not take minutes; FILTER is the name of another check
 #   release            the native tests
-#   check              of the gate, see check.sh, what neither takes minutes nor a quiet machine; FILTER is the name of
-#                      another check
+#   bench              the limits of the benchmark in its smaller sizes
 #   demo               the demo, which checks what it shows
 #   demo-postgres      the demo on a database server of its own, too
-#   bench              the limits of the benchmark in its smaller sizes
-#   sanitize           the native tests under the address and undefined-behaviour sanitizers
 #   windows            the Windows build under Wine
 #   windows-german     the same as a German user, for whom statements, numbers and dates must not be others
 #   demo-dll           the demo through the DLL
+#   sanitize           the native tests under the address and undefined-behaviour sanitizers
 #   demo-dll-postgres  the demo through the DLL on a database server of its own
 source "$(dirname "$0")/setup.sh"
 
-levels=(check release demo demo-postgres bench sanitize windows windows-german demo-dll)
+levels=(check release bench demo demo-postgres windows windows-german demo-dll sanitize)
 by_name=(demo-dll-postgres)
 only=${1:-} filter=${2:-}
 case " ${levels[*]} ${by_name[*]} " in
@@ -41,8 +40,8 @@ log_of() { echo "$repository/build/test-$1.log"; }
 run_level() {
   local name=$1 preset=$2 log jobs
   shift 2
-  jobs=$(nproc)
-  [ "$preset" = windows ] || jobs=$((jobs * 2))
+  jobs=$(($(nproc) + 1))
+  [ "$preset" = windows ] || jobs=$(($(nproc) * 2))
   log=$(log_of "$name")
   say "$name: testing"
   (cd "$repository" && ctest --preset "$preset" -j "$jobs" --progress "$@" ${filter:+-R "$filter"}) >"$log" 2>&1 || true
@@ -78,6 +77,24 @@ run_script() {
   fi
 }
 
+# begin_build NAME COMMAND...: begins a build before its turn, where all levels run. It has what the levels before it,
+# which wait for databases, clocks and Wine a third of their time, leave of the processors. What it installs nobody else
+# may install meanwhile.
+declare -A begun
+begin_build() {
+  local name=$1
+  shift
+  [ -z "$only" ] || return 0
+  set -m
+  (
+    renice -n 19 $BASHPID >/dev/null
+    "$@"
+  ) >"$(log_of "build-$name")" 2>&1 &
+  begun[$name]=$!
+  set +m
+}
+trap 'for pid in "${begun[@]}"; do kill -- "-$pid" 2>/dev/null || true; done' EXIT
+
 # built NAME COMMAND...: builds once. A build is no test, but a failed one is a failure; the levels that need it are
 # left out then.
 declare -A builds
@@ -88,7 +105,7 @@ built() {
     log=$(log_of "build-$name")
     say "Building: $name"
     builds[$name]=good
-    "$@" >"$log" 2>&1 || {
+    if [ -n "${begun[$name]:-}" ]; then wait "${begun[$name]}"; else "$@" >"$log" 2>&1; fi || {
       tail -n 40 "$log"
       say "Building $name: failed"
       failed=$((failed + 1))
@@ -98,7 +115,8 @@ built() {
   [ "${builds[$name]}" = good ]
 }
 built_native() { built "$1" build "$1"; }
-built_windows() { built windows "$repository/scripts/build-windows.sh"; }
+build_windows=$repository/scripts/build-windows.sh
+built_windows() { built windows "$build_windows"; }
 
 # What tests of the console client look through: a terminal, and a browser for the page of a report. Where they cannot
 # be had those tests are left out and say so.
@@ -108,7 +126,7 @@ level_release() {
   setup_viewers
   ! built_native release || run_level release release
 }
-# The other checks of the gate take minutes, or a quiet machine.
+# The other checks of the gate take minutes, and the benchmark is a level of its own.
 level_check() {
   local checks=(format text links counts refused)
   [ -z "$filter" ] || checks=("$filter")
@@ -118,13 +136,21 @@ level_demo() { [ "${builds[release]:-}" = bad ] || run_script demo "$repository/
 level_demo_postgres() {
   [ "${builds[release]:-}" = bad ] || run_script demo-postgres "$repository/scripts/demo.sh" --postgres
 }
-level_bench() { [ "${builds[release]:-}" = bad ] || run_script bench "$repository/scripts/bench.sh" --quick; }
+# On a quiet machine; what follows leaves half of it.
+level_bench() {
+  [ "${builds[release]:-}" = bad ] || run_script bench "$repository/scripts/bench.sh" --quick
+  begin_build windows "$build_windows"
+}
 level_sanitize() {
   setup_viewers
   # What runs on a database server runs there in the native level; the server's engine itself is tested here too.
   ! built_native sanitize || run_level sanitize sanitize -E '_on_postgresql$'
 }
-level_windows() { ! built_windows || run_level windows windows; }
+level_windows() {
+  built_windows || return 0
+  begin_build sanitize build sanitize
+  run_level windows windows
+}
 # Without the three programs that take minutes and in which no text depends on the user's language.
 level_windows_german() {
   ! built_windows ||

@@ -8,7 +8,16 @@ function(tallyra_needs_wine_prefix)
   set_property(TEST ${ARGN} APPEND PROPERTY FIXTURES_REQUIRED wine_prefix)
 endfunction()
 
-# tallyra_register_for_tests(target...): DLLs that are registered in the prefix.
+# tallyra_own_wine_prefix(test): a prefix made like the common one for a test program that changes what is registered.
+function(tallyra_own_wine_prefix test)
+  set(fixture wine_prefix_of_${test})
+  set_target_properties(${test} PROPERTIES
+    CROSSCOMPILING_EMULATOR "${PROJECT_SOURCE_DIR}/tests/wine/run.sh;${CMAKE_BINARY_DIR}/${fixture}")
+  set_property(TEST ${test} PROPERTY FIXTURES_REQUIRED ${fixture})
+  set_property(GLOBAL APPEND PROPERTY TALLYRA_WINE_FIXTURES ${fixture})
+endfunction()
+
+# tallyra_register_for_tests(target...): DLLs that are registered in the prefixes.
 function(tallyra_register_for_tests)
   set_property(GLOBAL APPEND PROPERTY TALLYRA_REGISTERED_DLLS ${ARGN})
 endfunction()
@@ -38,12 +47,15 @@ function(tallyra_add_sample_script name script)
 endfunction()
 
 # To be called once, after everything that is to be registered.
-function(tallyra_add_wine_prefix)
+function(tallyra_add_wine_prefixes)
   get_property(targets GLOBAL PROPERTY TALLYRA_REGISTERED_DLLS)
   list(TRANSFORM targets REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE dlls)
   set(script ${PROJECT_SOURCE_DIR}/tests/wine/prefix.sh)
-  add_test(NAME wine_prefix_set_up COMMAND ${script} set-up ${TALLYRA_WINE_PREFIX} ${dlls})
-  add_test(NAME wine_prefix_tear_down COMMAND ${script} tear-down ${TALLYRA_WINE_PREFIX})
-  set_tests_properties(wine_prefix_set_up PROPERTIES FIXTURES_SETUP wine_prefix TIMEOUT 120)
-  set_tests_properties(wine_prefix_tear_down PROPERTIES FIXTURES_CLEANUP wine_prefix TIMEOUT 30)
+  get_property(own GLOBAL PROPERTY TALLYRA_WINE_FIXTURES)
+  foreach(fixture wine_prefix ${own})
+    add_test(NAME ${fixture}_set_up COMMAND ${script} set-up ${CMAKE_BINARY_DIR}/${fixture} ${dlls})
+    add_test(NAME ${fixture}_tear_down COMMAND ${script} tear-down ${CMAKE_BINARY_DIR}/${fixture})
+    set_tests_properties(${fixture}_set_up PROPERTIES FIXTURES_SETUP ${fixture} TIMEOUT 120)
+    set_tests_properties(${fixture}_tear_down PROPERTIES FIXTURES_CLEANUP ${fixture} TIMEOUT 30)
+  endforeach()
 endfunction()
