@@ -4,13 +4,11 @@
 
 namespace tallyra::client {
 
-BackgroundThread::BackgroundThread(std::function<void(BackgroundThread& itself)> work) {
-  until_end_.lock();
-  thread_ = std::thread([this, work = std::move(work)] { work(*this); });
-}
+BackgroundThread::BackgroundThread(std::function<void(BackgroundThread& itself)> work)
+    : thread_([this, work = std::move(work)] { work(*this); }) {}
 
 BackgroundThread::~BackgroundThread() {
-  until_end_.unlock();
+  held_.unlock();
   thread_.join();
 }
 

@@ -24,7 +24,8 @@ class BackgroundThread {
   // the Windows compiler one that waits for a time is now and then never woken, neither by the time nor by a
   // notice.
   std::timed_mutex until_end_;
-  std::thread thread_;  // last: its work uses the mutex
+  std::unique_lock<std::timed_mutex> held_{until_end_};
+  std::thread thread_;  // last: its work uses the others
 };
 
 }  // namespace tallyra::client

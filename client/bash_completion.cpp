@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "client/catalogue.h"
+#include "client/listing/listed_class.h"
 #include "client/manual.h"
 #include "client/setup/functions.h"
 #include "client/verbs/verb.h"
@@ -16,16 +17,10 @@ void append_word(std::string& words, std::string_view word) {
   words += word;
 }
 
-std::string names_of(std::span<const Option> options) {
+std::string names_of(const auto& entries) {
   std::string names;
-  for (const Option& option : options) append_word(names, option.name);
+  for (const auto& entry : entries) append_word(names, entry.name);
   return names;
-}
-
-std::string class_words() {
-  std::string words;
-  for (const auto& entry : catalogue()) append_word(words, entry.name);
-  return words;
 }
 
 std::string function_words() {
@@ -94,7 +89,8 @@ std::string second_word_cases() {
     text.append("    ").append(first).append(") words='").append(verb->name.substr(blank + 1));
   }
   close();
-  text.append("    list | call) words='").append(class_words()).append("' ;;\n");
+  text.append("    list) words='").append(names_of(listed_classes())).append("' ;;\n");
+  text.append("    call) words='").append(names_of(catalogue())).append("' ;;\n");
   text.append("    help) words='").append(first_words()).append("' ;;\n");
   return text + member_cases();
 }

@@ -64,7 +64,7 @@ void declare(CLI::App& app, CommandLine& line) {
       ->type_name("FROM TO")
       ->excludes(database)
       ->excludes(schema_only);
-  app.callback([&app, &line] {
+  app.callback([&line] {
     if (line.options.database.empty() && line.copy.empty()) throw CLI::RequiredError("--db or --copy");
   });
   app.footer(

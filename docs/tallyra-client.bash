@@ -39,7 +39,9 @@ _tallyra_client() {
   elif [ -z "$second" ]; then
     case $first in
     count) words='sheet import approve undo' ;;
-    list | call) words='CTranHead CTranDetail CCheckHead CCheckDetail CStkrptFuns CPartCostSet CStockClose
+    list) words='CTranHead CTranDetail CCheckHead CCheckDetail CStockClose CPartCostSet CRevAddr CSTKController
+      CStkShipNote' ;;
+    call) words='CTranHead CTranDetail CCheckHead CCheckDetail CStkrptFuns CPartCostSet CStockClose
       CRevAddr CSTKController CStkShipNote' ;;
     help) words='init upgrade doctor grant revoke rights check close verify approve reopen status count
       report list show log batch call help CTranHead CTranDetail CCheckHead CCheckDetail

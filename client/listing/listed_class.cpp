@@ -121,6 +121,10 @@ constexpr ListedClass classes[] = {
 
 }  // namespace
 
+std::span<const ListedClass> listed_classes() {
+  return classes;
+}
+
 const ListedClass& listed_class(std::string_view name) {
   std::string_view own = name;
   if (own.size() > library_prefix.size() &&

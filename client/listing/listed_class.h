@@ -27,6 +27,8 @@ struct ListedClass {
   bool has_transfers = false;
 };
 
+std::span<const ListedClass> listed_classes();
+
 // By the name of the class, whatever its case, with or without the library. Throws UsageError for a class
 // that has nothing to list, or that is none.
 const ListedClass& listed_class(std::string_view name);

@@ -40,6 +40,7 @@ TEST(Completion, OffersWhatFits) {
   EXPECT_EQ(offered("tallyra-client CRevAddr Re"), "Read\n");
   EXPECT_EQ(offered("tallyra-client --vers"), "--version\n");
   EXPECT_EQ(offered("tallyra-client list CRev"), "CRevAddr\n");
+  EXPECT_EQ(offered("tallyra-client list CStkr"), "\n") << "keeps no records";
   EXPECT_EQ(offered("tallyra-client call CTranH"), "CTranHead\n");
   EXPECT_EQ(offered("tallyra-client call CRevAddr Re"), "Read\n");
   EXPECT_EQ(offered("tallyra-client help CTranH"), "CTranHead\n");
