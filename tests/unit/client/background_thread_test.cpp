@@ -46,7 +46,7 @@ TEST(BackgroundThread, IsWokenByItsEndForEverySleepToCome) {
 TEST(BackgroundThread, EndsWheneverItIsToldTo) {
   int woken = 0;
   const auto work = [&](BackgroundThread& itself) { woken += itself.sleep(hours(1)) ? 0 : 1; };
-  constexpr int rounds = 4000;
+  constexpr int rounds = 2000;
   for (int round = 0; round < rounds; ++round) {
     const BackgroundThread thread(work);
     if (round % 4 != 0) std::this_thread::sleep_for(std::chrono::microseconds(round % 400));
