@@ -25,6 +25,9 @@ foreach(header ${headers})
   list(APPEND sources ${source})
 endforeach()
 
+# clang-tidy looks for its rules beside the file that it is given.
+configure_file(${PROJECT_SOURCE_DIR}/tests/.clang-tidy ${PROJECT_BINARY_DIR}/headers_alone/tests/.clang-tidy COPYONLY)
+
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 find_package(ODBC REQUIRED)
